@@ -1,0 +1,119 @@
+// kirobc: basic services and the record functions of the database commands.
+#pragma once
+
+#include <string>
+
+#include "HostApi.h"
+#include "TARNAINFO.h"
+
+#if defined(KIROBC_BUILD)
+#define KIROBC_API KIRO_HOST_EXPORT
+#else
+#define KIROBC_API KIRO_HOST_IMPORT
+#endif
+
+// ---- Text ----
+
+// Converts length bytes and writes at most size - 1 bytes and a NUL, cut at a character's end. Returns the number of
+// bytes that the whole result has, without the NUL (so a result >= size says that it was cut); out may be null with
+// size 0. Bytes that are no character of the source encoding become "?".
+KIROBC_API std::size_t HxEucToSjis(const char* text, std::size_t length, char* out, std::size_t size);
+KIROBC_API std::size_t HxSjisToEuc(const char* text, std::size_t length, char* out, std::size_t size);
+
+class HxEucEncoder {
+  public:
+    // At most limit bytes of result, cut at a character's end.
+    static std::string Euc2Sjis(const std::string& text, std::size_t limit = std::string::npos) {
+        return Convert(HxEucToSjis, text, limit);
+    }
+    static std::string Sjis2Euc(const std::string& text, std::size_t limit = std::string::npos) {
+        return Convert(HxSjisToEuc, text, limit);
+    }
+
+  private:
+    static std::string Convert(std::size_t (*convert)(const char*, std::size_t, char*, std::size_t),
+                               const std::string& text, std::size_t limit) {
+        const std::size_t whole = convert(text.data(), text.size(), nullptr, 0);
+        std::string out(whole < limit ? whole : limit, '\0');
+        convert(text.data(), text.size(), out.data(), out.size() + 1);
+        out.resize(std::char_traits<char>::length(out.c_str()));
+        return out;
+    }
+};
+
+// ---- Files ----
+
+// flags and mode are those of the C library's _open (such as _O_RDONLY | _O_BINARY and 0666). path: internal form.
+KIROBC_API void* HxFileIOOpen(const char* path, int flags, int mode);      // null when it cannot be opened
+KIROBC_API int HxFileIORead(void* file, void* buffer, unsigned int size);  // bytes read, 0 at the end, -1 on failure
+KIROBC_API void HxFileIOClose(void* file);
+
+class HxFileIO {
+  public:
+    HxFileIO() = default;
+    HxFileIO(const HxFileIO&) = delete;
+    HxFileIO& operator=(const HxFileIO&) = delete;
+    ~HxFileIO() { Close(); }
+    bool Open(const std::string& path, int flags, int mode) {
+        Close();
+        file_ = HxFileIOOpen(path.c_str(), flags, mode);
+        return IsOpen();
+    }
+    bool IsOpen() const { return file_ != nullptr; }
+    int Read(void* buffer, unsigned int size) { return file_ ? HxFileIORead(file_, buffer, size) : -1; }
+    void Close() {
+        if (file_) HxFileIOClose(file_);
+        file_ = nullptr;
+    }
+
+  private:
+    void* file_ = nullptr;
+};
+
+// The full path (internal form) of a name in a key's folder. upperCase: the name is put in upper case. create: the
+// folder is made when it is missing. Returns the length of the whole path; 0 when it cannot be formed.
+KIROBC_API std::size_t HxFileToFullPath(const char* key, const char* name, bool upperCase, bool create, char* out,
+                                        std::size_t size);
+
+class HxFile {
+  public:
+    static std::string ToFullPath(const std::string& key, const std::string& name, bool upperCase, bool create) {
+        char out[1024];
+        const std::size_t length = HxFileToFullPath(key.c_str(), name.c_str(), upperCase, create, out, sizeof out);
+        return length > 0 && length < sizeof out ? std::string(out, length) : std::string();
+    }
+};
+
+// Lists a folder. Paths: internal form.
+class HxFileFinder {
+  public:
+    virtual bool Open(const char* pattern, bool directories) = 0;  // true when there is a first entry
+    virtual bool Next() = 0;                                       // true when there is another
+    virtual const char* Current() = 0;                             // valid until Next or Close
+    virtual void Close() = 0;
+    virtual void Release() = 0;
+
+  protected:
+    ~HxFileFinder() = default;
+};
+KIROBC_API HxFileFinder* HxFileFinderCreateInstance();
+
+KIROBC_API std::size_t HxUtilGetStationId(char* out, std::size_t size);
+
+// ---- Checks and databases. Each takes and fills the fields of the record that it names. ----
+
+KIROBC_API int SxfModelInit(int kind, int option);
+KIROBC_API int SxfModelCheck(int kind, bool report, int drawing,
+                             int picture);                  // not 0: errors, see "DXF_Interface.lis"
+KIROBC_API int CheckGroupName(const char* name);            // 0 invalid, otherwise a value for CheckUserName
+KIROBC_API int CheckUserName(const char* name, int group);  // 0 invalid
+KIROBC_API int SavePlParameter(TARNAINFO* info);            // 0 when saved
+KIROBC_API int SaveVrParameter(TARNAINFO* info);            // 0 when saved
+KIROBC_API int CheckPlDrawingName(TARNAINFO* info);         // 0 valid, 1 existing, other: wrong kind of file
+KIROBC_API int CheckVrDrawingName(TARNAINFO* info);         // the same
+KIROBC_API int GetPlInputDrawing(TARNAINFO* info);          // < 0 none, 0 plain list, > 0 list with model names
+KIROBC_API int GetVrInputDrawing(TARNAINFO* info);          // the same
+KIROBC_API int SetPlInputDrawing(TARNAINFO* info);
+KIROBC_API int SetVrInputDrawing(TARNAINFO* info);
+KIROBC_API int GetPlOutputModel(TARNAINFO* info);       // the number of models found
+KIROBC_API int GetPlFloppy(int what, TARNAINFO* info);  // 0 ready?, 1 groups, 2 users of plGroup; 0 on success

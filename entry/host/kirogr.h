@@ -1,0 +1,16 @@
+// kirogr: the host's windows and drawn line patterns.
+#pragma once
+
+#include "HostApi.h"
+
+#if defined(KIROGR_BUILD)
+#define KIROGR_API KIRO_HOST_EXPORT
+#else
+#define KIROGR_API KIRO_HOST_IMPORT
+#endif
+
+class HxLineStyle;
+
+KIROGR_API KrWindow Grgetwin(int number);  // -1: the main window; null when there is none
+KIROGR_API void lftpattern(HxLineStyle* style, double draftingScale);
+KIROGR_API void clearUserPen();

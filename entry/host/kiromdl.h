@@ -1,0 +1,103 @@
+// kiromdl: the host's model. The objects are the host's; what is handed out lives as long as the model does.
+// Text is EUC.
+#pragma once
+
+#include "HostApi.h"
+
+#if defined(KIROMDL_BUILD)
+#define KIROMDL_API KIRO_HOST_EXPORT
+#else
+#define KIROMDL_API KIRO_HOST_IMPORT
+#endif
+
+class HxModel;
+class HxLineStyle;
+class HxLineStylePattern;
+class HxDloList;
+class HxDlo;
+class HxNameList;
+class HxModelTitleSet;
+class HxPermItemDb;
+
+// ---- Scales ----
+
+// The scale of a picture, 1 to 256; -1: the model's base value. 1.0 for any other number.
+KIROMDL_API double Scfval101(int picture);
+
+// ---- The model ----
+
+KIROMDL_API int HxModelIsModified(const HxModel* model);  // not 0: it has changes that were not saved
+KIROMDL_API HxPermItemDb* HxModelGetPermItemDb(HxModel* model);
+KIROMDL_API HxLineStyle* HxModelGetLineStyle(HxModel* model);
+KIROMDL_API HxDloList* HxModelGetDloList(HxModel* model);
+KIROMDL_API HxNameList* HxModelGetClassNameList(HxModel* model);
+KIROMDL_API HxNameList* HxModelGetRevisionNameList(HxModel* model);
+KIROMDL_API HxModelTitleSet* HxModelGetModelTitleSet(HxModel* model);
+KIROMDL_API double HxModelGetDraftingScale(const HxModel* model);
+// The item attributes, as 32-bit words; bits 15 to 24 of the fourth are the current picture. Count of words available.
+KIROMDL_API int HxModelGetItemAttributes(const HxModel* model, std::uint32_t* words, int count);
+
+// The class of the model itself: what the commands call on GetActiveModel().
+class HxModel {
+  public:
+    HxModel() = delete;
+    bool IsModified() const { return HxModelIsModified(this) != 0; }
+    HxPermItemDb* GetPermItemDb() { return HxModelGetPermItemDb(this); }
+    HxLineStyle* GetLineStyle() { return HxModelGetLineStyle(this); }
+    HxDloList* GetDloList() { return HxModelGetDloList(this); }
+    HxNameList* GetClassNameList() { return HxModelGetClassNameList(this); }
+    HxNameList* GetRevisionNameList() { return HxModelGetRevisionNameList(this); }
+    HxModelTitleSet* GetModelTitleSet() { return HxModelGetModelTitleSet(this); }
+    double GetDraftingScale() const { return HxModelGetDraftingScale(this); }
+};
+
+// ---- Items ----
+
+KIROMDL_API int HxPermItemDbGetMaxItemCount();                                  // the largest maximum item count
+KIROMDL_API int HxPermItemDbGetItemCount(const HxPermItemDb* db, int picture);  // 1 to 256; 0 for any other number
+KIROMDL_API int HxItemMaxSrCount();  // HxItem::m_maxSrCount, the largest split count
+
+// ---- Line styles. Patterns 1 to 63, widths 1 to 16. ----
+
+KIROMDL_API HxLineStylePattern* HxLineStyleGetPattern(HxLineStyle* style, int number);
+KIROMDL_API double HxLineStyleGetLineWidth(const HxLineStyle* style, int number);
+KIROMDL_API void HxLineStyleSetLineWidth(HxLineStyle* style, int number, double width);
+KIROMDL_API double HxLineStyleGetLineWeightPitch(const HxLineStyle* style);
+KIROMDL_API int HxLineStyleIsLineWeightEnabled(const HxLineStyle* style);
+KIROMDL_API void HxLineStyleEnableLineWeight(HxLineStyle* style, bool on);
+KIROMDL_API int HxLineStyleIsRealLineWeight(const HxLineStyle* style);
+KIROMDL_API void HxLineStyleRealLineWeight(HxLineStyle* style, bool on);
+KIROMDL_API int HxLineStyleIsScaledLineFont(const HxLineStyle* style);
+KIROMDL_API void HxLineStyleEnableScaledLineFont(HxLineStyle* style, bool on);
+KIROMDL_API const char* HxLineStylePatternGetName(const HxLineStylePattern* pattern);
+KIROMDL_API void HxLineStylePatternSetName(HxLineStylePattern* pattern, const char* name);
+KIROMDL_API int HxLineStylePatternGetPitches(const HxLineStylePattern* pattern, double pitches[8]);  // how many
+KIROMDL_API void HxLineStylePatternSet(HxLineStylePattern* pattern, int count, const double* pitches);
+
+// ---- Drawing layouts, numbered 1 to 256 ----
+
+KIROMDL_API HxDlo* HxDloListGetDlo(HxDloList* list, int number);  // null: none
+KIROMDL_API int HxDloGetDloWindowCount(const HxDlo* layout);
+KIROMDL_API int HxDloGetDloWindowPicture(const HxDlo* layout, int index);  // the picture that window shows
+struct HxDloFrame {
+    std::int32_t valid;
+    std::int32_t kind;
+    double width;
+    double height;
+    char name[257];  // EUC
+};
+KIROMDL_API int HxDloGetDloFrame(const HxDlo* layout, HxDloFrame* frame);  // 0: none
+
+// ---- Names and titles ----
+
+KIROMDL_API const char* HxNameListGetName(const HxNameList* list, int number);  // null: none
+KIROMDL_API void HxNameListSetName(HxNameList* list, int number, const char* name);
+KIROMDL_API int HxModelTitleSetGetCount(const HxModelTitleSet* set);
+KIROMDL_API const char* HxModelTitleSetGetTitle(const HxModelTitleSet* set, int index);
+
+// ---- Model files ----
+
+KIROMDL_API void HxModelReaderSetIdenticalMap(bool on);
+KIROMDL_API int Mdlread1(const char* path);
+KIROMDL_API int Mdlwrite(const char* path);
+KIROMDL_API int mdlfname(char* out, int size);

@@ -1,0 +1,44 @@
+// The commands of kirovanteo.dll, as a host program calls them.
+//
+// Every function runs one command's dialog, modally, over the host's main window (Grgetwin(-1)) and returns when it is
+// closed. Call them on the thread that owns that window, one at a time. No argument may be null. Text in the records is
+// EUC unless TARNAINFO.h says otherwise.
+#pragma once
+
+#include "HostApi.h"
+#include "ParamBlocks.h"
+#include "TARNAINFO.h"
+
+#if defined(KIROVANTEO_BUILD)
+#define KIROVANTEO_API KIRO_HOST_EXPORT
+#else
+#define KIROVANTEO_API KIRO_HOST_IMPORT
+#endif
+
+// Command dialogs: 0 when the user confirmed; the record then holds the choices. 1 when the user cancelled or the
+// dialog could not be shown.
+KIROVANTEO_API int DxfInputDlg(TARNAINFO* info);
+KIROVANTEO_API int DxfOutputDlg(TARNAINFO* info);
+KIROVANTEO_API int DxfInputPass(TARNAINFO* info);  // fills info->input.password
+KIROVANTEO_API int PlInputDlg(TARNAINFO* info);
+KIROVANTEO_API int PlOutputDlg(TARNAINFO* info);
+KIROVANTEO_API int VrInputDlg(TARNAINFO* info);
+KIROVANTEO_API int VrOutputDlg(TARNAINFO* info);
+KIROVANTEO_API int CatiaInputDlg(CATIAINFO* info);
+
+// Model settings: true when the user confirmed, false otherwise. (The opposite sense of the command dialogs; the host
+// relies on both.) Element 0 of each array is a state word.
+//
+// layerNames: 257 elements, the state word and the 256 layer entries.
+KIROVANTEO_API bool DxfLayerNameDialog(std::int32_t mode, std::int32_t* layerNames);
+// lineTypes: 64 elements, 32 pairs; the state word is the first member of the first pair.
+KIROVANTEO_API bool DxfLineTypeDialog(std::int32_t* lineTypes);
+// lineWidths: 17 elements, the state word and the 16 widths.
+KIROVANTEO_API bool DxfLineWidthDialog(std::int32_t mode, std::int32_t* lineWidths);
+// kind 1 asks; every other kind shows nothing and gives false.
+KIROVANTEO_API bool DxfWarningDialog(std::int32_t kind);
+
+// Reports of a running conversion. Both return when the user has pressed OK.
+KIROVANTEO_API void ErrorMessageBox(std::int32_t errorCode);  // the text of DxfGetErrorMessage
+// message, caption: EUC. What is longer than 127 bytes of Shift-JIS is cut at a character's end.
+KIROVANTEO_API void WarningMessageBox(const char* message, const char* caption);

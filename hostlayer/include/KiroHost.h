@@ -1,0 +1,27 @@
+// What a program does to act as the host: the stand-alone host layer is set up through these functions before a command
+// is called. They are the layer's own and are not part of what the commands see.
+#pragma once
+
+#include "entry/host/HostApi.h"
+#include "entry/host/kirobc.h"
+#include "entry/host/kirogr.h"
+#include "entry/host/kiromdl.h"
+
+// kirobc: the home folder, under which every file-type key has its folder. Default: %KIRO_HOME%, else
+// %LOCALAPPDATA%\Kiro. It is made when it is first used.
+KIROBC_API void KiroHostSetHome(const wchar_t* folder);
+// The folder of a key with no "\" at its end, made if it is missing and can be made. Length of the whole path; 0 when
+// the key is malformed.
+KIROBC_API std::size_t KiroHostGetFolder(const char* key, wchar_t* out, std::size_t size);
+
+// kirogr: the window that Grgetwin(-1) gives.
+KIROGR_API void KiroHostSetMainWindow(KrWindow window);
+
+// kiromdl: the active model from a JSON file, such as
+//   {"modified": true, "baseScale": 1.0, "maxItemCount": 100000, "maxSplitCount": 10000,
+//    "pictures": [{"number": 1, "scale": 0.5}]}
+// Every member may be missing. Null: an empty, unmodified model. 0 on success; otherwise the model is as it was and
+// message (UTF-8, may be null) tells why.
+KIROMDL_API int KiroHostLoadModel(const wchar_t* file, char* message, std::size_t size);
+KIROMDL_API void KiroHostSetModified(bool modified);
+KIROMDL_API HxModel* KiroHostModel();
