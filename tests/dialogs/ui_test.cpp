@@ -1,0 +1,110 @@
+// The window layer under the dialogs, on a template of this program's own.
+#include <new>
+
+#include "tests/dialogs/TestHost.h"
+#include "ui/Dialog.h"
+#include "ui/MessageBoxes.h"
+#include "ui/RadioGroup.h"
+#include "ui/Text.h"
+
+using namespace kiro::drive;
+using kiro::ui::RadioGroup;
+
+namespace {
+
+constexpr int kTemplate = 100;
+constexpr int kOne = 201, kTwo = 202, kThree = 203, kEdit = 204, kRun = 205;
+
+class SampleDialog final : public kiro::ui::Dialog {
+  public:
+    explicit SampleDialog(std::function<void(SampleDialog&)> run)
+        : Dialog(kTemplate), radios(*this, {kOne, kTwo, kThree}) {
+        radios.OnChosen([this](int index) { chosen.push_back(index); });
+        Bind(kEdit, EN_CHANGE, [this] { ++changes; });
+        Bind(kRun, BN_CLICKED, [this, run] { run(*this); });
+    }
+    void Fill(const char* text) {
+        const Loading loading(*this);
+        Item<kiro::ui::Edit>(kEdit).SetText(text);
+    }
+    RadioGroup radios;
+    std::vector<int> chosen;
+    int changes = 0;
+
+  private:
+    void OnInit() override {
+        radios.SelectByClickOnly();
+        radios.SelectByFlags({1, 0, 1});
+    }
+};
+
+class Ui : public TestHost {
+  protected:
+    INT_PTR Run(
+        const std::function<void(HWND)>& user, std::function<void(SampleDialog&)> run = [](SampleDialog&) {}) {
+        const kiro::ui::ScopedResourceModule module(GetModuleHandleW(nullptr));
+        SampleDialog dialog(std::move(run));
+        return Drive([&] { return dialog.DoModal(owner); },
+                     [&] {
+                         sample = &dialog;
+                         user(Settle());
+                     });
+    }
+    SampleDialog* sample = nullptr;
+};
+
+}  // namespace
+
+TEST_F(Ui, RadioButtonsOfOwnGroupsStayExclusive) {
+    EXPECT_EQ(IDOK, Run([&](HWND dialog) {
+                  EXPECT_TRUE(IsChecked(dialog, kTwo) && !IsChecked(dialog, kOne) && !IsChecked(dialog, kThree));
+                  Click(dialog, kThree);
+                  EXPECT_TRUE(IsChecked(dialog, kThree) && !IsChecked(dialog, kTwo));
+                  EXPECT_EQ(1, sample->radios.Flag(1));
+                  EXPECT_EQ(0, sample->radios.Flag(2));
+                  Focus(dialog, kOne);  // passing over a button with the Tab key chooses nothing
+                  EXPECT_TRUE(IsChecked(dialog, kThree) && !IsChecked(dialog, kOne));
+                  EXPECT_EQ(std::vector<int>{2}, sample->chosen);
+                  Click(dialog, IDOK);
+              }));
+}
+
+TEST_F(Ui, FillingAControlFiresNoHandler) {
+    Run(
+        [&](HWND dialog) {
+            Click(dialog, kRun);
+            EXPECT_EQ(L"表示", Text(dialog, kEdit));
+            EXPECT_EQ(0, sample->changes);
+            Type(dialog, kEdit, L"x");
+            EXPECT_EQ(1, sample->changes);
+            Click(dialog, IDCANCEL);
+        },
+        [](SampleDialog& dialog) { dialog.Fill("表示"); });
+}
+
+TEST_F(Ui, OutOfMemoryEndsTheDialogAsCancelled) {
+    EXPECT_EQ(IDCANCEL, Run([](HWND dialog) { Click(dialog, kRun); }, [](SampleDialog&) { throw std::bad_alloc(); }));
+    EXPECT_TRUE(IsWindowEnabled(owner));
+}
+
+TEST_F(Ui, QuestionsAreYesOrNo) {
+    for (const int answer : {IDYES, IDNO}) {
+        EXPECT_EQ(answer == IDYES, Drive([&] { return kiro::ui::Ask(owner, "保存しますか？", "線種設定"); },
+                                         [&] {
+                                             const Box box = ReadBox();
+                                             EXPECT_EQ(L"保存しますか？", box.text);
+                                             EXPECT_EQ(static_cast<UINT>(MB_ICONWARNING), box.icon);
+                                             EXPECT_EQ((std::vector<int>{IDYES, IDNO}), box.buttons);
+                                             Answer(box, answer);
+                                         }));
+    }
+}
+
+TEST_F(Ui, TextIsNeverBentToFitTheCodePage) {
+    EXPECT_EQ("\x95\x5C\x8A\x7C\xB1\x87\x40\xFB\xFC", kiro::ui::ToSjis(L"表掛ｱ①髙"));
+    for (const wchar_t* foreign : {L"\x00E9", L"\x00A5", L"\x301C", L"\x2212", L"\xD842\xDF9F", L"\xD842", L"\x2014"}) {
+        EXPECT_FALSE(kiro::ui::ToSjis(foreign)) << static_cast<int>(foreign[0]);
+        EXPECT_EQ(foreign, kiro::ui::FirstForeignCharacter(std::wstring(L"表") + foreign));
+    }
+    EXPECT_EQ(L"", kiro::ui::FirstForeignCharacter(L"表～－"));
+}

@@ -1,0 +1,55 @@
+#include "ui/HoverZones.h"
+
+#include <utility>
+
+namespace kiro::ui {
+
+HoverZones::HoverZones(Dialog& dialog, std::initializer_list<int> staticIds, std::function<void(int)> changed)
+    : dialog_(dialog), staticIds_(staticIds), changed_(std::move(changed)) {
+    const auto follow = [this](WPARAM, LPARAM) -> std::optional<INT_PTR> {
+        Follow();
+        return std::nullopt;
+    };
+    dialog.BindMessage(WM_MOUSEMOVE, follow);
+    // The dialog gets no mouse move while the mouse is over one of its controls, but it is asked for the cursor.
+    dialog.BindMessage(WM_SETCURSOR, follow);
+    dialog.BindMessage(WM_MOUSELEAVE, [this](WPARAM, LPARAM) -> std::optional<INT_PTR> {
+        Follow();
+        return std::nullopt;
+    });
+}
+
+RECT HoverZones::Zone(int index) const {
+    return dialog_.Item<Window>(staticIds_[static_cast<std::size_t>(index)]).RectInParent();
+}
+
+void HoverZones::Follow() {
+    POINT point{};
+    GetCursorPos(&point);
+    const int index = Under(point);
+    if (index >= 0) {
+        // Tells when the mouse leaves the dialog altogether.
+        TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, dialog_.Handle(), 0};
+        TrackMouseEvent(&track);
+    }
+    MoveTo(index);
+}
+
+void HoverZones::MoveTo(int index) {
+    if (index == current_) return;
+    current_ = index;
+    changed_(index);
+}
+
+int HoverZones::Under(POINT screenPoint) const {
+    // Something else may lie over the zone: a message box, a nested dialog, another program.
+    if (WindowFromPoint(screenPoint) != dialog_.Handle() || !IsWindowEnabled(dialog_.Handle())) return -1;
+    ScreenToClient(dialog_.Handle(), &screenPoint);
+    for (std::size_t i = 0; i < staticIds_.size(); ++i) {
+        const RECT zone = Zone(static_cast<int>(i));
+        if (PtInRect(&zone, screenPoint)) return static_cast<int>(i);
+    }
+    return -1;
+}
+
+}  // namespace kiro::ui

@@ -1,0 +1,31 @@
+// Rectangles of a dialog that the mouse may rest on. Hidden statics of the template say where they are.
+#pragma once
+
+#include <functional>
+#include <initializer_list>
+#include <vector>
+
+#include "ui/Dialog.h"
+
+namespace kiro::ui {
+
+class HoverZones {
+  public:
+    // changed runs when the mouse moves onto a zone or off it: the index of the zone under the mouse, or -1. Bind it
+    // before the dialog is shown.
+    HoverZones(Dialog& dialog, std::initializer_list<int> staticIds, std::function<void(int index)> changed);
+
+    RECT Zone(int index) const;  // in the dialog's client area
+
+  private:
+    void Follow();
+    void MoveTo(int index);
+    int Under(POINT screenPoint) const;
+
+    Dialog& dialog_;
+    std::vector<int> staticIds_;
+    std::function<void(int)> changed_;
+    int current_ = -1;
+};
+
+}  // namespace kiro::ui

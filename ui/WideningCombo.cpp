@@ -1,0 +1,63 @@
+#include "ui/WideningCombo.h"
+
+#include <utility>
+
+namespace kiro::ui {
+namespace {
+
+// SetWindowPos gives a combo the height of its closed field; the height asked for is that of the open list. The width
+// and place alone are wanted.
+void Place(HWND combo, LONG left, LONG top, LONG width) {
+    RECT dropped{};
+    SendMessageW(combo, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped));
+    // Above the edit, which it covers while it is wide.
+    SetWindowPos(combo, HWND_TOP, left, top, width, dropped.bottom - dropped.top, SWP_NOACTIVATE);
+}
+
+}  // namespace
+
+WideningCombo::WideningCombo(Dialog& dialog, int comboId, int editId, std::function<void(int)> chosen)
+    : dialog_(dialog), comboId_(comboId), editId_(editId), chosen_(std::move(chosen)) {
+    dialog.BindFocus(comboId, [this](bool gained) { gained ? Widen() : Restore(); });
+    dialog.Bind(comboId, CBN_DROPDOWN, [this] { moved_ = accepted_ = false; });
+    dialog.Bind(comboId, CBN_SELCHANGE, [this] { OnSelChange(); });
+    dialog.Bind(comboId, CBN_SELENDOK, [this] { accepted_ = true; });
+    dialog.Bind(comboId, CBN_CLOSEUP, [this] { OnCloseUp(); });
+}
+
+// The mouse closes the list and then tells of the new selection; the keyboard tells of each step while the list is
+// open.
+void WideningCombo::OnSelChange() {
+    if (SendMessageW(Combo().Handle(), CB_GETDROPPEDSTATE, 0, 0)) {
+        moved_ = true;
+    } else {
+        Choose();
+    }
+}
+
+void WideningCombo::OnCloseUp() {
+    if (moved_ && accepted_) Choose();
+    moved_ = accepted_ = false;
+}
+
+void WideningCombo::Choose() {
+    const int index = Combo().GetCurSel();
+    if (index >= 0) chosen_(index);
+}
+
+void WideningCombo::Widen() {
+    if (wide_) return;
+    wide_ = true;
+    narrow_ = Combo().RectInParent();
+    const RECT edit = dialog_.Item<Window>(editId_).RectInParent();
+    Place(Combo().Handle(), edit.left, narrow_.top, narrow_.right - edit.left);
+}
+
+void WideningCombo::Restore() {
+    if (!wide_) return;
+    wide_ = false;
+    Place(Combo().Handle(), narrow_.left, narrow_.top, narrow_.right - narrow_.left);
+    InvalidateRect(dialog_.Item<Window>(editId_).Handle(), nullptr, TRUE);
+}
+
+}  // namespace kiro::ui

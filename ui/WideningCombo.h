@@ -1,0 +1,36 @@
+// The narrow combo beside an edit, of which only the arrow shows. While it has the focus it reaches over the edit, so
+// that its list is as wide as both together.
+#pragma once
+
+#include <functional>
+
+#include "ui/Dialog.h"
+
+namespace kiro::ui {
+
+class WideningCombo {
+  public:
+    // chosen runs with the index of the entry that the user decided on. Moving through the open list with the arrow
+    // keys is no decision yet; closing it is. Make it before the dialog is shown.
+    WideningCombo(Dialog& dialog, int comboId, int editId, std::function<void(int index)> chosen);
+
+    ComboBox Combo() const { return dialog_.Item<ComboBox>(comboId_); }
+
+  private:
+    void Widen();
+    void Restore();
+    void OnSelChange();
+    void OnCloseUp();
+    void Choose();
+
+    Dialog& dialog_;
+    int comboId_;
+    int editId_;
+    std::function<void(int)> chosen_;
+    RECT narrow_{};
+    bool wide_ = false;
+    bool moved_ = false;     // the selection moved while the list was open
+    bool accepted_ = false;  // and the list was closed on it
+};
+
+}  // namespace kiro::ui
