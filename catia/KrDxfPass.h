@@ -1,0 +1,19 @@
+// The password dialog: names a protected file and collects its password. It does not check the password and keeps none.
+#pragma once
+
+#include "entry/host/TARNAINFO.h"
+#include "ui/HostDialog.h"
+
+class KrDxfPass final : public kiro::ui::HostDialog {
+  public:
+    explicit KrDxfPass(TARNAINFO* info);
+
+  private:
+    void OnInit() override;
+    void OnOk() override;
+    void OnCancel() override;
+    bool TakePassword();  // into the record
+    void WipeEdit();
+
+    TarnaImportView& info_;
+};

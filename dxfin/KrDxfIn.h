@@ -1,0 +1,101 @@
+// The import dialog: file, target picture, scale, submodel and layer table of one DXF or DWG import.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "dxfin/KrDxfInHelp.h"
+#include "entry/host/TARNAINFO.h"
+#include "ui/FileNameField.h"
+#include "ui/HostDialog.h"
+#include "ui/HoverZones.h"
+#include "ui/MenuLabel.h"
+#include "ui/RadioGroup.h"
+#include "ui/WideningCombo.h"
+
+class KrDxfIn final : public kiro::ui::HostDialog {
+  public:
+    explicit KrDxfIn(TARNAINFO* info);
+
+  private:
+    // What differs between the DXF and the DWG command.
+    struct Mode {
+        const char* caption;
+        const char* typeName;
+        const char* key;
+        const char* comment;
+    };
+    static const Mode kDxf;
+    static const Mode kDwg;
+
+    // What a confirmed dialog writes into the record.
+    struct Result {
+        int picture = 0;
+        double scale = 0;
+        std::string inputFile;   // internal form
+        std::string subModel;    // EUC
+        std::string layerTable;  // internal form
+    };
+
+    void OnInit() override;
+    void OnOk() override;
+
+    // Filling the dialog.
+    void BindControls();
+    void InitTexts();
+    void InitPictures();
+    void InitScales();
+
+    // Handlers, in screen order.
+    void DataTypeChosen();
+    void PictureEditChanged();
+    void PictureChosen(int index);
+    void ModeChosen();
+    void ScaleLeft();
+    void ScaleChosen(int index);
+    void MediaChosen();
+    void RefreshVersion();
+    void BrowseTable();
+    void OpenParameters();
+    void OpenAttributes();
+    void OpenBatch();
+    void HelpZoneChanged(int zone);
+
+    kiro::ui::FileNameField::Chooser FileChooser() const;
+    bool IsAddMode() const { return mode_.Selected() == 1; }
+    bool IsShape() const { return dataType_.Selected() == 1; }
+    bool IsFloppy() const { return media_.Selected() == 1; }
+    const char* Key() const;  // the current file-type key
+    void TakePicture(int index);
+    void ShowScaleOf(std::optional<int> picture);
+
+    // The checks of the confirmation, in screen order. Each tells the user what is wrong and moves the focus.
+    bool CheckPicture(Result& result);
+    bool CheckScale(Result& result);
+    bool CheckFile(Result& result);
+    bool CheckSubModel(Result& result);
+    bool CheckTable(Result& result);
+    bool AgreesToLoseModel();
+    bool Refuse(const char* message, int controlId);
+    void WriteBack(const Result& result);
+
+    TarnaImportView& info_;
+    const Mode& drawing_;
+    bool isDwg_;
+    bool pictureMatrix_;
+    int pictureNumber_ = 1;
+    std::string layerTable_;
+    bool customScale_ = false;  // the scale list starts with an entry of the user's own
+
+    kiro::ui::RadioGroup dataType_;
+    kiro::ui::RadioGroup mode_;
+    kiro::ui::RadioGroup matrix_;
+    kiro::ui::RadioGroup media_;
+    kiro::ui::WideningCombo pictures_;
+    kiro::ui::WideningCombo scales_;
+    kiro::ui::FileNameField file_;
+    kiro::ui::MenuLabel fileLabel_;
+    kiro::ui::HoverZones zones_;
+    std::unique_ptr<KrDxfInHelp> help_;
+};

@@ -1,0 +1,52 @@
+// The commands that run a dialog over a record. Every export follows one frame: resource context, owner window, dialog,
+// and everything undone in reverse.
+#include <windows.h>
+
+#include "catia/KrDxfPass.h"
+#include "dxfin/KrDxfIn.h"
+#include "entry/CVanteoApp.h"
+#include "entry/CommandFrame.h"
+#include "entry/host/kirogr.h"
+#include "entry/host/kirovanteo.h"
+#include "resources/catia/KrCatiaIn.ids.h"
+#include "resources/dxfout/KrDxfOut.ids.h"
+#include "resources/peliondb/KrPlIn.ids.h"
+#include "resources/peliondb/KrPlOut.ids.h"
+#include "resources/varosdb/KrVrIn.ids.h"
+#include "resources/varosdb/KrVrOut.ids.h"
+
+namespace {
+
+constexpr int kConfirmed = 0;
+constexpr int kCancelled = 1;
+
+template <class CommandDialog, class Argument>
+int RunCommand(Argument argument) {
+    const ResourceContext context;
+    const HWND owner = Grgetwin(-1);
+    try {
+        CommandDialog dialog(argument);
+        return dialog.DoModal(owner) == IDOK ? kConfirmed : kCancelled;
+    } catch (...) {
+        // Out of memory before the dialog was there: the same to the host as a cancelled one.
+        return kCancelled;
+    }
+}
+
+}  // namespace
+
+int DxfInputDlg(TARNAINFO* info) { return RunCommand<KrDxfIn>(info); }
+
+int DxfInputPass(TARNAINFO* info) { return RunCommand<KrDxfPass>(info); }
+
+int DxfOutputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kDxfOutDialog); }
+
+int PlInputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kPlInDialog); }
+
+int PlOutputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kPlOutDialog); }
+
+int VrInputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kVrInDialog); }
+
+int VrOutputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kVrOutDialog); }
+
+int CatiaInputDlg(CATIAINFO*) { return RunCommand<CommandFrame>(kCatiaInDialog); }

@@ -1,0 +1,89 @@
+// The commands that work on the host's current model: a prompt by the state word of their array, then the dialog.
+#include <windows.h>
+
+#include "entry/CVanteoApp.h"
+#include "entry/CommandFrame.h"
+#include "entry/host/kirogr.h"
+#include "entry/host/kirovanteo.h"
+#include "resources/model/KrDxfLayerName.ids.h"
+#include "resources/model/KrDxfLineType.ids.h"
+#include "resources/model/KrDxfLineWidth.ids.h"
+#include "resources/model/KrDxfWarning1.ids.h"
+#include "ui/MessageBoxes.h"
+
+namespace {
+
+constexpr char kDxfCaption[] = "ＤＸＦ書込み";
+constexpr char kDwgCaption[] = "ＤＷＧ書込み";
+
+// The one kind of warning that is shown.
+constexpr std::int32_t kItemWarning = 1;
+
+enum class Prompt { kNone, kAsk, kRefuse };
+
+// Texts of one command's prompts.
+struct PromptTexts {
+    const char* refusal;
+    const char* question;
+};
+constexpr PromptTexts kLayerNameTexts = {"レイヤ名が設定されていません。\n処理を中断します。",
+                                         "レイヤ名が設定されていません。\n設定しますか。"};
+constexpr PromptTexts kLineTypeTexts = {"線種名が設定されていません。\n処理を中断します。",
+                                        "線種名が設定されていません。\n設定しますか。"};
+constexpr PromptTexts kLineWidthTexts = {"線幅が設定されていません。\n処理を中断します。",
+                                         "線幅が設定されていません。\n設定しますか。"};
+
+// True when the command goes on to its dialog.
+bool Passes(HWND owner, Prompt prompt, const PromptTexts& texts, const char* caption) {
+    switch (prompt) {
+        case Prompt::kRefuse:
+            kiro::ui::Tell(owner, texts.refusal, caption, kiro::ui::Icon::kError);
+            return false;
+        case Prompt::kAsk:
+            return kiro::ui::Ask(owner, texts.question, caption);
+        case Prompt::kNone:
+            break;
+    }
+    return true;
+}
+
+bool RunSettings(Prompt prompt, const PromptTexts& texts, const char* caption, int templateId) {
+    const ResourceContext context;
+    const HWND owner = Grgetwin(-1);
+    try {
+        if (!Passes(owner, prompt, texts, caption)) return false;
+        return CommandFrame(templateId).DoModal(owner) == IDOK;
+    } catch (...) {
+        return false;
+    }
+}
+
+// Line types and line widths share the three-way rule on their state word.
+Prompt PromptOf(std::int32_t state) {
+    if (state == 0) return Prompt::kNone;
+    return state < 0 ? Prompt::kRefuse : Prompt::kAsk;
+}
+const char* CaptionOf(std::int32_t state) { return state == 1 ? kDxfCaption : kDwgCaption; }
+
+}  // namespace
+
+bool DxfLayerNameDialog(std::int32_t mode, std::int32_t* layerNames) {
+    // Always prompts. Modes 0 and 1 share the caption; the dialog's own flag groups 0 with 2. The two rules are meant
+    // to differ.
+    const Prompt prompt = layerNames[0] != 0 ? Prompt::kRefuse : Prompt::kAsk;
+    const char* caption = mode == 0 || mode == 1 ? kDxfCaption : kDwgCaption;
+    return RunSettings(prompt, kLayerNameTexts, caption, kDxfLayerNameDialog);
+}
+
+bool DxfLineTypeDialog(std::int32_t* lineTypes) {
+    return RunSettings(PromptOf(lineTypes[0]), kLineTypeTexts, CaptionOf(lineTypes[0]), kDxfLineTypeDialog);
+}
+
+bool DxfLineWidthDialog(std::int32_t, std::int32_t* lineWidths) {
+    return RunSettings(PromptOf(lineWidths[0]), kLineWidthTexts, CaptionOf(lineWidths[0]), kDxfLineWidthDialog);
+}
+
+bool DxfWarningDialog(std::int32_t kind) {
+    if (kind != kItemWarning) return false;
+    return RunSettings(Prompt::kNone, {}, "", kDxfWarning1Dialog);
+}

@@ -1,0 +1,1 @@
+#define kCatiaInDialog 4047

@@ -1,0 +1,4 @@
+// The password dialog.
+#define kDxfPassDialog 4048
+#define kProtectedFileEdit 4070
+#define kPasswordEdit 4069

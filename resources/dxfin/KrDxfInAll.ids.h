@@ -1,0 +1,1 @@
+#define kDxfInAllDialog 4002

@@ -1,0 +1,1 @@
+#define kDxfInAttrDialog 4058

@@ -1,0 +1,1 @@
+#define kDxfInParamDialog 4001

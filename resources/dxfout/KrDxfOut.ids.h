@@ -1,0 +1,1 @@
+#define kDxfOutDialog 4017

@@ -1,0 +1,1 @@
+#define kDxfLayerNameDialog 4057

@@ -1,0 +1,1 @@
+#define kDxfLineTypeDialog 4054

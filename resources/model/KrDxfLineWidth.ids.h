@@ -1,0 +1,1 @@
+#define kDxfLineWidthDialog 4055

@@ -1,0 +1,1 @@
+#define kDxfWarning1Dialog 4056

@@ -1,0 +1,1 @@
+#define kPlInDialog 4036

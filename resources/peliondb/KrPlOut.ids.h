@@ -1,0 +1,1 @@
+#define kPlOutDialog 4041

@@ -1,0 +1,1 @@
+#define kVrInDialog 4040

@@ -1,0 +1,1 @@
+#define kVrOutDialog 4043
