@@ -1,0 +1,72 @@
+// A host program for one test: a main window, a home folder of its own and an empty model.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "entry/host/kirovanteo.h"
+#include "hostlayer/include/KiroHost.h"
+#include "tests/driver/Driver.h"
+
+class TestHost : public testing::Test {
+  protected:
+    TestHost() {
+        wchar_t temp[MAX_PATH];
+        GetTempPathW(MAX_PATH, temp);
+        static int count = 0;
+        home = std::filesystem::path(temp) /
+               (L"kiro_" + std::to_wstring(GetCurrentProcessId()) + L"_" + std::to_wstring(++count));
+        std::filesystem::create_directories(home / L"DXF");
+        std::filesystem::create_directories(home / L"DWG");
+        KiroHostSetHome(home.c_str());
+        KiroHostLoadModel(nullptr, nullptr, 0);
+        owner = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 900, 700, nullptr,
+                                nullptr, nullptr, nullptr);
+        KiroHostSetMainWindow(owner);
+    }
+    ~TestHost() override {
+        KiroHostSetMainWindow(nullptr);
+        DestroyWindow(owner);
+        std::error_code ignored;
+        std::filesystem::remove_all(home, ignored);
+    }
+
+    // A file of the home folder.
+    std::filesystem::path Write(const std::wstring& name, const std::string& bytes) const {
+        const std::filesystem::path path = home / name;
+        std::filesystem::create_directories(path.parent_path());
+        std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        return path;
+    }
+
+    std::filesystem::path home;
+    HWND owner = nullptr;
+};
+
+// A record as a host may hand it over: what the commands do not fill holds rubbish that must stay as it is.
+struct ImportRecord {
+    ImportRecord() {
+        std::memset(&info, 0xA5, sizeof info);
+        std::memset(&params, 0x5A, sizeof params);
+        info.input.inputIsDwg = 0;
+        info.input.pictureMatrix = 1;
+        std::memset(info.input.layerTableFileName, 0, sizeof info.input.layerTableFileName);
+        info.input.importParams = &params;
+    }
+    bool operator==(const ImportRecord& other) const {
+        return std::memcmp(&info, &other.info, sizeof info) == 0 &&
+               std::memcmp(&params, &other.params, sizeof params) == 0;
+    }
+    TARNAINFO info;
+    DxfInParamBlock params;
+};
+
+inline std::string TextDxf(const std::string& version) {
+    return "  0\r\nSECTION\r\n  2\r\nHEADER\r\n  9\r\n$ACADVER\r\n  1\r\n" + version +
+           "\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n";
+}
