@@ -35,8 +35,9 @@ KIRODXF_API int dxfinctoi();
 // makes no sense; nothing more can be read then.
 KIRODXF_API int dxfinbinary();
 
-// The text of the line or value read last: the bytes of the file, up to a NUL, cut to size - 1 bytes. The encoding is
-// the file's. For a binary value that is not text: its decimal form.
+// The text of the line or value read last: the bytes of the file, up to a NUL, cut to size - 1 bytes. Of a longer text
+// the first 4095 bytes are kept, while the length is that of the whole. The encoding is the file's. For a binary value
+// that is not text: its decimal form.
 KIRODXF_API int DxfGetText(char* out, int size);  // the length of the whole text
 
 KIRODXF_API int dxfinAsciiTable(const char* path);

@@ -10,8 +10,8 @@
 // kirobc: the home folder, under which every file-type key has its folder. Default: %KIRO_HOME%, else
 // %LOCALAPPDATA%\Kiro. It is made when it is first used.
 KIROBC_API void KiroHostSetHome(const wchar_t* folder);
-// The folder of a key with no "\" at its end, made if it is missing and can be made. Length of the whole path; 0 when
-// the key is malformed.
+// The folder of a key with no "\" at its end, made if it is missing and can be made. Size and result count wide
+// characters: the result is the length of the whole path; 0 when the key is malformed.
 KIROBC_API std::size_t KiroHostGetFolder(const char* key, wchar_t* out, std::size_t size);
 
 // kirogr: the window that Grgetwin(-1) gives.

@@ -1,0 +1,50 @@
+// Reads the pairs of group code and value of a DXF file, text or binary, from its start to its end. Memory is the same
+// for every file; no byte of a file is trusted.
+#pragma once
+
+#include <string_view>
+
+#include "entry/host/kirodxf.h"
+#include "hostlayer/kirodxf/BufferedInput.h"
+#include "hostlayer/kirodxf/ValueText.h"
+
+// What the start of a file tells. start: the first kDxfStartLength bytes, or the whole of a shorter file.
+inline constexpr std::size_t kDxfStartLength = 24;
+DxfInputBlock ExamineDxfStart(std::string_view start);
+
+class DxfReader {
+  public:
+    // A source stays the caller's and must live until Close. False when the source cannot be read, or is not binary DXF
+    // where it should be; nothing is open then.
+    bool OpenText(ByteSource& source);
+    bool OpenBinary(ByteSource& source);
+    void Close();
+
+    bool ReadLine();         // text files: false at the end or on a failure
+    int LineAsCode() const;  // the line as a group code; kNoCode when it is none
+    int ReadPair();  // binary files: the group code; kNoCode at the end, or when the file breaks off or is wrong
+
+    // The line or value read last; empty when there is none. The length of the whole text.
+    int GetText(char* out, int size) const { return text_.CopyTo(out, size); }
+
+    static constexpr int kNoCode = -1;
+
+  private:
+    enum class Kind { kNone, kText, kBinary };
+
+    void Stop();  // nothing more can be read
+    int ReadCode();
+    bool ReadValue(int code);
+    bool ReadString();
+    bool ReadChunk();
+    template <class T>
+    bool Take(T& value);
+    template <class T>
+    bool ReadNumber();
+
+    Kind kind_ = Kind::kNone;
+    bool wideCodes_ = false;
+    bool afterCr_ = false;  // the last line ended with a CR, to which an LF may belong
+    BufferedInput input_;
+    ValueText text_;
+};
