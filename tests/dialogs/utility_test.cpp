@@ -153,8 +153,13 @@ TEST_F(Utility, ReadsAndShowsScales) {
         utility_->DisplayScale(scale, shown, sizeof shown);
         EXPECT_STREQ(text, shown);
     }
-    for (const auto& [value, text] :
-         Pairs{{0.1, "0.1"}, {-0.0, "0"}, {1e5, "100000"}, {12345.678, "12345.678"}, {1e300, "1e+300"}, {HUGE_VAL, ""}})
+    for (const auto& [value, text] : Pairs{{0.1, "0.1"},
+                                           {-0.0, "0"},
+                                           {1e5, "100000"},
+                                           {12345.678, "12345.678"},
+                                           {2e6, "2000000"},
+                                           {1e300, "1e+300"},
+                                           {HUGE_VAL, ""}})
         EXPECT_STREQ(text, utility_->DtoA(value));
 }
 
@@ -173,8 +178,8 @@ TEST_F(Utility, CutsSpacesOfBothWidthsAndNoHalfCharacter) {
 
 TEST_F(Utility, ModelNamesHoldLettersAndJapanese) {
     for (const char* name : {"", "A-1_b.2", "部品表ソ", "ｱｲｳ"}) EXPECT_EQ(1, utility_->CheckModelName(name)) << name;
-    for (const char* name : {"a b", "部　品", "a/b", "a\\b", "a:b",  "a*", "a?",   "\"a",      "<a",   "a>",
-                             "a|",  "a,b",    "a;b", "a=b",  "a\tb", "a#", "\x83", "\x81\x20", "\xA0", "\xFD"})
+    for (const char* name : {"a b", "部　品", "a/b", "a\\b", "a:b", "a*",   "a?",       "\"a",  "<a",   "a>",  "a|",
+                             "a,b", "a;b",    "a=b", "a\tb", "a#",  "\x83", "\x81\x20", "\x80", "\xA0", "\xFD"})
         EXPECT_EQ(0, utility_->CheckModelName(name)) << name;
 }
 
@@ -324,7 +329,7 @@ TEST_F(Utility, PatternsAreNamesForCheckFileOnly) {
 TEST_F(Utility, ChooserGivesTheFullPath) {
     Write(L"DXF/表.dxf");
     const wchar_t* korean = L"한.dxf";
-    Write(fs::path(L"DXF") / korean);
+    Write(fs::path(L"DWG") / korean);
     wchar_t before[MAX_PATH], after[MAX_PATH];
     GetCurrentDirectoryW(MAX_PATH, before);
     utility_->SetCaption("ファイル選択");
@@ -347,6 +352,7 @@ TEST_F(Utility, ChooserGivesTheFullPath) {
     EXPECT_EQ(home_.string() + "\\DXF\\表.dxf", utility_->GetFileName());
     EXPECT_EQ(0, choose(L"表.dxf", IDCANCEL, [] {}));
     EXPECT_STREQ("", utility_->GetFileName());
+    utility_->SetKeyword("#DWG#");
     drive::Box box;
     EXPECT_EQ(0, choose(korean, IDOK, [&] {
                   box = drive::ReadBox();
@@ -391,11 +397,16 @@ TEST_F(Utility, DamagedUsedFileListGivesItsGoodNames) {
 TEST_F(Utility, UsedFileListSurvivesAWriteThatFails) {
     ASSERT_EQ(1, SetUsed({"a.dxf"}));
     const fs::path file = home_ / L"settings/used__DXF_.txt";
-    const HANDLE lock = CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    const HANDLE lock =
+        CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
     EXPECT_EQ(0, SetUsed({"b.dxf"}));
     CloseHandle(lock);
     EXPECT_EQ(std::vector<std::string>{"a.dxf"}, Used());
     EXPECT_EQ(1, std::distance(fs::directory_iterator(home_ / L"settings"), fs::directory_iterator()));
+
+    fs::create_hard_link(file, home_ / L"old");
+    EXPECT_EQ(1, SetUsed({"bb.dxf"}));
+    EXPECT_EQ(7U, fs::file_size(home_ / L"old")) << "the old file is replaced, not written in";
 
     const fs::path blocked = Write(L"file") / L"home";  // nothing can be made under a file
     KiroHostSetHome(blocked.c_str());
@@ -479,8 +490,9 @@ TEST_F(Utility, SetFocusSelectsTheText) {
                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
     };
     const HWND edit = add(100, WS_VISIBLE);
-    add(101, WS_VISIBLE | WS_DISABLED);
+    add(101, 0);
     ShowWindow(dialog, SW_SHOW);
+    SendMessageW(edit, EM_SETSEL, 1, 1);
     utility_->SetFocus(100);
     EXPECT_EQ(edit, GetFocus());
     EXPECT_EQ(MAKELRESULT(0, 4), SendMessageW(edit, EM_GETSEL, 0, 0));

@@ -1,0 +1,31 @@
+#include "entry/host/kirocontrol.h"
+
+#include <string_view>
+
+#include "hostlayer/include/KiroHost.h"
+
+struct HxFileType {
+    std::string_view key;
+    bool upperCase;
+};
+
+namespace {
+
+// This host's file systems keep the case of a name as it was typed, so that no type needs upper case.
+constexpr HxFileType kFileTypes[] = {
+    {"#DXF#", false},      {"#DWG#", false},       {"#DXF:TABLE#", false},  {"#DXF:SHAPE#", false},
+    {"#CATIA:DB#", false}, {"#TARNA:DOS#", false}, {"#TARNA:DB_R#", false}, {"#FLOPPY_WIN#", false},
+};
+
+}  // namespace
+
+HxModel* GetActiveModel() { return KiroHostModel(); }
+
+const HxFileType* HxSessionGetFileType(const char* key) {
+    if (!key) return nullptr;
+    for (const HxFileType& type : kFileTypes)
+        if (type.key == key) return &type;
+    return nullptr;
+}
+
+int HxFileTypeIsUpperCase(const HxFileType* type) { return type && type->upperCase; }

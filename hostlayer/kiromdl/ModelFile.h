@@ -1,0 +1,16 @@
+// Reads a model from a JSON file.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "Model.h"
+
+// Says in English where the text is wrong and what is expected there.
+class ModelFileError : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+Model ReadModelFile(const wchar_t* file);      // throws ModelFileError
+Model ReadModelText(const std::string& text);  // throws ModelFileError
