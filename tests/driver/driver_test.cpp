@@ -1,0 +1,116 @@
+// The operator itself: a test that goes wrong has to end, and to say what went wrong.
+#include "Driver.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "Leaks.h"
+#include "Picture.h"
+
+namespace kiro::drive {
+namespace {
+
+int Ask(UINT type = MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) {
+    return MessageBoxW(nullptr, L"よろしいですか。", L"確認", type);
+}
+
+// The message of the Failure with which a run ends.
+std::string FailureOf(const std::function<void()>& call, const std::function<void()>& user) {
+    try {
+        Drive(call, user);
+    } catch (const Failure& failure) {
+        return failure.what();
+    }
+    return "none";
+}
+
+TEST(DriverTest, ReadsAndAnswersABox) {
+    Box box;
+    EXPECT_EQ(IDYES, Drive([] { return Ask(); },
+                           [&] {
+                               box = ReadBox();
+                               Answer(box, IDYES);
+                           }));
+    EXPECT_EQ(L"確認", box.caption);
+    EXPECT_EQ(L"よろしいですか。", box.text);
+    EXPECT_EQ(static_cast<UINT>(MB_ICONWARNING), box.icon);
+    EXPECT_EQ(IDNO, box.defaultButton);
+    EXPECT_EQ((std::vector<int>{IDYES, IDNO}), box.buttons);
+}
+
+TEST(DriverTest, AnswersBoxesOneAfterAnother) {
+    int sum = 0;
+    Drive(
+        [&] {
+            for (int i = 0; i < 20; ++i) sum += Ask() == IDYES ? 1 : 0;
+        },
+        [] {
+            for (int i = 0; i < 20; ++i) Answer(ReadBox(), i % 2 ? IDYES : IDNO);
+        });
+    EXPECT_EQ(10, sum);
+}
+
+TEST(DriverTest, EndsTheCallWhenTheUserFails) {
+    int returned = 0;
+    const auto ask = [&] { returned = Ask(); };
+    EXPECT_EQ("on purpose", FailureOf(ask, [] { throw Failure("on purpose"); }));
+    EXPECT_EQ(IDNO, returned);
+    EXPECT_EQ("the user left a dialog open", FailureOf(ask, [] { Settle(); }));
+    EXPECT_EQ("there is no control 4711 in the dialog", FailureOf(ask, [] { Click(Settle(), 4711); }));
+    EXPECT_EQ("a message box was expected, but the call has returned", FailureOf([] {}, [] { ReadBox(); }));
+    EXPECT_EQ("the call returned before this happened: a miracle",
+              FailureOf([] {}, [] { Until("a miracle", [] { return false; }); }));
+}
+
+TEST(DriverTest, DoesWhatAUserCanDoOnly) {
+    EXPECT_EQ("clicking: control 7 is disabled or hidden", FailureOf([] { Ask(); },
+                                                                     [] {
+                                                                         const HWND box = Settle();
+                                                                         EnableWindow(Control(box, IDNO), FALSE);
+                                                                         Click(box, IDNO);
+                                                                     }));
+}
+
+TEST(DriverTest, PassesOnWhatTheCallThrows) {
+    EXPECT_THROW(Drive([] { throw std::out_of_range("call"); }, [] {}), std::out_of_range);
+}
+
+TEST(DriverTest, PaintsABoxAsPng) {
+    const auto png =
+        std::filesystem::temp_directory_path() / (L"確認" + std::to_wstring(GetCurrentProcessId()) + L".png");
+    Drive([] { return Ask(); },
+          [&] {
+              const HWND box = Settle();
+              Picture(box, png);
+              Answer(ReadBox(), IDNO);
+          });
+    std::string start(8, '\0');
+    std::ifstream(png, std::ios::binary).read(start.data(), 8);
+    EXPECT_EQ("\x89PNG\r\n\x1A\n", start);
+    EXPECT_GT(std::filesystem::file_size(png), 1000u);
+    std::filesystem::remove(png);
+    const std::string failure = FailureOf([] { Ask(); }, [&] { Picture(Settle(), png / L"x.png"); });
+    EXPECT_TRUE(failure.starts_with("the picture cannot be written")) << failure;
+}
+
+TEST(DriverTest, SeesWhatIsHeld) {
+    Drive([] { return Ask(); }, [] { Answer(ReadBox(), IDNO); });
+    const Holdings before = CountHoldings();
+    Drive([] { return Ask(); }, [] { Answer(ReadBox(), IDNO); });
+    EXPECT_TRUE(before.SameObjects(CountHoldings()));
+    const HWND window = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    const HPEN pen = CreatePen(PS_SOLID, 1, 0x123456);
+    const HFONT font = CreateFontW(-9, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"x");
+    const Holdings more = CountHoldings();
+    EXPECT_EQ(before.windows + 1, more.windows);
+    EXPECT_EQ(before.pens + 1, more.pens);
+    EXPECT_EQ(before.fonts + 1, more.fonts);
+    DeleteObject(font);
+    DeleteObject(pen);
+    DestroyWindow(window);
+}
+
+}  // namespace
+}  // namespace kiro::drive

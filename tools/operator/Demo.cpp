@@ -1,0 +1,51 @@
+#include "Demo.h"
+
+#include "Driver.h"
+#include "Picture.h"
+#include "resources/dxfin/KrDxfIn.ids.h"
+
+namespace kiro {
+namespace {
+
+using namespace drive;
+
+void PickText(HWND dialog, int comboId, const std::wstring& text) {
+    const auto items = Items(dialog, comboId);
+    for (std::size_t i = 0; i < items.size(); ++i)
+        if (items[i] == text) return Pick(dialog, comboId, static_cast<int>(i));
+    throw Failure("the list " + std::to_string(comboId) + " has no such entry");
+}
+
+void FillIn(HWND dialog, const std::wstring& drawing) {
+    Focus(dialog, kFileNameEdit);
+    Type(dialog, kFileNameEdit, drawing);
+    PickText(dialog, kPictureCombo, L"2");
+    PickText(dialog, kScaleCombo, L"1/2");
+    // The file name has lost the focus: the dialog has looked into the file and tells its version.
+    Focus(dialog, kSubModelEdit);
+    Type(dialog, kSubModelEdit, L"DEMO1");
+}
+
+// Yes to every question; any other message is the end of the demonstration.
+void AgreeToQuestions() {
+    while (Settle()) {
+        const Box box = ReadBox();
+        if (!GetDlgItem(box.window, IDYES)) throw Failure("the dialog refuses: " + Utf8FromWide(box.text));
+        Answer(box, IDYES);
+    }
+}
+
+}  // namespace
+
+CallResult RunDemo(const std::wstring& drawing, const std::wstring& picture) {
+    return Drive([] { return CallExport(*FindExport("DxfInputDlg"), Json::object()); },
+                 [&] {
+                     const HWND dialog = Settle();
+                     FillIn(dialog, drawing);
+                     Picture(dialog, picture);
+                     Click(dialog, IDOK);
+                     AgreeToQuestions();
+                 });
+}
+
+}  // namespace kiro
