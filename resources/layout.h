@@ -8,7 +8,7 @@
 #define RADIO_H 10
 #define EDIT_H 13
 #define BUTTON_H 14
-#define ARROW_W 15   // a combo of which only the arrow shows
+#define ARROW_W 14   // a combo of which only the arrow shows
 #define LIST_H 120   // a combo with its list open
 
 #define NARROW_COMBO_STYLE CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP

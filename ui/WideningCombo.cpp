@@ -18,6 +18,12 @@ void Place(HWND combo, LONG left, LONG top, LONG width) {
 
 WideningCombo::WideningCombo(Dialog& dialog, int comboId, int editId, std::function<void(int)> chosen)
     : dialog_(dialog), comboId_(comboId), editId_(editId), chosen_(std::move(chosen)) {
+    dialog.BindMessage(WM_INITDIALOG, [this](WPARAM, LPARAM) -> std::optional<INT_PTR> {
+        // As wide as its arrow: of the selected entry not even a first stroke shows beside the edit.
+        const RECT rect = Combo().RectInParent();
+        Place(Combo().Handle(), rect.left, rect.top, GetSystemMetrics(SM_CXVSCROLL) + 2 * GetSystemMetrics(SM_CXEDGE));
+        return std::nullopt;
+    });
     dialog.BindFocus(comboId, [this](bool gained) { gained ? Widen() : Restore(); });
     dialog.Bind(comboId, CBN_DROPDOWN, [this] { moved_ = accepted_ = false; });
     dialog.Bind(comboId, CBN_SELCHANGE, [this] { OnSelChange(); });
