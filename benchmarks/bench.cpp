@@ -179,7 +179,11 @@ class Bench {
                       MoveMouse(Centre(Control(dialog, kZones[turn++ % 5])));
                       Until("the explanation", [&] { return Popups(dialog).size() == 1 && Popups(dialog) != before; });
                   };
-                  kept = ReportLeaks("explanation", times, hover, [&] { ExplainBare(dialog, kTemplates[turn++ % 5]); });
+                  const auto bare = [&] {
+                      const std::size_t which = turn++ % 5;
+                      ExplainBare(dialog, Control(dialog, kZones[which]), kTemplates[which]);
+                  };
+                  kept = ReportLeaks("explanation", times, hover, bare);
                   Click(dialog, IDCANCEL);
               });
         return kept;
@@ -221,15 +225,20 @@ class Bench {
         MessageBoxW(owner_, L"text", L" ", MB_OK | MB_ICONHAND);
         DeactivateActCtx(0, cookie);
     }
-    // A template of an explanation in its shape, made and destroyed.
-    void ExplainBare(HWND dialog, int templateId) const {
+    // A template of an explanation, shown over the dialog below the zone and destroyed; the dialog paints what it
+    // covered.
+    void ExplainBare(HWND dialog, HWND zone, int templateId) const {
+        RECT rect{};
+        GetWindowRect(zone, &rect);
         const HWND popup = CreateDialogParamW(
             library_, MAKEINTRESOURCEW(templateId), dialog, [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; },
             0);
-        SetWindowRgn(popup, CreateRectRgn(0, 0, 100, 50), FALSE);
+        SetWindowPos(popup, nullptr, rect.left, rect.bottom + 5, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        SetWindowRgn(popup, CreateRectRgn(0, 0, 5000, 5000), FALSE);
         ShowWindow(popup, SW_SHOWNOACTIVATE);
-        UpdateWindow(popup);
+        RedrawWindow(popup, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         DestroyWindow(popup);
+        RedrawWindow(dialog, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     }
     static void FillBare(HWND dialog) {
         wchar_t text[16];

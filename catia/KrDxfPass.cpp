@@ -37,10 +37,7 @@ void KrDxfPass::OnInit() {
 }
 
 void KrDxfPass::OnOk() {
-    if (!TakePassword()) {
-        FocusTo(kPasswordEdit);
-        return;
-    }
+    if (!TakePassword()) return;
     WipeEdit();
     End(IDOK);
 }
@@ -53,24 +50,22 @@ void KrDxfPass::OnCancel() {
 bool KrDxfPass::TakePassword() {
     SecretBuffer<wchar_t, kPasswordLimit + 1> typed;
     const int length = GetWindowTextW(GetDlgItem(Handle(), kPasswordEdit), typed.text, kPasswordLimit + 1);
-    if (length == 0) {
-        Utility().ErrorText("パスワードが入力されていません。");
-        return false;
-    }
+    if (length == 0) return Refuse("パスワードが入力されていません。");
     // Two bytes a character at most; the record takes half of that.
     SecretBuffer<char, 2 * kPasswordLimit + 1> password;
     BOOL foreign = FALSE;
     const int bytes = WideCharToMultiByte(932, WC_NO_BEST_FIT_CHARS, typed.text, length, password.text,
                                           2 * kPasswordLimit, nullptr, &foreign);
-    if (bytes <= 0 || foreign) {
-        Utility().ErrorText("パスワードに使用できない文字が入力されています。");
-        return false;
-    }
-    if (!WriteFixedText(info_.password, {password.text, static_cast<std::size_t>(bytes)})) {
-        Utility().ErrorText("パスワードが長すぎます（最大半角１２８文字）。");
-        return false;
-    }
-    return true;
+    if (bytes <= 0 || foreign) return Refuse("パスワードに使用できない文字が入力されています。");
+    return WriteFixedText(info_.password, {password.text, static_cast<std::size_t>(bytes)}) ||
+           Refuse("パスワードが長すぎます（最大半角１２８文字）。");
+}
+
+bool KrDxfPass::Refuse(const char* message) {
+    // The focus first: leaving the file's name clears the guidance line.
+    FocusTo(kPasswordEdit);
+    Utility().ErrorText(message);
+    return false;
 }
 
 // The edit's own buffer: overwritten in place by a text of the same length, then emptied, its undo buffer with it.

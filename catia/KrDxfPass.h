@@ -12,7 +12,8 @@ class KrDxfPass final : public kiro::ui::HostDialog {
     void OnInit() override;
     void OnOk() override;
     void OnCancel() override;
-    bool TakePassword();  // into the record
+    bool TakePassword();               // into the record
+    bool Refuse(const char* message);  // false
     void WipeEdit();
 
     TarnaImportView& info_;

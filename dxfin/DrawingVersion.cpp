@@ -79,7 +79,7 @@ class DxfPairs {
     bool open_ = false;
 };
 
-std::string ScanHeader(DxfPairs& pairs) {
+std::optional<std::string> ScanHeader(DxfPairs& pairs) {
     bool section = false;  // inside a section whose name has not come yet
     bool header = false;
     bool armed = false;  // the next text is the version
@@ -88,11 +88,11 @@ std::string ScanHeader(DxfPairs& pairs) {
     while (pairs.Next(&code, &value)) {
         const auto starts = [&](std::string_view keyword) { return value.starts_with(keyword); };
         if (code == kEntityCode) {
-            if (!starts(kSection)) return {};
+            if (!starts(kSection)) return std::nullopt;
             section = true;
             header = armed = false;
         } else if (code == kNameCode && !header) {
-            if (!section || !starts(kHeader)) return {};
+            if (!section || !starts(kHeader)) return std::nullopt;
             header = true;
         } else if (code == kVariableCode && header) {
             armed = starts(kVersionVariable);
@@ -100,32 +100,33 @@ std::string ScanHeader(DxfPairs& pairs) {
             return value;
         }
     }
-    return {};
+    return std::nullopt;
 }
 
 }  // namespace
 
-std::optional<std::string> ReadDxfVersion(const std::string& path) {
+DrawingVersion ReadDxfVersion(const std::string& path) {
     DxfPairs pairs(path);
-    if (!pairs.IsOpen()) return std::nullopt;
-    return ScanHeader(pairs);
+    if (!pairs.IsOpen()) return {};
+    return {true, ScanHeader(pairs)};
 }
 
-std::optional<std::string> ReadDwgVersion(const std::string& path) {
+DrawingVersion ReadDwgVersion(const std::string& path) {
     HxFileIO file;
-    if (!file.Open(path, _O_RDONLY | _O_BINARY, 0666)) return std::nullopt;
+    if (!file.Open(path, _O_RDONLY | _O_BINARY, 0666)) return {};
     char start[kDwgStart];
     const int count = file.Read(start, kDwgStart);
-    if (count < static_cast<int>(kDwgCodeLength) || start[0] != 'A' || start[1] != 'C') return std::string();
-    return std::string(start, kDwgCodeLength).c_str();  // a NUL ends the code
+    if (count < static_cast<int>(kDwgCodeLength) || start[0] != 'A' || start[1] != 'C') return {true, std::nullopt};
+    start[kDwgCodeLength] = 0;  // a NUL before it ends the code too
+    return {true, std::string(start)};
 }
 
 std::string EmptyVersionLine() { return kVersionCaption; }
 
-std::string VersionLine(const std::optional<std::string>& version) {
-    if (!version) return "ファイルが見つかりません";
-    if (version->empty()) return EmptyVersionLine();
+std::string VersionLine(const DrawingVersion& version) {
+    if (!version.opened) return "ファイルが見つかりません";
+    if (!version.code) return EmptyVersionLine();
     const auto label = std::find_if(std::begin(kLabels), std::end(kLabels),
-                                    [&](const VersionLabel& candidate) { return candidate.code == *version; });
-    return kVersionCaption + *version + (label == std::end(kLabels) ? kUnknownLabel : label->label);
+                                    [&](const VersionLabel& candidate) { return candidate.code == *version.code; });
+    return kVersionCaption + *version.code + (label == std::end(kLabels) ? kUnknownLabel : label->label);
 }

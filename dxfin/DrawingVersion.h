@@ -4,12 +4,16 @@
 #include <optional>
 #include <string>
 
-// The version code of a file, such as "AC1015"; empty when the file has none where one is looked for. Nothing when the
-// file cannot be opened. path: internal form.
-std::optional<std::string> ReadDxfVersion(const std::string& path);
-std::optional<std::string> ReadDwgVersion(const std::string& path);
+struct DrawingVersion {
+    bool opened = false;
+    std::optional<std::string> code;  // such as "AC1015"; none when the file has none where one is looked for
+};
+
+// path: internal form.
+DrawingVersion ReadDxfVersion(const std::string& path);
+DrawingVersion ReadDwgVersion(const std::string& path);
 
 // The line that tells the version: the code with its label, or that there is no such file.
-std::string VersionLine(const std::optional<std::string>& version);
+std::string VersionLine(const DrawingVersion& version);
 // The line while no file is chosen.
 std::string EmptyVersionLine();

@@ -90,7 +90,10 @@ void KrDxfIn::BindControls() {
 
     dataType_.OnChosen([this](int) { DataTypeChosen(); });
     mode_.OnChosen([this](int) { ModeChosen(); });
-    matrix_.OnChosen([this](int index) { pictureMatrix_ = index == 0; });
+    matrix_.OnChosen([this](int index) {
+        fileLabel_.Flat();
+        pictureMatrix_ = index == 0;
+    });
     media_.OnChosen([this](int) { MediaChosen(); });
     On(kPictureEdit, EN_CHANGE, &KrDxfIn::PictureEditChanged);
     BindFocus(kScaleEdit, [this](bool gained) {
@@ -154,7 +157,7 @@ const char* KrDxfIn::Key() const { return IsFloppy() ? "#FLOPPY_WIN#" : drawing_
 
 kiro::ui::FileNameField::Chooser KrDxfIn::FileChooser() const {
     if (IsShape()) return {"#DXF:SHAPE#", IsFloppy(), "シェイプファイル", kKrChooseExisting};
-    return {IsFloppy() ? drawing_.key : Key(), IsFloppy(), drawing_.comment, kKrChooseExisting};
+    return {Key(), IsFloppy(), drawing_.comment, kKrChooseExisting};
 }
 
 // ---- Handlers ----
@@ -238,8 +241,10 @@ void KrDxfIn::MediaChosen() {
 void KrDxfIn::RefreshVersion() {
     fileLabel_.Flat();
     const std::string path = KrInternalPath(Utility(), Key(), file_.Name());
-    std::optional<std::string> version;
+    DrawingVersion version;
+    const HCURSOR previous = SetCursor(LoadCursorW(nullptr, IDC_WAIT));  // a drawing on a slow share takes its time
     if (!path.empty()) version = isDwg_ ? ReadDwgVersion(path) : ReadDxfVersion(path);
+    SetCursor(previous);
     Item<kiro::ui::Window>(kVersionText).SetText(VersionLine(version));
 }
 
@@ -303,13 +308,19 @@ void KrDxfIn::HelpZoneChanged(int zone) {
 
 void KrDxfIn::OnOk() {
     fileLabel_.Flat();
+    NormaliseAll();
+    file_.Normalise();
     Result result;
     if (!CheckPicture(result) || !CheckScale(result) || !CheckFile(result) || !CheckSubModel(result) ||
         !CheckTable(result) || !AgreesToLoseModel()) {
         return;
     }
     WriteBack(result);
-    file_.Remember(Key());
+    try {
+        file_.Remember(Key());
+    } catch (...) {
+        // The record is written: what remains is confirmed also when there is no memory for a list.
+    }
     End(IDOK);
 }
 
@@ -331,7 +342,8 @@ bool KrDxfIn::CheckScale(Result& result) {
     const std::string text = Item<kiro::ui::Edit>(kScaleEdit).Text().value_or(std::string());
     const bool valid =
         Utility().CheckScale(text.c_str(), &result.scale) && result.scale > kScaleAbove && result.scale < kScaleBelow;
-    return valid || Refuse("無効な倍率です", kScaleEdit);
+    // A model that is added to has the scale of its picture; the scale's own field takes no focus then.
+    return valid || Refuse("無効な倍率です", IsAddMode() ? kPictureEdit : kScaleEdit);
 }
 
 bool KrDxfIn::CheckFile(Result& result) {
@@ -347,7 +359,7 @@ bool KrDxfIn::CheckFile(Result& result) {
         return false;
     }
     if (!Utility().CheckInputFile(file_.Name().c_str())) {
-        file_.Forget(Key());
+        file_.Forget();
         FocusTo(kFileNameEdit);
         return false;
     }
@@ -376,8 +388,11 @@ bool KrDxfIn::CheckTable(Result& result) {
     if (!table) return false;
     if (table->empty()) return true;
     result.layerTable = KrInternalPath(Utility(), kTableKey, *table);
-    return (!result.layerTable.empty() && FitsFixedText(info_.layerTableFileName, result.layerTable)) ||
-           Refuse("レイヤ変換テーブルのファイル名が無効です", kTableBrowseButton);
+    if (!result.layerTable.empty() && FitsFixedText(info_.layerTableFileName, result.layerTable)) return true;
+    if (*table != layerTable_) return Refuse("レイヤ変換テーブルのファイル名が無効です", kTableBrowseButton);
+    // No name at all, but none of this dialog's choice: the host gets back what it gave.
+    result.layerTable = ReadFixedText(info_.layerTableFileName);
+    return true;
 }
 
 bool KrDxfIn::AgreesToLoseModel() {

@@ -44,6 +44,7 @@ Dialog::~Dialog() { Destroy(); }
 
 INT_PTR Dialog::DoModal(HWND owner) {
     modal_ = true;
+    ended_ = false;
     return DialogBoxParamW(ResourceModule(), MAKEINTRESOURCEW(templateId_), owner, &Dialog::Procedure,
                            reinterpret_cast<LPARAM>(this));
 }
@@ -75,7 +76,9 @@ void Dialog::Guide(std::initializer_list<GuidanceText> texts) {
 }
 
 void Dialog::End(INT_PTR result) {
-    if (modal_) EndDialog(handle_, result);
+    if (!modal_ || ended_) return;
+    ended_ = true;
+    EndDialog(handle_, result);
 }
 
 void Dialog::FocusTo(int controlId) const {
@@ -139,7 +142,7 @@ void Dialog::Initialise() {
 }
 
 INT_PTR Dialog::Command(int controlId, int notification, HWND control) {
-    if (loading_ > 0) return FALSE;
+    if (loading_ > 0 || ended_) return FALSE;
     const FocusEvent event = control ? FocusEventOf(control, notification) : FocusEvent::kNone;
     if (event != FocusEvent::kNone) FocusChanged(controlId, event == FocusEvent::kGained);
     bool handled = event != FocusEvent::kNone;

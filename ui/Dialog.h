@@ -81,7 +81,8 @@ class Dialog {
     }
     void Guide(std::initializer_list<GuidanceText> texts);
 
-    void End(INT_PTR result);  // ends a modal dialog
+    // Ends a modal dialog. Nothing that happens to its controls afterwards runs a handler, and the first result stands.
+    void End(INT_PTR result);
     void FocusTo(int controlId) const;
 
     // The text of a control. When code page 932 cannot hold it, the user is told which character it is, the focus goes
@@ -127,6 +128,7 @@ class Dialog {
     int templateId_;
     HWND handle_ = nullptr;
     bool modal_ = false;
+    bool ended_ = false;
     int loading_ = 0;
     std::vector<CommandBinding> commands_;
     std::vector<MessageBinding> messages_;

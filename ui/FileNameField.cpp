@@ -59,17 +59,21 @@ void FileNameField::OnFocus(bool gained) {
         NameEdit().SelectAll();
         return;
     }
-    const auto text = NameEdit().Text();
-    if (!text) {
+    Normalise();
+    if (!NameEdit().Text()) {
         cleared_();
-        return;
-    }
-    const std::string normal = KrEdited(utility_, *text, &KrUtility::KillFocus);
-    if (normal.empty() || normal == kAnyName) {
+    } else if (name_.empty() || name_ == kAnyName) {
         Clear();
     } else {
-        SetName(normal);
+        nameSet_();
     }
+}
+
+void FileNameField::Normalise() {
+    const auto text = NameEdit().Text();
+    if (!entered_ || !text) return;
+    name_ = KrEdited(utility_, *text, &KrUtility::KillFocus);
+    if (name_ != *text) Show(name_);
 }
 
 void FileNameField::OnChange() {
@@ -83,6 +87,7 @@ void FileNameField::OnRecentChosen(int index) {
     if (name.empty()) return;
     utility_.SetFilePath(&recentNames_, name.c_str(), RecentHandle(), recentMax_);
     SetName(name);
+    dialog_.FocusTo(controls_.edit);
 }
 
 void FileNameField::Browse() {
@@ -123,9 +128,6 @@ void FileNameField::Remember(const char* key) {
     utility_.SetUsedFile(key, kKrUsedFiles, &recentNames_, &recentMax_);
 }
 
-void FileNameField::Forget(const char* key) {
-    utility_.DelFilePath(&recentNames_, name_.c_str(), RecentHandle(), recentMax_);
-    utility_.SetUsedFile(key, kKrUsedFiles, &recentNames_, &recentMax_);
-}
+void FileNameField::Forget() { utility_.DelFilePath(&recentNames_, name_.c_str(), RecentHandle(), recentMax_); }
 
 }  // namespace kiro::ui

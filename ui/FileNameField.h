@@ -37,6 +37,9 @@ class FileNameField {
 
     const std::string& Name() const { return name_; }
     bool IsPattern() const { return name_.find_first_of("*?") != std::string::npos; }
+    // The name as it is when the edit has lost the focus; call it when the dialog is confirmed, which the Enter key
+    // does without moving the focus.
+    void Normalise();
     // False after a refusal of a character that code page 932 cannot hold.
     bool Readable(const std::string& caption);
 
@@ -46,7 +49,7 @@ class FileNameField {
     void LoadRecent(const char* key);
     void ClearRecent(const char* key);
     void Remember(const char* key);  // the name moves to the top and the list is saved
-    void Forget(const char* key);    // the name is taken off the list
+    void Forget();                   // the name is taken off the list, which is saved with the next Remember
 
   private:
     void OnFocus(bool gained);

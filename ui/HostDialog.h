@@ -2,6 +2,8 @@
 #pragma once
 
 #include <new>
+#include <string>
+#include <vector>
 
 #include "entry/host/KrUtility.h"
 #include "ui/Dialog.h"
@@ -27,17 +29,27 @@ class HostDialog : public Dialog {
     // What becomes of an edit's text when it loses the focus. A text that code page 932 cannot hold stays; it is
     // refused when the dialog is confirmed.
     void NormaliseOnKillFocus(int editId) {
+        normalised_.push_back(editId);
         BindFocus(editId, [this, editId](bool gained) {
-            const Edit edit = Item<Edit>(editId);
-            const auto text = edit.Text();
-            if (gained || !text) return;
-            const std::string normal = KrEdited(*utility_, *text, &KrUtility::KillFocus);
-            if (normal != *text) edit.SetText(normal);
+            if (!gained) Normalise(editId);
         });
+    }
+    // The Enter key confirms a dialog without taking the focus from the edit: call this first when it is confirmed.
+    void NormaliseAll() const {
+        for (const int editId : normalised_) Normalise(editId);
     }
 
   private:
+    void Normalise(int editId) const {
+        const Edit edit = Item<Edit>(editId);
+        const auto text = edit.Text();
+        if (!text) return;
+        const std::string normal = KrEdited(*utility_, *text, &KrUtility::KillFocus);
+        if (normal != *text) edit.SetText(normal);
+    }
+
     KrUtilityPtr utility_;
+    std::vector<int> normalised_;
 };
 
 }  // namespace kiro::ui

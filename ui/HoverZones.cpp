@@ -13,8 +13,16 @@ HoverZones::HoverZones(Dialog& dialog, std::initializer_list<int> staticIds, std
     dialog.BindMessage(WM_MOUSEMOVE, follow);
     // The dialog gets no mouse move while the mouse is over one of its controls, but it is asked for the cursor.
     dialog.BindMessage(WM_SETCURSOR, follow);
-    dialog.BindMessage(WM_MOUSELEAVE, [this](WPARAM, LPARAM) -> std::optional<INT_PTR> {
-        Follow();
+    dialog.BindMessage(WM_MOUSELEAVE, follow);
+    // Nothing is explained at a place where it no longer is, or in a dialog that is not worked with.
+    const auto leave = [this](WPARAM, LPARAM) -> std::optional<INT_PTR> {
+        Leave();
+        return std::nullopt;
+    };
+    dialog.BindMessage(WM_MOVE, leave);
+    dialog.BindMessage(WM_ENABLE, leave);
+    dialog.BindMessage(WM_ACTIVATE, [this](WPARAM wParam, LPARAM) -> std::optional<INT_PTR> {
+        if (LOWORD(wParam) == WA_INACTIVE) Leave();
         return std::nullopt;
     });
 }
@@ -43,7 +51,10 @@ void HoverZones::MoveTo(int index) {
 
 int HoverZones::Under(POINT screenPoint) const {
     // Something else may lie over the zone: a message box, a nested dialog, another program.
-    if (WindowFromPoint(screenPoint) != dialog_.Handle() || !IsWindowEnabled(dialog_.Handle())) return -1;
+    if (WindowFromPoint(screenPoint) != dialog_.Handle() || !IsWindowEnabled(dialog_.Handle()) ||
+        GetActiveWindow() != dialog_.Handle()) {
+        return -1;
+    }
     ScreenToClient(dialog_.Handle(), &screenPoint);
     for (std::size_t i = 0; i < staticIds_.size(); ++i) {
         const RECT zone = Zone(static_cast<int>(i));

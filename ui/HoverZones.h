@@ -19,6 +19,7 @@ class HoverZones {
 
   private:
     void Follow();
+    void Leave() { MoveTo(-1); }
     void MoveTo(int index);
     int Under(POINT screenPoint) const;
 

@@ -47,7 +47,7 @@ std::optional<LRESULT> MenuLabel::OnLabelMessage(UINT message) {
             return std::nullopt;
         }
         case WM_MOUSELEAVE:
-            Flat();
+            if (state_ != State::kPressed) Flat();
             return std::nullopt;
         case WM_LBUTTONDOWN:
         case WM_RBUTTONDOWN:

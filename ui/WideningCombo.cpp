@@ -10,8 +10,8 @@ namespace {
 void Place(HWND combo, LONG left, LONG top, LONG width) {
     RECT dropped{};
     SendMessageW(combo, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped));
-    // Above the edit, which it covers while it is wide.
-    SetWindowPos(combo, HWND_TOP, left, top, width, dropped.bottom - dropped.top, SWP_NOACTIVATE);
+    // The order of the windows is that of the Tab key: it stays.
+    SetWindowPos(combo, nullptr, left, top, width, dropped.bottom - dropped.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace
@@ -21,11 +21,16 @@ WideningCombo::WideningCombo(Dialog& dialog, int comboId, int editId, std::funct
     dialog.BindMessage(WM_INITDIALOG, [this](WPARAM, LPARAM) -> std::optional<INT_PTR> {
         // As wide as its arrow: of the selected entry not even a first stroke shows beside the edit.
         const RECT rect = Combo().RectInParent();
-        Place(Combo().Handle(), rect.left, rect.top, GetSystemMetrics(SM_CXVSCROLL) + 2 * GetSystemMetrics(SM_CXEDGE));
+        const UINT dpi = GetDpiForWindow(Combo().Handle());
+        const int arrow = GetSystemMetricsForDpi(SM_CXVSCROLL, dpi) + 2 * GetSystemMetricsForDpi(SM_CXEDGE, dpi);
+        Place(Combo().Handle(), rect.left, rect.top, arrow);
         return std::nullopt;
     });
     dialog.BindFocus(comboId, [this](bool gained) { gained ? Widen() : Restore(); });
-    dialog.Bind(comboId, CBN_DROPDOWN, [this] { moved_ = accepted_ = false; });
+    dialog.Bind(comboId, CBN_DROPDOWN, [this] {
+        moved_ = accepted_ = false;
+        before_ = Combo().GetCurSel();
+    });
     dialog.Bind(comboId, CBN_SELCHANGE, [this] { OnSelChange(); });
     dialog.Bind(comboId, CBN_SELENDOK, [this] { accepted_ = true; });
     dialog.Bind(comboId, CBN_CLOSEUP, [this] { OnCloseUp(); });
@@ -43,6 +48,7 @@ void WideningCombo::OnSelChange() {
 
 void WideningCombo::OnCloseUp() {
     if (moved_ && accepted_) Choose();
+    if (moved_ && !accepted_) Combo().SetCurSel(before_);
     moved_ = accepted_ = false;
 }
 
@@ -57,13 +63,15 @@ void WideningCombo::Widen() {
     narrow_ = Combo().RectInParent();
     const RECT edit = dialog_.Item<Window>(editId_).RectInParent();
     Place(Combo().Handle(), edit.left, narrow_.top, narrow_.right - edit.left);
+    // The edit lies above the combo. With nothing of it left to see or to click, the combo shows whole.
+    SetWindowRgn(dialog_.Item<Window>(editId_).Handle(), CreateRectRgn(0, 0, 0, 0), TRUE);
 }
 
 void WideningCombo::Restore() {
     if (!wide_) return;
     wide_ = false;
     Place(Combo().Handle(), narrow_.left, narrow_.top, narrow_.right - narrow_.left);
-    InvalidateRect(dialog_.Item<Window>(editId_).Handle(), nullptr, TRUE);
+    SetWindowRgn(dialog_.Item<Window>(editId_).Handle(), nullptr, TRUE);
 }
 
 }  // namespace kiro::ui

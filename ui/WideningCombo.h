@@ -29,6 +29,7 @@ class WideningCombo {
     std::function<void(int)> chosen_;
     RECT narrow_{};
     bool wide_ = false;
+    int before_ = -1;        // what was selected when the list opened
     bool moved_ = false;     // the selection moved while the list was open
     bool accepted_ = false;  // and the list was closed on it
 };

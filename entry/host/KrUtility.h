@@ -132,8 +132,12 @@ class KrTextList final : public KrStringList {
   public:
     int GetCount() const override { return static_cast<int>(texts_.size()); }
     const char* GetAt(int index) const override { return Has(index) ? texts_[Slot(index)].c_str() : ""; }
-    void InsertAt(int index, const char* text) override {
-        if (index == GetCount() || Has(index)) texts_.insert(texts_.begin() + index, text);
+    // The host calls this: without memory the text is left out, for nothing may be thrown through the host.
+    void InsertAt(int index, const char* text) noexcept override {
+        try {
+            if (index == GetCount() || Has(index)) texts_.insert(texts_.begin() + index, text);
+        } catch (...) {
+        }
     }
     void RemoveAt(int index) override {
         if (Has(index)) texts_.erase(texts_.begin() + index);

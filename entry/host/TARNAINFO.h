@@ -26,7 +26,7 @@ struct TarnaImportView {
     std::int32_t reserved28;
     double scale;                  // above 1e-6 and below 1e6
     char inputFileName[257];       // internal path form
-    char subModelName[257];        // EUC, at most 26 bytes of text
+    char subModelName[257];        // EUC; at most 26 bytes as Shift-JIS
     char layerTableFileName[257];  // in: the table used last; out: the chosen one, internal form for "#DXF:TABLE#"
     char password[129];            // Shift-JIS, as typed, at most 128 bytes of text
     char reserved940[132];

@@ -195,6 +195,6 @@ TEST_F(Entry, BringsItsControlStyleForTheCallAlone) {
 
 TEST_F(Entry, WorksWithoutAMainWindow) {
     KiroHostSetMainWindow(nullptr);
-    EXPECT_FALSE(RunSettings([&] { return DxfWarningDialog(2); }, IDYES).result);
+    EXPECT_FALSE(Drive([] { return DxfWarningDialog(1); }, [&] { Click(Settle(), IDCANCEL); }));
     EXPECT_FALSE(Drive([&] { return DxfLineTypeDialog(values); }, [&] { Click(Settle(), IDCANCEL); }));
 }

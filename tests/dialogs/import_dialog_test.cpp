@@ -51,6 +51,32 @@ class ImportDialog : public TestHost {
         return Text(dialog, kVersionText);
     }
 
+    // The upper edge of the frame around the label.
+    static RECT LabelFrame(HWND dialog) {
+        RECT rect{};
+        GetWindowRect(Control(dialog, kFileNameLabel), &rect);
+        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
+        return {rect.left, rect.top - 4, rect.right, rect.top - 3};
+    }
+    // Whether a point of a control is painted in the colour.
+    static bool HasColor(HWND dialog, int id, COLORREF color) {
+        const HWND control = Control(dialog, id);
+        RECT rect{};
+        GetWindowRect(control, &rect);
+        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
+        return HasColor(dialog, rect, color);
+    }
+    static bool HasColor(HWND window, const RECT& rect, COLORREF color) {
+        RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        const HDC dc = GetDC(window);
+        bool found = false;
+        for (int y = rect.top; y < rect.bottom && !found; ++y) {
+            for (int x = rect.left; x < rect.right && !found; ++x) found = GetPixel(dc, x, y) == color;
+        }
+        ReleaseDC(window, dc);
+        return found;
+    }
+
     // The first line of the one explanation that is open; empty while one goes and another comes.
     static std::wstring FirstLineOfPopup(HWND dialog) {
         try {
@@ -94,10 +120,12 @@ TEST_F(ImportDialog, StartsAsTheCommandSays) {
             EXPECT_EQ(L"1", pictures[256]);
             EXPECT_EQ(L"256", pictures.back());
             EXPECT_EQ(256, Picked(dialog, kPictureCombo));
-            const auto scales = Items(dialog, kScaleCombo);
-            ASSERT_EQ(30u, scales.size());
-            EXPECT_EQ(L"1/1000", scales[19]);
-            EXPECT_EQ(L"100", scales.back());
+            EXPECT_EQ(
+                (std::vector<std::wstring>{
+                    L"1",    L"1/2",  L"1/3",  L"1/4",  L"1/5",   L"1/6",   L"1/8",   L"1/10",  L"1/20",  L"1/30",
+                    L"1/40", L"1/50", L"1/60", L"1/80", L"1/100", L"1/200", L"1/300", L"1/400", L"1/500", L"1/1000",
+                    L"2",    L"3",    L"4",    L"5",    L"10",    L"20",    L"30",    L"40",    L"50",    L"100"}),
+                Items(dialog, kScaleCombo));
         });
     }
 }
@@ -116,6 +144,8 @@ TEST_F(ImportDialog, GuidanceFollowsTheFocus) {
             Focus(dialog, row.id);
             EXPECT_EQ(row.text, Guidance(dialog));
             EXPECT_FALSE(IsGuidanceError(dialog));
+            Focus(dialog, kDrawingRadio);
+            EXPECT_EQ(L"", Guidance(dialog));
         }
     });
 }
@@ -196,8 +226,63 @@ TEST_F(ImportDialog, CombosReachOverTheirEditsWhileTheyHaveTheFocus) {
     });
 }
 
+TEST_F(ImportDialog, ListsTakeTheKeyboard) {
+    Look([&](HWND dialog) {
+        // Walking through the open list decides nothing; Enter does, Esc does not.
+        for (const auto& [end, text] : {std::pair(VK_ESCAPE, L"1"), std::pair(VK_RETURN, L"1/3")}) {
+            Focus(dialog, kScaleCombo);
+            Key(VK_F4);
+            Until("the open list",
+                  [&] { return SendMessageW(Control(dialog, kScaleCombo), CB_GETDROPPEDSTATE, 0, 0) != 0; });
+            Key(VK_DOWN);
+            Key(VK_DOWN);
+            EXPECT_EQ(L"1", Text(dialog, kScaleEdit));
+            Key(static_cast<WORD>(end));
+            EXPECT_EQ(dialog, Settle());
+            EXPECT_EQ(text, Text(dialog, kScaleEdit));
+            Focus(dialog, kSubModelEdit);
+        }
+    });
+}
+
+TEST_F(ImportDialog, EnterTakesTheTextsAsTheyAreWhenTheFocusLeaves) {
+    Write(L"DXF\\a.dxf", TextDxf("AC1015"));
+    EXPECT_EQ(0, Run([&](HWND dialog) {
+                  Type(dialog, kPictureEdit, L" 5");
+                  Focus(dialog, kFileNameEdit);
+                  Type(dialog, kFileNameEdit, L" a.dxf　");
+                  Key(VK_RETURN);
+              }));
+    EXPECT_EQ(5, record.info.input.pictureNumber);
+    EXPECT_TRUE(std::string(record.info.input.inputFileName).ends_with("/DXF/a.dxf"));
+}
+
+TEST_F(ImportDialog, ChoosersListTheRightFiles) {
+    const auto filter = [](HWND dialog, int button) {
+        Click(dialog, button);
+        const HWND chooser = Settle();
+        const std::wstring text = Text(chooser, 0x470);  // the system chooser's list of file types
+        Click(chooser, IDCANCEL);
+        EXPECT_EQ(dialog, Settle());
+        return text;
+    };
+    Look([&](HWND dialog) {
+        EXPECT_EQ(0u, filter(dialog, kBrowseButton).find(L"ＤＸＦファイル"));
+        EXPECT_NE(std::wstring::npos,
+                  filter(dialog, kTableBrowseButton).find(L"レイヤ変換テーブルファイル (DXFKIRO_LAYER*)"));
+        Click(dialog, kShapeRadio);
+        EXPECT_EQ(0u, filter(dialog, kBrowseButton).find(L"シェイプファイル"));
+        EXPECT_TRUE(std::filesystem::exists(home / L"DXF\\SHAPE"));
+        Click(dialog, kDrawingRadio);
+        Click(dialog, kFloppyRadio);
+        filter(dialog, kBrowseButton);
+        EXPECT_TRUE(std::filesystem::exists(home / L"FLOPPY_WIN"));
+    });
+}
+
 TEST_F(ImportDialog, PlaceholderStandsWhileNoNameIsEntered) {
     Look([&](HWND dialog) {
+        EXPECT_TRUE(HasColor(dialog, kFileNameEdit, RGB(0x80, 0x80, 0x80)));
         Focus(dialog, kFileNameEdit);
         EXPECT_EQ(L"*", Text(dialog, kFileNameEdit));
         Focus(dialog, kSubModelEdit);
@@ -210,6 +295,7 @@ TEST_F(ImportDialog, PlaceholderStandsWhileNoNameIsEntered) {
         EXPECT_EQ(L"ファイルバージョン：", Text(dialog, kVersionText));
         GiveDrawing(dialog);
         EXPECT_EQ(L"ファイルバージョン：AC1015(2000)", Text(dialog, kVersionText));
+        EXPECT_FALSE(HasColor(dialog, kFileNameEdit, RGB(0x80, 0x80, 0x80)));
         Click(dialog, kShapeRadio);  // another type: another file
         EXPECT_EQ(kPlaceholder, Text(dialog, kFileNameEdit));
         EXPECT_EQ(L"ファイルバージョン：", Text(dialog, kVersionText));
@@ -277,7 +363,7 @@ TEST_F(ImportDialog, RefusesBadEntriesInScreenOrder) {
     Look([&](HWND dialog) {
         // Everything is wrong; each refusal is for the first that is left.
         Type(dialog, kScaleEdit, L"1/0");
-        Type(dialog, kSubModelEdit, L"123456789012345678901234567");
+        Type(dialog, kSubModelEdit, std::wstring(27, L'x'));
         for (const wchar_t* text : {L"0", L"257", L"-257", L"", L"１", L"1x", L"99999999999"}) {
             Type(dialog, kPictureEdit, text);
             ExpectRefusal(dialog, picture, kPictureEdit);
@@ -289,12 +375,61 @@ TEST_F(ImportDialog, RefusesBadEntriesInScreenOrder) {
         }
         Type(dialog, kScaleEdit, L"1/1000");
         GiveDrawing(dialog);
+        ExpectRefusal(dialog, L"サブモデル名が長すぎます（最大半角２６文字）", kSubModelEdit);
         Type(dialog, kSubModelEdit, L"ＡＢＣＤＥＦＧＨＩＪＫＬＭＮ");  // 14 characters, 28 bytes
         ExpectRefusal(dialog, L"サブモデル名が長すぎます（最大半角２６文字）", kSubModelEdit);
         Type(dialog, kSubModelEdit, L" 　");
         ExpectRefusal(dialog, L"サブモデル名が入力されていません", kSubModelEdit);
         Type(dialog, kSubModelEdit, L"A*B");
         ExpectRefusal(dialog, L"サブモデル名に無効な文字が入力されています", kSubModelEdit);
+    });
+    // The caption of the refusals is the same when DWG files are read.
+    record.info.input.inputIsDwg = 1;
+    Look([&](HWND dialog) {
+        Type(dialog, kPictureEdit, L"0");
+        ExpectRefusal(dialog, picture, kPictureEdit);
+    });
+}
+
+TEST_F(ImportDialog, AcceptsTheLimits) {
+    for (const auto& [picture, scale] : {std::pair(L"-256", L"0.0000011"), std::pair(L"256", L"999999")}) {
+        EXPECT_EQ(0, Run([&](HWND dialog) {
+                      Type(dialog, kPictureEdit, picture);
+                      Type(dialog, kScaleEdit, scale);
+                      GiveDrawing(dialog);
+                      Type(dialog, kSubModelEdit, std::wstring(26, L'x'));
+                      Click(dialog, IDOK);
+                  }));
+        EXPECT_STREQ(std::string(26, 'x').c_str(), record.info.input.subModelName);
+        EXPECT_EQ(picture, std::to_wstring(record.info.input.pictureNumber));
+    }
+    const std::pair<int, std::size_t> limits[] = {
+        {kPictureEdit, 12}, {kScaleEdit, 20}, {kSubModelEdit, 26}, {kFileNameEdit, 255}};
+    Look([&](HWND dialog) {
+        for (const auto& [edit, limit] : limits) {
+            Focus(dialog, edit);
+            Type(dialog, edit, L"");
+            TypeKeys(dialog, edit, std::wstring(limit + 1, L'1'));
+            EXPECT_EQ(limit, Text(dialog, edit).size()) << edit;
+        }
+    });
+}
+
+TEST_F(ImportDialog, TabKeyFollowsTheEye) {
+    Look([&](HWND) {
+        EXPECT_EQ(kDrawingRadio, FocusId());
+        std::vector<int> stops;
+        for (int i = 0; i < 40 && (stops.empty() || FocusId() != kDrawingRadio); ++i) {
+            stops.push_back(FocusId());
+            const HWND before = FocusWindow();
+            Key(VK_TAB);
+            Until("the next stop", [&] { return FocusWindow() != before; });
+        }
+        EXPECT_EQ(
+            (std::vector<int>{kDrawingRadio, kNewRadio, kPictureEdit, kPictureCombo, kScaleEdit, kScaleCombo,
+                              kDiskRadio, kFileNameEdit, kRecentCombo, kBrowseButton, kSubModelEdit, kTableEdit,
+                              kTableBrowseButton, kParametersButton, kAttributesButton, kBatchButton, IDOK, IDCANCEL}),
+            stops);
     });
 }
 
@@ -333,7 +468,7 @@ TEST_F(ImportDialog, RefusesFilesThatCannotBeRead) {
             Click(dialog, IDOK);
             const Box box = ReadBox();
             EXPECT_EQ(static_cast<UINT>(MB_ICONWARNING), box.icon);
-            texts.push_back(box.text);
+            texts.push_back(box.text.substr(box.text.find(L"\n\n")));  // behind the file's name
             Answer(box, IDOK);
             EXPECT_EQ(dialog, Settle());
             EXPECT_EQ(kFileNameEdit, FocusId());
@@ -485,11 +620,18 @@ TEST_F(ImportDialog, RecentFilesLastAcrossCalls) {
         Click(dialog, kFloppyRadio);  // a list of its own
         EXPECT_TRUE(Items(dialog, kRecentCombo).empty());
         Click(dialog, kDiskRadio);
-        EXPECT_EQ(1u, Items(dialog, kRecentCombo).size());
+        EXPECT_EQ(2u, Items(dialog, kRecentCombo).size());  // as kept: nothing has been confirmed
+        RECT frame = LabelFrame(dialog);
+        EXPECT_FALSE(HasColor(dialog, frame, RGB(0, 0, 0)));
         MoveMouse(Centre(Control(dialog, kFileNameLabel)));
+        Until("the raised frame", [&] { return HasColor(dialog, frame, RGB(0xE0, 0xE0, 0xE0)); });
+        EXPECT_FALSE(HasColor(dialog, frame, RGB(0, 0, 0)));
         MouseDown();
         MouseUp();
-        EXPECT_EQ(std::vector<std::wstring>{L"一覧クリア"}, MenuItems(OpenMenu()));
+        const HWND menu = OpenMenu();
+        EXPECT_EQ(std::vector<std::wstring>{L"一覧クリア"}, MenuItems(menu));
+        MoveMouse(Centre(menu));
+        Until("the sunken frame", [&] { return HasColor(dialog, frame, RGB(0, 0, 0)); });
         PickMenu(0);
         Settle();
         EXPECT_TRUE(Items(dialog, kRecentCombo).empty());
@@ -526,6 +668,17 @@ TEST_F(ImportDialog, ExplanationsFollowTheMouse) {
                               : row.side == Side::kRight  ? zone.right - width
                                                           : zone.left - width;
             EXPECT_EQ(left, place.left);
+            EXPECT_TRUE(HasColor(popup, {20, 2, 21, 3}, 0x00FFFFF0));
+            EXPECT_TRUE(HasColor(popup, {0, 0, width, 40}, 0x00FFFFF0));
+            const HRGN shape = CreateRectRgn(0, 0, 0, 0);
+            GetWindowRgn(popup, shape);
+            const LONG right = width - 1, bottom = place.bottom - place.top - 1;
+            for (const auto& [x, y] :
+                 {std::pair(0L, 0L), std::pair(right, 0L), std::pair(0L, bottom), std::pair(right, bottom)}) {
+                EXPECT_FALSE(PtInRegion(shape, x, y)) << "the corners are round";
+            }
+            EXPECT_TRUE(PtInRegion(shape, width / 2, 1) && PtInRegion(shape, 1, bottom / 2));
+            DeleteObject(shape);
             GUITHREADINFO thread{};
             thread.cbSize = sizeof thread;
             GetGUIThreadInfo(UiThread(), &thread);
@@ -534,8 +687,15 @@ TEST_F(ImportDialog, ExplanationsFollowTheMouse) {
         }
         MoveMouse(Centre(Control(dialog, kSubModelEdit)));
         Until("no explanation", [&] { return Popups(dialog).empty(); });
-        MoveMouse(Centre(Control(dialog, kModeZone)));
-        Until("an explanation", [&] { return Popups(dialog).size() == 1; });
+        const auto hover = [&] {
+            MoveMouse(Centre(Control(dialog, kModeZone)));
+            Until("an explanation", [&] { return Popups(dialog).size() == 1; });
+        };
+        hover();
+        SetWindowPos(dialog, nullptr, 5, 5, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        Until("no explanation at the old place", [&] { return Popups(dialog).empty(); });
+        MoveMouse(Centre(Control(dialog, kSubModelEdit)));
+        hover();
         // Closed with the popup open: Look presses "取消".
     });
     EXPECT_TRUE(IsWindowEnabled(owner));
@@ -569,9 +729,12 @@ TEST_F(ImportDialog, SurvivesARecordOfRubbish) {
         EXPECT_LE(Text(dialog, kTableEdit).size(), 257u);
         Write(L"DWG\\a.dwg", "AC1015" + std::string(100, '\0'));
         GiveName(dialog, L"a.dwg");
-        Click(dialog, IDOK);  // the table's name is no name
-        Answer(ReadBox(), IDOK);
-        EXPECT_EQ(dialog, Settle());
     });
     EXPECT_TRUE(before == record);
+    // A table's name that is none goes back as it came.
+    EXPECT_EQ(0, Run([&](HWND dialog) {
+                  GiveName(dialog, L"a.dwg");
+                  Click(dialog, IDOK);
+              }));
+    EXPECT_EQ(0, std::memcmp(before.info.input.layerTableFileName, record.info.input.layerTableFileName, 257));
 }

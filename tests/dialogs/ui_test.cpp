@@ -22,6 +22,7 @@ class SampleDialog final : public kiro::ui::Dialog {
         radios.OnChosen([this](int index) { chosen.push_back(index); });
         Bind(kEdit, EN_CHANGE, [this] { ++changes; });
         Bind(kRun, BN_CLICKED, [this, run] { run(*this); });
+        BindFocus(kEdit, [this](bool gained) { focusLost += gained ? 0 : 1; });
     }
     void Fill(const char* text) {
         const Loading loading(*this);
@@ -30,6 +31,8 @@ class SampleDialog final : public kiro::ui::Dialog {
     RadioGroup radios;
     std::vector<int> chosen;
     int changes = 0;
+    int focusLost = 0;
+    using Dialog::End;
 
   private:
     void OnInit() override {
@@ -85,6 +88,23 @@ TEST_F(Ui, FillingAControlFiresNoHandler) {
 TEST_F(Ui, OutOfMemoryEndsTheDialogAsCancelled) {
     EXPECT_EQ(IDCANCEL, Run([](HWND dialog) { Click(dialog, kRun); }, [](SampleDialog&) { throw std::bad_alloc(); }));
     EXPECT_TRUE(IsWindowEnabled(owner));
+}
+
+TEST_F(Ui, NothingRunsAfterTheEnd) {
+    int lost = -1;
+    Run([&](HWND dialog) {
+        Focus(dialog, kEdit);
+        Key(VK_ESCAPE);  // hides the window, which takes the focus from the edit
+        Until("the end", [&] { return Settle() == nullptr; });
+        lost = sample->focusLost;
+    });
+    EXPECT_EQ(0, lost);
+    // The first result stands, also when the handler fails after it.
+    EXPECT_EQ(IDOK, Run([](HWND dialog) { Click(dialog, kRun); },
+                        [](SampleDialog& dialog) {
+                            dialog.End(IDOK);
+                            throw std::bad_alloc();
+                        }));
 }
 
 TEST_F(Ui, QuestionsAreYesOrNo) {
