@@ -228,6 +228,8 @@ class Bench {
     // A template of an explanation, shown over the dialog below the zone and destroyed; the dialog paints what it
     // covered.
     void ExplainBare(HWND dialog, HWND zone, int templateId) const {
+        ULONG_PTR cookie = 0;
+        ActivateActCtx(context_, &cookie);  // of the user's thread, which makes this popup
         RECT rect{};
         GetWindowRect(zone, &rect);
         const HWND popup = CreateDialogParamW(
@@ -238,6 +240,7 @@ class Bench {
         ShowWindow(popup, SW_SHOWNOACTIVATE);
         RedrawWindow(popup, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         DestroyWindow(popup);
+        DeactivateActCtx(0, cookie);
         RedrawWindow(dialog, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     }
     static void FillBare(HWND dialog) {
