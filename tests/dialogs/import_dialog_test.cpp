@@ -1,5 +1,8 @@
 // The import dialog as an operator meets it, up to the record that the host receives.
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 
 #include "entry/host/FixedText.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
@@ -338,6 +341,32 @@ TEST_F(ImportDialog, VersionLineOfDxfFiles) {
         std::filesystem::create_directories(home / L"DXF\\folder.dxf");
         EXPECT_EQ(L"ファイルが見つかりません", VersionOf(dialog, L"folder.dxf"));
     });
+}
+
+// Drawings of many programs, where a folder of them lies beside the project.
+TEST_F(ImportDialog, VersionLineOfRealDrawings) {
+    const std::filesystem::path folder = KIRO_SAMPLES;
+    std::ifstream list(folder / "manifest.tsv");
+    if (!list) GTEST_SKIP() << "no drawings beside the project";
+    std::string line;
+    std::getline(list, line);  // the columns' names
+    int drawings = 0;
+    while (std::getline(list, line)) {
+        std::vector<std::wstring> columns;
+        std::istringstream fields(line);
+        for (std::string field; std::getline(fields, field, '\t');) columns.emplace_back(field.begin(), field.end());
+        const std::wstring name = columns[0], version = columns[6] == L"none" ? L"" : columns[6];
+        record.info.input.inputIsDwg = name.ends_with(L".dwg");
+        const std::wstring type = name.ends_with(L".dwg") ? L"DWG" : L"DXF";
+        std::filesystem::copy_file(folder / name, home / type / name);
+        Look([&](HWND dialog) {
+            const std::wstring shown = VersionOf(dialog, name);
+            EXPECT_EQ(0u, shown.find(L"ファイルバージョン：" + version)) << line;
+            EXPECT_EQ(version.empty(), shown.ends_with(L"：")) << line;
+        });
+        ++drawings;
+    }
+    EXPECT_GT(drawings, 0);
 }
 
 TEST_F(ImportDialog, VersionLineOfDwgFiles) {
