@@ -1,98 +1,16 @@
-// The import dialog as an operator meets it, up to the record that the host receives.
-#include <algorithm>
+// The import dialog's fields: what they show, what follows from what.
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
 #include "entry/host/FixedText.h"
-#include "resources/dxfin/KrDxfIn.ids.h"
-#include "tests/dialogs/TestHost.h"
+#include "tests/dialogs/ImportDialogTest.h"
 
 using namespace kiro::drive;
 
 namespace {
 
 constexpr wchar_t kPlaceholder[] = L"ファイル名を入力 または［参照］でファイルを選択";
-
-class ImportDialog : public TestHost {
-  protected:
-    // Runs the command. The user gets the open dialog and closes it.
-    int Run(const std::function<void(HWND dialog)>& user) {
-        return Drive([this] { return DxfInputDlg(&record.info); }, [&] { user(Settle()); });
-    }
-    // The same, closed with "取消" at the end.
-    void Look(const std::function<void(HWND dialog)>& user) {
-        EXPECT_EQ(1, Run([&](HWND dialog) {
-                      user(dialog);
-                      Click(dialog, IDCANCEL);
-                  }));
-    }
-    void GiveName(HWND dialog, const std::wstring& name) {
-        Focus(dialog, kFileNameEdit);
-        Type(dialog, kFileNameEdit, name);
-        Focus(dialog, kSubModelEdit);
-    }
-    // A drawing in the DXF folder, chosen by its name alone.
-    void GiveDrawing(HWND dialog) {
-        Write(L"DXF\\図面.dxf", TextDxf("AC1015"));
-        GiveName(dialog, L"図面.dxf");
-    }
-    // "処理開始" must be refused with this box and leave the focus there.
-    void ExpectRefusal(HWND dialog, const std::wstring& text, int focus) {
-        Click(dialog, IDOK);
-        const Box box = ReadBox();
-        EXPECT_EQ(L"ＤＸＦ読込み", box.caption);
-        EXPECT_EQ(text, box.text);
-        EXPECT_EQ(static_cast<UINT>(MB_ICONWARNING), box.icon);
-        EXPECT_EQ(std::vector<int>{IDOK}, box.buttons);
-        Answer(box, IDOK);
-        EXPECT_EQ(dialog, Settle()) << "closed after a refusal";
-        EXPECT_EQ(focus, FocusId());
-    }
-    std::wstring VersionOf(HWND dialog, const std::wstring& name) {
-        GiveName(dialog, name);
-        return Text(dialog, kVersionText);
-    }
-
-    // The upper edge of the frame around the label.
-    static RECT LabelFrame(HWND dialog) {
-        RECT rect{};
-        GetWindowRect(Control(dialog, kFileNameLabel), &rect);
-        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
-        return {rect.left, rect.top - 4, rect.right, rect.top - 3};
-    }
-    // Whether a point of a control is painted in the colour.
-    static bool HasColor(HWND dialog, int id, COLORREF color) {
-        const HWND control = Control(dialog, id);
-        RECT rect{};
-        GetWindowRect(control, &rect);
-        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
-        return HasColor(dialog, rect, color);
-    }
-    static bool HasColor(HWND window, const RECT& rect, COLORREF color) {
-        RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-        const HDC dc = GetDC(window);
-        bool found = false;
-        for (int y = rect.top; y < rect.bottom && !found; ++y) {
-            for (int x = rect.left; x < rect.right && !found; ++x) found = GetPixel(dc, x, y) == color;
-        }
-        ReleaseDC(window, dc);
-        return found;
-    }
-
-    // The first line of the one explanation that is open; empty while one goes and another comes.
-    static std::wstring FirstLineOfPopup(HWND dialog) {
-        try {
-            const auto popups = Popups(dialog);
-            const auto lines = popups.size() == 1 ? Lines(popups[0]) : std::vector<std::wstring>();
-            return lines.empty() ? std::wstring() : lines[0];
-        } catch (const Failure&) {
-            return {};
-        }
-    }
-
-    ImportRecord record;
-};
 
 }  // namespace
 
@@ -248,18 +166,6 @@ TEST_F(ImportDialog, ListsTakeTheKeyboard) {
     });
 }
 
-TEST_F(ImportDialog, EnterTakesTheTextsAsTheyAreWhenTheFocusLeaves) {
-    Write(L"DXF\\a.dxf", TextDxf("AC1015"));
-    EXPECT_EQ(0, Run([&](HWND dialog) {
-                  Type(dialog, kPictureEdit, L" 5");
-                  Focus(dialog, kFileNameEdit);
-                  Type(dialog, kFileNameEdit, L" a.dxf　");
-                  Key(VK_RETURN);
-              }));
-    EXPECT_EQ(5, record.info.input.pictureNumber);
-    EXPECT_TRUE(std::string(record.info.input.inputFileName).ends_with("/DXF/a.dxf"));
-}
-
 TEST_F(ImportDialog, ChoosersListTheRightFiles) {
     const auto filter = [](HWND dialog, int button) {
         Click(dialog, button);
@@ -387,63 +293,6 @@ TEST_F(ImportDialog, VersionLineOfDwgFiles) {
     });
 }
 
-TEST_F(ImportDialog, RefusesBadEntriesInScreenOrder) {
-    const std::wstring picture = L"無効なピクチャ番号です。（-256～-1、1～256）";
-    Look([&](HWND dialog) {
-        // Everything is wrong; each refusal is for the first that is left.
-        Type(dialog, kScaleEdit, L"1/0");
-        Type(dialog, kSubModelEdit, std::wstring(27, L'x'));
-        for (const wchar_t* text : {L"0", L"257", L"-257", L"", L"１", L"1x", L"99999999999"}) {
-            Type(dialog, kPictureEdit, text);
-            ExpectRefusal(dialog, picture, kPictureEdit);
-        }
-        Type(dialog, kPictureEdit, L"-1");
-        for (const wchar_t* text : {L"1/0", L"0.000001", L"1000000", L"1e6", L"", L"-1", L"nan"}) {
-            Type(dialog, kScaleEdit, text);
-            ExpectRefusal(dialog, L"無効な倍率です", kScaleEdit);
-        }
-        Type(dialog, kScaleEdit, L"1/1000");
-        GiveDrawing(dialog);
-        ExpectRefusal(dialog, L"サブモデル名が長すぎます（最大半角２６文字）", kSubModelEdit);
-        Type(dialog, kSubModelEdit, L"ＡＢＣＤＥＦＧＨＩＪＫＬＭＮ");  // 14 characters, 28 bytes
-        ExpectRefusal(dialog, L"サブモデル名が長すぎます（最大半角２６文字）", kSubModelEdit);
-        Type(dialog, kSubModelEdit, L" 　");
-        ExpectRefusal(dialog, L"サブモデル名が入力されていません", kSubModelEdit);
-        Type(dialog, kSubModelEdit, L"A*B");
-        ExpectRefusal(dialog, L"サブモデル名に無効な文字が入力されています", kSubModelEdit);
-    });
-    // The caption of the refusals is the same when DWG files are read.
-    record.info.input.inputIsDwg = 1;
-    Look([&](HWND dialog) {
-        Type(dialog, kPictureEdit, L"0");
-        ExpectRefusal(dialog, picture, kPictureEdit);
-    });
-}
-
-TEST_F(ImportDialog, AcceptsTheLimits) {
-    for (const auto& [picture, scale] : {std::pair(L"-256", L"0.0000011"), std::pair(L"256", L"999999")}) {
-        EXPECT_EQ(0, Run([&](HWND dialog) {
-                      Type(dialog, kPictureEdit, picture);
-                      Type(dialog, kScaleEdit, scale);
-                      GiveDrawing(dialog);
-                      Type(dialog, kSubModelEdit, std::wstring(26, L'x'));
-                      Click(dialog, IDOK);
-                  }));
-        EXPECT_STREQ(std::string(26, 'x').c_str(), record.info.input.subModelName);
-        EXPECT_EQ(picture, std::to_wstring(record.info.input.pictureNumber));
-    }
-    const std::pair<int, std::size_t> limits[] = {
-        {kPictureEdit, 12}, {kScaleEdit, 20}, {kSubModelEdit, 26}, {kFileNameEdit, 255}};
-    Look([&](HWND dialog) {
-        for (const auto& [edit, limit] : limits) {
-            Focus(dialog, edit);
-            Type(dialog, edit, L"");
-            TypeKeys(dialog, edit, std::wstring(limit + 1, L'1'));
-            EXPECT_EQ(limit, Text(dialog, edit).size()) << edit;
-        }
-    });
-}
-
 TEST_F(ImportDialog, TabKeyFollowsTheEye) {
     Look([&](HWND) {
         EXPECT_EQ(kDrawingRadio, FocusId());
@@ -460,212 +309,6 @@ TEST_F(ImportDialog, TabKeyFollowsTheEye) {
                               kTableBrowseButton, kParametersButton, kAttributesButton, kBatchButton, IDOK, IDCANCEL}),
             stops);
     });
-}
-
-TEST_F(ImportDialog, RefusesCharactersThatCannotBeStored) {
-    const ImportRecord before = record;
-    Look([&](HWND dialog) {
-        GiveName(dialog, L"図\xD842\xDF9F.dxf");  // a character beyond code page 932
-        Click(dialog, IDOK);
-        const Box box = ReadBox();
-        EXPECT_NE(std::wstring::npos, box.text.find(L"「\xD842\xDF9F」"));
-        Answer(box, IDOK);
-        EXPECT_EQ(dialog, Settle());
-        EXPECT_EQ(kFileNameEdit, FocusId());
-        EXPECT_EQ(L"図\xD842\xDF9F.dxf", Text(dialog, kFileNameEdit)) << "the user's text was lost";
-        GiveDrawing(dialog);
-        Type(dialog, kSubModelEdit, L"\x00E9");
-        Click(dialog, IDOK);
-        Answer(ReadBox(), IDOK);
-        EXPECT_EQ(kSubModelEdit, (Settle(), FocusId()));
-    });
-    EXPECT_TRUE(before == record);
-}
-
-TEST_F(ImportDialog, RefusesFilesThatCannotBeRead) {
-    Write(L"DXF\\empty.dxf", "");
-    std::filesystem::create_directories(home / L"DXF\\folder.dxf");
-    const auto lockedPath = Write(L"DXF\\locked.dxf", TextDxf("AC1015"));
-    const HANDLE locked = CreateFileW(lockedPath.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(INVALID_HANDLE_VALUE, locked);
-    Look([&](HWND dialog) {
-        std::vector<std::wstring> texts;
-        for (const std::wstring& name :
-             {std::wstring(L"none.dxf"), std::wstring(L"empty.dxf"), std::wstring(L"folder.dxf"),
-              std::wstring(L"locked.dxf"), std::wstring(L"a|b.dxf"), std::wstring(255, L'表')}) {
-            GiveName(dialog, name);
-            Click(dialog, IDOK);
-            const Box box = ReadBox();
-            EXPECT_EQ(static_cast<UINT>(MB_ICONWARNING), box.icon);
-            texts.push_back(box.text.substr(box.text.find(L"\n\n")));  // behind the file's name
-            Answer(box, IDOK);
-            EXPECT_EQ(dialog, Settle());
-            EXPECT_EQ(kFileNameEdit, FocusId());
-        }
-        std::sort(texts.begin(), texts.end());
-        EXPECT_EQ(texts.end(), std::adjacent_find(texts.begin(), texts.end())) << "two faults with one text";
-    });
-    CloseHandle(locked);
-}
-
-TEST_F(ImportDialog, PatternsOpenTheChooser) {
-    const auto drawing = Write(L"DXF\\pattern.dxf", TextDxf("AC1015"));
-    Look([&](HWND dialog) {
-        Click(dialog, IDOK);  // nothing entered: the pattern is "*"
-        HWND chooser = Settle();
-        ASSERT_NE(dialog, chooser);
-        Click(chooser, IDCANCEL);
-        EXPECT_EQ(dialog, Settle());
-        EXPECT_EQ(kFileNameEdit, FocusId());
-        Type(dialog, kFileNameEdit, L"p*.dxf");
-        Click(dialog, IDOK);
-        chooser = Settle();
-        const HWND name = GetDlgItem(chooser, 0x47C);  // the system chooser's file-name combo
-        ASSERT_NE(nullptr, name);
-        SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(drawing.c_str()));
-        Click(chooser, IDOK);
-        EXPECT_EQ(dialog, Settle()) << "the choice alone must not start the import";
-        EXPECT_EQ(drawing.wstring(), Text(dialog, kFileNameEdit));
-        EXPECT_EQ(L"ファイルバージョン：AC1015(2000)", Text(dialog, kVersionText));
-    });
-}
-
-TEST_F(ImportDialog, ConfirmedRecordHoldsTheChoices) {
-    ImportRecord expected = record;
-    const int returned = Run([&](HWND dialog) {
-        Click(dialog, kShapeRadio);
-        Click(dialog, kAddRadio);
-        Type(dialog, kPictureEdit, L"-12");
-        Click(dialog, kMatrixOffRadio);
-        Click(dialog, kNewRadio);
-        Type(dialog, kScaleEdit, L"1/250");
-        GiveDrawing(dialog);
-        Type(dialog, kSubModelEdit, L"ｻﾌﾞモデル_1  ");
-        Click(dialog, IDOK);
-    });
-    EXPECT_EQ(0, returned);
-
-    TarnaImportView& input = expected.info.input;
-    input.inputStatus = 0;
-    input.addMode = 0;
-    input.dataType = 1;
-    input.pictureNumber = -12;
-    input.pictureMatrix = 0;
-    input.scale = 1.0 / 250;
-    std::string folder = (home / L"DXF").string();
-    std::replace(folder.begin(), folder.end(), '\\', '/');
-    WriteFixedText(input.inputFileName, folder + "/\xBF\xDE\xCC\xCC.dxf");  // EUC for 図面
-    WriteFixedText(input.subModelName, "\x8E\xBB\x8E\xCC\x8E\xDE\xA5\xE2\xA5\xC7\xA5\xEB_1");
-    WriteFixedText(input.password, "");
-    EXPECT_EQ(input.scale, record.info.input.scale);
-    EXPECT_STREQ(input.inputFileName, record.info.input.inputFileName);
-    EXPECT_STREQ(input.subModelName, record.info.input.subModelName);
-    EXPECT_TRUE(expected == record) << "a byte that is not the dialog's was changed";
-}
-
-TEST_F(ImportDialog, ConfirmedTableIsInInternalForm) {
-    std::filesystem::create_directories(home / L"DXF\\TABLE");
-    const auto table = Write(L"DXF\\TABLE\\DXFKIRO_LAYER表", "/\n");
-    EXPECT_EQ(0, Run([&](HWND dialog) {
-                  GiveDrawing(dialog);
-                  Click(dialog, kTableBrowseButton);
-                  const HWND chooser = Settle();
-                  SendMessageW(GetDlgItem(chooser, 0x47C), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(table.c_str()));
-                  Click(chooser, IDOK);
-                  EXPECT_EQ(dialog, Settle());
-                  EXPECT_EQ(table.wstring(), Text(dialog, kTableEdit));
-                  Click(dialog, IDOK);
-              }));
-    const std::string first = record.info.input.layerTableFileName;
-    EXPECT_NE(std::string::npos, first.find("/DXF/TABLE/DXFKIRO_LAYER\xC9\xBD"));
-    // The next call shows that name and hands it on as it is.
-    EXPECT_EQ(0, Run([&](HWND dialog) {
-                  GiveDrawing(dialog);
-                  Click(dialog, IDOK);
-              }));
-    EXPECT_EQ(first, record.info.input.layerTableFileName);
-}
-
-TEST_F(ImportDialog, CancelLeavesTheRecordByteForByte) {
-    for (const bool closeBox : {false, true}) {
-        const ImportRecord before = record;
-        EXPECT_EQ(1, Run([&](HWND dialog) {
-                      Click(dialog, kAddRadio);
-                      Type(dialog, kPictureEdit, L"-5");
-                      Click(dialog, kMatrixOffRadio);
-                      GiveDrawing(dialog);
-                      closeBox ? CloseBox(dialog) : Click(dialog, IDCANCEL);
-                  }));
-        EXPECT_TRUE(before == record);
-    }
-}
-
-TEST_F(ImportDialog, AsksBeforeAnUnsavedModelIsLost) {
-    KiroHostSetModified(true);
-    record.info.input.inputIsDwg = 1;
-    Write(L"DWG\\a.dwg", "AC1015" + std::string(100, '\0'));
-    EXPECT_EQ(0, Run([&](HWND dialog) {
-                  GiveName(dialog, L"a.dwg");
-                  Click(dialog, IDOK);
-                  Box box = ReadBox();
-                  EXPECT_EQ(L"モデルが保存されていません。\nモデルが壊れます。\nよろしいですか。", box.text);
-                  EXPECT_EQ(L"ＤＷＧ読込み", box.caption);
-                  EXPECT_EQ((std::vector<int>{IDYES, IDNO}), box.buttons);
-                  Answer(box, IDNO);
-                  EXPECT_EQ(dialog, Settle());
-                  Click(dialog, kAddRadio);  // an added drawing loses nothing
-                  Click(dialog, kNewRadio);
-                  Click(dialog, IDOK);
-                  Answer(ReadBox(), IDYES);
-              }));
-    EXPECT_EQ(0, Run([&](HWND dialog) {
-                  GiveName(dialog, L"a.dwg");
-                  Click(dialog, kAddRadio);
-                  Click(dialog, IDOK);
-              }));
-    EXPECT_EQ(1, record.info.input.addMode);
-}
-
-TEST_F(ImportDialog, RecentFilesLastAcrossCalls) {
-    for (const wchar_t* name : {L"a.dxf", L"b.dxf"}) {
-        Write(std::wstring(L"DXF\\") + name, TextDxf("AC1009"));
-        EXPECT_EQ(0, Run([&](HWND dialog) {
-                      GiveName(dialog, name);
-                      Click(dialog, IDOK);
-                  }));
-    }
-    std::filesystem::remove(home / L"DXF\\b.dxf");
-    Look([&](HWND dialog) {
-        EXPECT_EQ((std::vector<std::wstring>{L"b.dxf", L"a.dxf"}), Items(dialog, kRecentCombo));
-        Pick(dialog, kRecentCombo, 1);
-        EXPECT_EQ(L"a.dxf", Text(dialog, kFileNameEdit));
-        EXPECT_EQ(L"ファイルバージョン：AC1009(GX-5)", Text(dialog, kVersionText));
-        EXPECT_EQ((std::vector<std::wstring>{L"a.dxf", L"b.dxf"}), Items(dialog, kRecentCombo));
-        Pick(dialog, kRecentCombo, 1);  // gone from the disk
-        Click(dialog, IDOK);
-        Answer(ReadBox(), IDOK);
-        EXPECT_EQ(dialog, Settle());
-        EXPECT_EQ(std::vector<std::wstring>{L"a.dxf"}, Items(dialog, kRecentCombo));
-        Click(dialog, kFloppyRadio);  // a list of its own
-        EXPECT_TRUE(Items(dialog, kRecentCombo).empty());
-        Click(dialog, kDiskRadio);
-        EXPECT_EQ(2u, Items(dialog, kRecentCombo).size());  // as kept: nothing has been confirmed
-        RECT frame = LabelFrame(dialog);
-        EXPECT_FALSE(HasColor(dialog, frame, RGB(0, 0, 0)));
-        MoveMouse(Centre(Control(dialog, kFileNameLabel)));
-        Until("the raised frame", [&] { return HasColor(dialog, frame, RGB(0xE0, 0xE0, 0xE0)); });
-        EXPECT_FALSE(HasColor(dialog, frame, RGB(0, 0, 0)));
-        MouseDown();
-        MouseUp();
-        const HWND menu = OpenMenu();
-        EXPECT_EQ(std::vector<std::wstring>{L"一覧クリア"}, MenuItems(menu));
-        MoveMouse(Centre(menu));
-        Until("the sunken frame", [&] { return HasColor(dialog, frame, RGB(0, 0, 0)); });
-        PickMenu(0);
-        Settle();
-        EXPECT_TRUE(Items(dialog, kRecentCombo).empty());
-    });
-    Look([&](HWND dialog) { EXPECT_TRUE(Items(dialog, kRecentCombo).empty()); });
 }
 
 TEST_F(ImportDialog, ExplanationsFollowTheMouse) {
@@ -748,22 +391,4 @@ TEST_F(ImportDialog, OpensTheDialogsBehindItsButtons) {
     // The batch dialog takes the table's name from the record, as it is shown: this alone is written before "処理開始".
     WriteFixedText(expected.info.input.layerTableFileName, "\x95\x5C");
     EXPECT_TRUE(expected == record);
-}
-
-TEST_F(ImportDialog, SurvivesARecordOfRubbish) {
-    std::memset(&record.info, 0xFF, sizeof record.info);
-    const ImportRecord before = record;
-    Look([&](HWND dialog) {
-        EXPECT_EQ(L"ＤＷＧ読込み", Text(dialog));
-        EXPECT_LE(Text(dialog, kTableEdit).size(), 257u);
-        Write(L"DWG\\a.dwg", "AC1015" + std::string(100, '\0'));
-        GiveName(dialog, L"a.dwg");
-    });
-    EXPECT_TRUE(before == record);
-    // A table's name that is none goes back as it came.
-    EXPECT_EQ(0, Run([&](HWND dialog) {
-                  GiveName(dialog, L"a.dwg");
-                  Click(dialog, IDOK);
-              }));
-    EXPECT_EQ(0, std::memcmp(before.info.input.layerTableFileName, record.info.input.layerTableFileName, 257));
 }
