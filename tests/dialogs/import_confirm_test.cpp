@@ -279,6 +279,15 @@ TEST_F(ImportDialog, RecentFilesLastAcrossCalls) {
     Look([&](HWND dialog) { EXPECT_TRUE(Items(dialog, kRecentCombo).empty()); });
 }
 
+TEST_F(ImportDialog, ImportsWhereNothingCanBeKept) {
+    Write(L"settings", "a file where the recent lists have their folder");
+    EXPECT_EQ(0, Run([&](HWND dialog) {
+                  GiveDrawing(dialog);
+                  Click(dialog, IDOK);
+              }));
+    EXPECT_EQ(1, record.info.input.pictureNumber);
+}
+
 TEST_F(ImportDialog, SurvivesARecordOfRubbish) {
     std::memset(&record.info, 0xFF, sizeof record.info);
     const ImportRecord before = record;
