@@ -32,6 +32,10 @@ TEST_F(ImportDialog, RefusesBadEntriesInScreenOrder) {
             ExpectRefusal(dialog, L"無効な倍率です", kScaleEdit);
         }
         Type(dialog, kScaleEdit, L"1/1000");
+        GiveName(dialog, L"none.dxf");
+        Click(dialog, IDOK);
+        Answer(ReadBox(), IDOK);
+        EXPECT_EQ(kFileNameEdit, (Settle(), FocusId())) << "the file comes before the submodel";
         GiveDrawing(dialog);
         ExpectRefusal(dialog, L"サブモデル名が長すぎます（最大半角２６文字）", kSubModelEdit);
         Type(dialog, kSubModelEdit, L"ＡＢＣＤＥＦＧＨＩＪＫＬＭＮ");  // 14 characters, 28 bytes
@@ -47,10 +51,18 @@ TEST_F(ImportDialog, RefusesBadEntriesInScreenOrder) {
         Type(dialog, kPictureEdit, L"0");
         ExpectRefusal(dialog, picture, kPictureEdit);
     });
+    // Where the scale is that of a picture, the picture is at fault.
+    const auto model = Write(L"model.json", R"({"baseScale": 10000000})");
+    ASSERT_EQ(0, KiroHostLoadModel(model.c_str(), nullptr, 0));
+    Look([&](HWND dialog) {
+        Click(dialog, kAddRadio);
+        ExpectRefusal(dialog, L"無効な倍率です", kPictureEdit);
+    });
 }
 
 TEST_F(ImportDialog, AcceptsTheLimits) {
-    for (const auto& [picture, scale] : {std::pair(L"-256", L"0.0000011"), std::pair(L"256", L"999999")}) {
+    for (const auto& [picture, scale] :
+         {std::pair(L"-256", L"0.0000011"), std::pair(L"256", L"999999"), std::pair(L"+007", L"1")}) {
         EXPECT_EQ(0, Run([&](HWND dialog) {
                       Type(dialog, kPictureEdit, picture);
                       Type(dialog, kScaleEdit, scale);
@@ -59,7 +71,9 @@ TEST_F(ImportDialog, AcceptsTheLimits) {
                       Click(dialog, IDOK);
                   }));
         EXPECT_STREQ(std::string(26, 'x').c_str(), record.info.input.subModelName);
-        EXPECT_EQ(picture, std::to_wstring(record.info.input.pictureNumber));
+        EXPECT_EQ(_wtoi(picture), record.info.input.pictureNumber);
+        EXPECT_EQ(0, record.info.input.dataType);
+        EXPECT_EQ(1, record.info.input.pictureMatrix);
     }
     const std::pair<int, std::size_t> limits[] = {
         {kPictureEdit, 12}, {kScaleEdit, 20}, {kSubModelEdit, 26}, {kFileNameEdit, 255}};
@@ -74,12 +88,15 @@ TEST_F(ImportDialog, AcceptsTheLimits) {
 }
 
 TEST_F(ImportDialog, RefusesCharactersThatCannotBeStored) {
+    record.info.input.inputIsDwg = 1;
+    Write(L"DWG\\図面.dxf", "AC1015" + std::string(100, '\0'));
     const ImportRecord before = record;
     Look([&](HWND dialog) {
         GiveName(dialog, L"図\xD842\xDF9F.dxf");  // a character beyond code page 932
         Click(dialog, IDOK);
         const Box box = ReadBox();
         EXPECT_NE(std::wstring::npos, box.text.find(L"「\xD842\xDF9F」"));
+        EXPECT_EQ(L"ＤＸＦ読込み", box.caption);
         Answer(box, IDOK);
         EXPECT_EQ(dialog, Settle());
         EXPECT_EQ(kFileNameEdit, FocusId());
@@ -87,6 +104,7 @@ TEST_F(ImportDialog, RefusesCharactersThatCannotBeStored) {
         GiveDrawing(dialog);
         Type(dialog, kSubModelEdit, L"\x00E9");
         Click(dialog, IDOK);
+        EXPECT_EQ(L"ＤＸＦ読込み", ReadBox().caption);
         Answer(ReadBox(), IDOK);
         EXPECT_EQ(kSubModelEdit, (Settle(), FocusId()));
     });
@@ -103,11 +121,12 @@ TEST_F(ImportDialog, RefusesFilesThatCannotBeRead) {
         std::vector<std::wstring> texts;
         for (const std::wstring& name :
              {std::wstring(L"none.dxf"), std::wstring(L"empty.dxf"), std::wstring(L"folder.dxf"),
-              std::wstring(L"locked.dxf"), std::wstring(L"a|b.dxf"), std::wstring(255, L'表')}) {
+              std::wstring(L"locked.dxf"), std::wstring(L"a|*.dxf"), std::wstring(255, L'表')}) {
             GiveName(dialog, name);
             Click(dialog, IDOK);
             const Box box = ReadBox();
             EXPECT_EQ(static_cast<UINT>(MB_ICONWARNING), box.icon);
+            EXPECT_EQ(L"ＤＸＦ読込み", box.caption);
             texts.push_back(box.text.substr(box.text.find(L"\n\n")));  // behind the file's name
             Answer(box, IDOK);
             EXPECT_EQ(dialog, Settle());
@@ -117,6 +136,14 @@ TEST_F(ImportDialog, RefusesFilesThatCannotBeRead) {
         EXPECT_EQ(texts.end(), std::adjacent_find(texts.begin(), texts.end())) << "two faults with one text";
     });
     CloseHandle(locked);
+    record.info.input.inputIsDwg = 1;
+    Look([&](HWND dialog) {
+        GiveName(dialog, L"none.dwg");
+        Click(dialog, IDOK);
+        EXPECT_EQ(L"ＤＷＧ読込み", ReadBox().caption);
+        Answer(ReadBox(), IDOK);
+        Settle();
+    });
 }
 
 TEST_F(ImportDialog, PatternsOpenTheChooser) {
@@ -128,7 +155,7 @@ TEST_F(ImportDialog, PatternsOpenTheChooser) {
         Click(chooser, IDCANCEL);
         EXPECT_EQ(dialog, Settle());
         EXPECT_EQ(kFileNameEdit, FocusId());
-        Type(dialog, kFileNameEdit, L"p*.dxf");
+        Type(dialog, kFileNameEdit, L"patter?.dxf");
         Click(dialog, IDOK);
         chooser = Settle();
         const HWND name = GetDlgItem(chooser, 0x47C);  // the system chooser's file-name combo
@@ -250,6 +277,7 @@ TEST_F(ImportDialog, RecentFilesLastAcrossCalls) {
         EXPECT_EQ((std::vector<std::wstring>{L"b.dxf", L"a.dxf"}), Items(dialog, kRecentCombo));
         Pick(dialog, kRecentCombo, 1);
         EXPECT_EQ(L"a.dxf", Text(dialog, kFileNameEdit));
+        EXPECT_EQ(kFileNameEdit, FocusId());
         EXPECT_EQ(L"ファイルバージョン：AC1009(GX-5)", Text(dialog, kVersionText));
         EXPECT_EQ((std::vector<std::wstring>{L"a.dxf", L"b.dxf"}), Items(dialog, kRecentCombo));
         Pick(dialog, kRecentCombo, 1);  // gone from the disk
@@ -266,6 +294,8 @@ TEST_F(ImportDialog, RecentFilesLastAcrossCalls) {
         MoveMouse(Centre(Control(dialog, kFileNameLabel)));
         Until("the raised frame", [&] { return HasColor(dialog, frame, RGB(0xE0, 0xE0, 0xE0)); });
         EXPECT_FALSE(HasColor(dialog, frame, RGB(0, 0, 0)));
+        Focus(dialog, kScaleEdit);
+        EXPECT_FALSE(HasColor(dialog, frame, RGB(0xE0, 0xE0, 0xE0)));
         MouseDown();
         MouseUp();
         const HWND menu = OpenMenu();
@@ -274,9 +304,28 @@ TEST_F(ImportDialog, RecentFilesLastAcrossCalls) {
         Until("the sunken frame", [&] { return HasColor(dialog, frame, RGB(0, 0, 0)); });
         PickMenu(0);
         Settle();
+        Until("no frame", [&] {
+            return !HasColor(dialog, frame, RGB(0, 0, 0)) && !HasColor(dialog, frame, RGB(0xE0, 0xE0, 0xE0));
+        });
         EXPECT_TRUE(Items(dialog, kRecentCombo).empty());
     });
     Look([&](HWND dialog) { EXPECT_TRUE(Items(dialog, kRecentCombo).empty()); });
+}
+
+TEST_F(ImportDialog, FloppiesHaveTheirOwnList) {
+    Write(L"FLOPPY_WIN\\f.dxf", TextDxf("AC1009"));
+    EXPECT_EQ(0, Run([&](HWND dialog) {
+                  Click(dialog, kFloppyRadio);
+                  GiveName(dialog, L"f.dxf");
+                  EXPECT_EQ(L"ファイルバージョン：AC1009(GX-5)", Text(dialog, kVersionText));
+                  Click(dialog, IDOK);
+              }));
+    EXPECT_TRUE(std::string(record.info.input.inputFileName).ends_with("/FLOPPY_WIN/f.dxf"));
+    Look([&](HWND dialog) {
+        EXPECT_TRUE(Items(dialog, kRecentCombo).empty());
+        Click(dialog, kFloppyRadio);
+        EXPECT_EQ(std::vector<std::wstring>{L"f.dxf"}, Items(dialog, kRecentCombo));
+    });
 }
 
 TEST_F(ImportDialog, ImportsWhereNothingCanBeKept) {

@@ -101,6 +101,10 @@ TEST_F(ImportDialog, AddedModelsTakeThePicturesScale) {
         EXPECT_EQ(L"1/20", Text(dialog, kScaleEdit));
         Type(dialog, kPictureEdit, L"x");
         EXPECT_EQ(L"1", Text(dialog, kScaleEdit));
+        Click(dialog, kNewRadio);
+        Type(dialog, kPictureEdit, L"-257");
+        Click(dialog, kAddRadio);
+        EXPECT_EQ(L"1", Text(dialog, kScaleEdit));
         Type(dialog, kPictureEdit, L"2");
         Click(dialog, kNewRadio);
         EXPECT_TRUE(IsEnabled(dialog, kScaleEdit) && IsEnabled(dialog, kScaleCombo));
@@ -126,6 +130,11 @@ TEST_F(ImportDialog, ScaleListKeepsOneEntryOfTheUsers) {
         EXPECT_EQ(12, Picked(dialog, kScaleCombo));
         Pick(dialog, kScaleCombo, 30);
         EXPECT_EQ(L"100", Text(dialog, kScaleEdit));
+        EXPECT_EQ(kScaleEdit, FocusId());
+        Focus(dialog, kSubModelEdit);
+        Type(dialog, kSubModelEdit, L"　A ");
+        Focus(dialog, kScaleEdit);
+        EXPECT_EQ(L"A", Text(dialog, kSubModelEdit));
     });
 }
 
@@ -140,7 +149,11 @@ TEST_F(ImportDialog, CombosReachOverTheirEditsWhileTheyHaveTheFocus) {
             GetWindowRect(Control(dialog, combo), &wide);
             EXPECT_EQ(field.left, wide.left);
             EXPECT_EQ(narrow.right, wide.right);
+            const HRGN left = CreateRectRgn(0, 0, 1, 1);
+            EXPECT_EQ(NULLREGION, GetWindowRgn(Control(dialog, edit), left)) << "the edit shows through";
             Focus(dialog, kSubModelEdit);
+            EXPECT_EQ(ERROR, GetWindowRgn(Control(dialog, edit), left)) << "a part of the edit is missing";
+            DeleteObject(left);
             GetWindowRect(Control(dialog, combo), &again);
             EXPECT_TRUE(EqualRect(&narrow, &again));
         }
@@ -166,32 +179,39 @@ TEST_F(ImportDialog, ListsTakeTheKeyboard) {
     });
 }
 
-TEST_F(ImportDialog, ChoosersListTheRightFiles) {
-    const auto filter = [](HWND dialog, int button) {
+TEST_F(ImportDialog, ChoosersStartWhereTheFilesAre) {
+    const auto choose = [&](HWND dialog, int button, int field, const std::wstring& types,
+                            const std::filesystem::path& file) {
+        Write(file.wstring(), TextDxf("AC1009"));
         Click(dialog, button);
         const HWND chooser = Settle();
-        const std::wstring text = Text(chooser, 0x470);  // the system chooser's list of file types
-        Click(chooser, IDCANCEL);
+        EXPECT_EQ(0u, Text(chooser, 0x470).find(types));  // the system chooser's list of file types
+        // A name alone means the folder that is shown.
+        SendMessageW(GetDlgItem(chooser, 0x47C), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.filename().c_str()));
+        Click(chooser, IDOK);
         EXPECT_EQ(dialog, Settle());
-        return text;
+        EXPECT_EQ((home / file).wstring(), Text(dialog, field));
     };
     Look([&](HWND dialog) {
-        EXPECT_EQ(0u, filter(dialog, kBrowseButton).find(L"ＤＸＦファイル"));
-        EXPECT_NE(std::wstring::npos,
-                  filter(dialog, kTableBrowseButton).find(L"レイヤ変換テーブルファイル (DXFKIRO_LAYER*)"));
+        choose(dialog, kBrowseButton, kFileNameEdit, L"ＤＸＦファイル", L"DXF\\a.dxf");
+        choose(dialog, kTableBrowseButton, kTableEdit, L"レイヤ変換テーブルファイル (DXFKIRO_LAYER*)",
+               L"DXF\\TABLE\\DXFKIRO_LAYER1");
         Click(dialog, kShapeRadio);
-        EXPECT_EQ(0u, filter(dialog, kBrowseButton).find(L"シェイプファイル"));
-        EXPECT_TRUE(std::filesystem::exists(home / L"DXF\\SHAPE"));
-        Click(dialog, kDrawingRadio);
+        choose(dialog, kBrowseButton, kFileNameEdit, L"シェイプファイル", L"DXF\\SHAPE\\s.shp");
         Click(dialog, kFloppyRadio);
-        filter(dialog, kBrowseButton);
-        EXPECT_TRUE(std::filesystem::exists(home / L"FLOPPY_WIN"));
+        Click(dialog, kShapeRadio);
+        choose(dialog, kBrowseButton, kFileNameEdit, L"シェイプファイル", L"FLOPPY_WIN\\s.shp");
+        Click(dialog, kDrawingRadio);
+        choose(dialog, kBrowseButton, kFileNameEdit, L"ＤＸＦファイル", L"FLOPPY_WIN\\f.dxf");
     });
+    record.info.input.inputIsDwg = 1;
+    Look([&](HWND dialog) { choose(dialog, kBrowseButton, kFileNameEdit, L"ＤＷＧファイル", L"DWG\\a.dwg"); });
 }
 
 TEST_F(ImportDialog, PlaceholderStandsWhileNoNameIsEntered) {
     Look([&](HWND dialog) {
         EXPECT_TRUE(HasColor(dialog, kFileNameEdit, RGB(0x80, 0x80, 0x80)));
+        EXPECT_FALSE(HasColor(dialog, kSubModelEdit, RGB(0x80, 0x80, 0x80)));
         Focus(dialog, kFileNameEdit);
         EXPECT_EQ(L"*", Text(dialog, kFileNameEdit));
         Focus(dialog, kSubModelEdit);
@@ -236,6 +256,13 @@ TEST_F(ImportDialog, VersionLineOfDxfFiles) {
         {header + "9\n" + std::string(10 << 20, 'x') + "\n9\n$ACADVER\n1\nAC1012\n", L"AC1012(R13)"},
         {std::string("AutoCAD Binary DXF\r\n\x1A\0\0SECTION\0\2HEADER\0\x09$ACADVER\0\1AC1009\0", 57), L"AC1009(GX-5)"},
         {std::string("AutoCAD Binary DXF\r\n\x1A\0\0SECTION\0\2HEADER\0\x09$ACADVER\0\1AC1", 53), L""},
+        {header + "0\nENDSEC\n" + TextDxf("AC1012"), L""},
+        {header + "9\n$ACADVER\n0\nSECTION\n1\nAC1012\n", L""},
+        {"0\nSECTION\n9\n$ACADVER\n1\nAC1012\n", L""},
+        {"0\nSECTIOX\n2\nHEADER\n9\n$ACADVER\n1\nAC1012\n", L""},
+        {"0\nSECTION\n2\nHEADEX\n9\n$ACADVER\n1\nAC1012\n", L""},
+        {header + "9\n$ACADVEX\n1\nAC1012\n", L""},
+        {header + "9\n$ACADVER\n1\n\n", L"(不明)"},
         {"", L""},
     };
     Look([&](HWND dialog) {
@@ -283,6 +310,8 @@ TEST_F(ImportDialog, VersionLineOfDwgFiles) {
     } rows[] = {{"AC1014" + std::string(200, '\0'), L"ファイルバージョン：AC1014(R14)"},
                 {"AC1032" + std::string(200, '\0'), L"ファイルバージョン：AC1032(不明)"},
                 {"MC0.0" + std::string(200, '\0'), L"ファイルバージョン："},
+                {"AC1015", L"ファイルバージョン：AC1015(2000)"},
+                {"AC101", L"ファイルバージョン："},
                 {"AC1", L"ファイルバージョン："}};
     Look([&](HWND dialog) {
         for (const auto& row : rows) {
@@ -341,7 +370,7 @@ TEST_F(ImportDialog, ExplanationsFollowTheMouse) {
                                                           : zone.left - width;
             EXPECT_EQ(left, place.left);
             EXPECT_TRUE(HasColor(popup, {20, 2, 21, 3}, 0x00FFFFF0));
-            EXPECT_TRUE(HasColor(popup, {0, 0, width, 40}, 0x00FFFFF0));
+            EXPECT_FALSE(HasColor(popup, {20, 2, width - 20, 60}, GetSysColor(COLOR_BTNFACE)));
             const HRGN shape = CreateRectRgn(0, 0, 0, 0);
             GetWindowRgn(popup, shape);
             const LONG right = width - 1, bottom = place.bottom - place.top - 1;
