@@ -1,0 +1,16 @@
+#include "tables/FieldText.h"
+
+#include <algorithm>
+#include <cassert>
+
+#include "tables/SlotText.h"
+
+FieldText::FieldText(std::string_view part, std::size_t count, std::string_view suffix) {
+    assert(part.size() <= TableLines::kLargestPiece && suffix.size() <= kLongestSuffix);
+    part = CutAtCharacter(part, count);
+    // None of these can be the second byte of a character.
+    char* end =
+        std::copy_if(part.begin(), part.end(), text_, [](char c) { return c != ' ' && c != '\r' && c != '\n'; });
+    end = std::copy(suffix.begin(), suffix.end(), end);
+    rest_ = {text_, static_cast<std::size_t>(end - text_)};
+}

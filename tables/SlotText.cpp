@@ -1,0 +1,25 @@
+#include "tables/SlotText.h"
+
+namespace {
+
+bool IsLeadByte(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
+}
+
+bool IsTrailByte(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte >= 0x40 && byte <= 0xFC && byte != 0x7F;
+}
+
+}  // namespace
+
+std::string_view CutAtCharacter(std::string_view text, std::size_t limit) {
+    if (text.size() <= limit) return text;
+    std::size_t end = 0;
+    for (std::size_t next = 0; next <= limit;) {
+        end = next;
+        next += IsLeadByte(text[end]) && end + 1 < text.size() && IsTrailByte(text[end + 1]) ? 2 : 1;
+    }
+    return text.substr(0, end);
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "tables/TextFormat.h"
+
+// Where a listing goes: a file in the program, memory in tests.
+class ListingSink {
+  public:
+    virtual ~ListingSink() = default;
+    // text: at most a few hundred bytes more than a path. A line of the listing may come in several texts. "\n" ends a
+    // line; a file takes it in text mode.
+    virtual void Write(std::string_view text) = 0;
+};
+
+// The listing of one read: every line of the file, with an error line under each bad one.
+class TableListing {
+  public:
+    explicit TableListing(ListingSink& sink) : sink_(sink) {}
+
+    void FileName(std::string_view path);  // the head of the listing
+    void Line(std::string_view line);      // as read, with its line end if it has one
+    template <class... Values>
+    void Error(std::string_view format, const Values&... values) {
+        hasErrors_ = true;
+        text_.clear();
+        AppendFormat(text_, format, {FormatArgument(values)...});
+        sink_.Write(text_);
+    }
+    bool HasErrors() const { return hasErrors_; }
+
+  private:
+    ListingSink& sink_;
+    std::string text_;  // kept, so that lines need no memory of their own
+    bool hasErrors_ = false;
+};

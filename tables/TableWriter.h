@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "tables/TextFormat.h"
+
+struct TableHeader {
+    std::string_view path;  // full path of the file, code page 932
+    std::string_view date;  // "%Y/%m/%d %H:%M:%S"
+};
+
+// The text of a table file with its header and its end. Lines end with "\n": the file is written in text mode.
+class TableWriter {
+  public:
+    explicit TableWriter(const TableHeader& header);
+    template <class... Values>
+    void Add(std::string_view format, const Values&... values) {
+        AppendFormat(text_, format, {FormatArgument(values)...});
+    }
+    std::string Finish() &&;
+
+  private:
+    std::string text_;
+};

@@ -1,0 +1,496 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+#include <random>
+#include <sstream>
+
+#include "dxfin_tables/DxfInArrowTable.h"
+#include "dxfin_tables/DxfInLayerTable.h"
+#include "dxfin_tables/DxfInLineTable.h"
+#include "dxfin_tables/DxfInStyleTable.h"
+#include "tables/FieldText.h"
+#include "tables/Numbers.h"
+#include "tables/SlotText.h"
+#include "tables/TableLines.h"
+
+using namespace std::string_literals;
+
+namespace {
+
+constexpr std::string_view kForm = " ***** 書式が違います *****  ";
+constexpr std::string_view kNothing = " ***** 無効なデータです *****\n";
+constexpr TableHeader kHeader = {"C:\\表\\T", "2024/01/02 03:04:05"};
+constexpr char kHeaderText[] = "/ File name : C:\\表\\T\n/      Date : 2024/01/02 03:04:05\n/\n";
+
+DxfInPalette palette;  // filled by the first test that needs it
+
+struct ListingText final : ListingSink {
+    std::string text;
+    void Write(std::string_view more) override { text += more; }
+};
+
+void Parse(std::string_view file, DxfInLayerTable& table, TableListing& listing) {
+    for (int i = 0; i < kDxfInColors * 3; ++i) palette[i / 3][i % 3] = i % 256;
+    ParseDxfInLayerTable(file, palette, table, listing);
+}
+void Parse(std::string_view file, DxfInLineTable& table, TableListing& l) { ParseDxfInLineTable(file, table, l); }
+void Parse(std::string_view file, DxfInStyleTable& table, TableListing& l) { ParseDxfInStyleTable(file, table, l); }
+void Parse(std::string_view file, DxfInArrowTable& table, TableListing& l) { ParseDxfInArrowTable(file, table, l); }
+std::string Format(DxfInLayerTable& table) { return FormatDxfInLayerTable(table, kHeader); }
+std::string Format(DxfInLineTable& table) { return FormatDxfInLineTable(table, kHeader); }
+std::string Format(DxfInStyleTable& table) { return FormatDxfInStyleTable(table, kHeader); }
+std::string Format(DxfInArrowTable& table) { return FormatDxfInArrowTable(table, kHeader); }
+
+template <class Table>
+struct Outcome {
+    std::unique_ptr<Table> table = std::make_unique<Table>();
+    std::string listed = {};
+    bool errors = false;
+};
+
+// Reads a file over a table full of rubbish.
+template <class Table>
+Outcome<Table> Read(std::string_view file) {
+    Outcome<Table> outcome;
+    std::memset(static_cast<void*>(outcome.table.get()), 0x55, sizeof(Table));
+    ListingText sink;
+    TableListing listing(sink);
+    Parse(file, *outcome.table, listing);
+    outcome.listed = sink.text;
+    outcome.errors = listing.HasErrors();
+    return outcome;
+}
+
+// Records with ";" between them, and the error that each is to have under it in the listing.
+struct Lines {
+    std::string texts;
+    std::string error = {};
+};
+
+// Between lines CR LF means the same as LF. What is behind a capacity error is neither listed nor read.
+template <class Table>
+std::unique_ptr<Table> ReadLines(const std::vector<Lines>& groups) {
+    std::string file, twin, listed;
+    bool errors = false, ended = false;
+    for (const Lines& group : groups) {
+        std::istringstream texts(group.texts + ";");
+        for (std::string text; std::getline(texts, text, ';');) {
+            file += text + "\n";
+            twin += text + "\r\n";
+            if (ended) continue;
+            listed += "    " + text + "\n" + group.error;
+            errors |= !group.error.empty();
+            ended = group.error.find("Max.") != std::string::npos;
+        }
+    }
+    Outcome<Table> outcome = Read<Table>(file);
+    EXPECT_EQ(outcome.listed, listed);
+    EXPECT_EQ(outcome.errors, errors);
+    const Outcome<Table> same = Read<Table>(twin);
+    EXPECT_EQ(same.listed, listed);
+    EXPECT_EQ(std::memcmp(same.table.get(), outcome.table.get(), sizeof(Table)), 0);
+    return std::move(outcome.table);
+}
+
+// So many good records, one that has no room and one that is not reached.
+template <class Table>
+std::unique_ptr<Table> Fill(int room, const std::string& record, const std::string& error) {
+    std::vector<Lines> lines(static_cast<std::size_t>(room), {record});
+    lines.push_back({record, error});
+    lines.push_back({record});
+    return ReadLines<Table>(lines);
+}
+
+template <class Table>
+void ExpectText(Table& table, std::string_view start, std::string_view middle, std::string_view end) {
+    const std::string text = Format(table), head = kHeaderText + std::string(start);
+    EXPECT_EQ(text.substr(0, head.size()), head);
+    EXPECT_NE(text.find(middle), text.npos) << text;
+    const std::string tail = std::string(end) + "/\n/ Eof\n";
+    EXPECT_EQ(text.substr(text.size() - std::min(text.size(), tail.size())), tail);
+}
+
+std::string Error(std::string_view text) { return " ***** " + std::string(text) + " *****\n"; }
+std::string Form(std::string_view text) { return std::string(kForm) + std::string(text) + "\n"; }
+
+template <class... Values>
+std::string Join(const Values&... values) {
+    std::ostringstream text;
+    ((text << values << ' '), ...);
+    return text.str();
+}
+
+TEST(TableLines, PiecesAndTheirEnds) {
+    const auto split = [](std::string_view file, std::size_t piece) {
+        std::string all;
+        for (TableLines lines(file, piece); lines.Next();) all += std::string(lines.Text()) + "|";
+        return all;
+    };
+    EXPECT_EQ(split("", 127), "");
+    EXPECT_EQ(split("ab\r\n\r\nc\rd\r\r\n\x1a", 127), "ab\n|\n|c\rd\r\n|\x1a|");
+    EXPECT_EQ(split("a\0b\n\0\nc"s, 127), "a||c|");
+    EXPECT_EQ(split("abcdef\nabc\r\nabcd\n", 4), "abcd|ef\n|abc\n|abcd|\n|");
+    EXPECT_EQ(split(std::string(256, 'x') + "\n", 256), std::string(256, 'x') + "|\n|");
+}
+
+TEST(TableFields, CharactersStayWhole) {
+    constexpr std::string_view name = "表\x83|能\x83/";  // second bytes 0x5C and 0x7C; 0x2F is none
+    FieldText fields(" 表 \x83|\r能\t= 1 ,2", 256, ",,");
+    EXPECT_EQ(fields.Rest(), "表\x83|能\t=1,2,,");
+    EXPECT_FALSE(fields.Cut("=,=").has_value());
+    EXPECT_EQ((*fields.Cut("=,"))[1], "1");
+    EXPECT_EQ(fields.Rest(), "2,,");
+    const std::size_t whole[] = {0, 0, 2, 2, 4, 4, 6, 7, 8};
+    for (std::size_t n = 0; n < std::size(whole); ++n) {
+        EXPECT_EQ(CutAtCharacter(name, n).size(), whole[n]) << n;
+        EXPECT_EQ(FieldText(name, n, "").Rest(), name.substr(0, whole[n])) << n;
+    }
+    char slot[6] = "vwxyz";
+    StoreText(slot, name);
+    EXPECT_EQ(std::string(slot, 6), "表\x83|\0\0"s);
+    const char full[] = {'a', 'b'};
+    EXPECT_EQ(SlotText(full), "ab");
+}
+
+TEST(TableListing, Head) {
+    ListingText sink;
+    TableListing(sink).FileName("C:\\表\n%d%s");
+    EXPECT_EQ(sink.text, "\nFile Name : C:\\表%d%s\n\n");
+}
+
+TEST(TableNumbers, LeadingPartsAndLimits) {
+    const std::pair<const char*, int> integers[] = {{"", 0},       {"x", 0},       {"-", 0},   {"+-3", 0},
+                                                    {"\v+7x9", 7}, {"-0012", -12}, {"3.9", 3}, {"1e3", 1}};
+    for (const auto& [text, value] : integers) EXPECT_EQ(ReadInteger(text), value) << text;
+    EXPECT_EQ(ReadInteger("2147483647"), INT32_MAX);
+    EXPECT_EQ(ReadInteger("-2147483648"), INT32_MIN);
+    const std::pair<const char*, double> reals[] = {{"", 0},     {".", 0},         {"x1", 0}, {"--1", 0},
+                                                    {"+.5", .5}, {"-2.5e1z", -25}, {"7e", 7}, {"1e308", 1e308}};
+    for (const auto& [text, value] : reals) EXPECT_EQ(ReadReal(text), value) << text;
+    for (const char* text : {"2147483648", "-2147483649", "99999999999999999999", "0x1", "-0X1", "INF", "nan(1)"})
+        EXPECT_FALSE(ReadInteger(text)) << text;
+    for (const char* text : {"1e309", "-1e999", "0x1p3", "+inf", "-Infinity", "NaN"})
+        EXPECT_FALSE(ReadReal(text)) << text;
+    EXPECT_TRUE(ReadReal("1", 1, 1) && ReadInteger("1", 1, 1));
+    EXPECT_FALSE(ReadReal("nan", -1, 1) || ReadInteger("2", 0, 1) || ReadReal("-.1", 0, 1));
+}
+
+template <class Table>
+class AnyTable : public testing::Test {};
+using Tables = testing::Types<DxfInLayerTable, DxfInLineTable, DxfInStyleTable, DxfInArrowTable>;
+TYPED_TEST_SUITE(AnyTable, Tables);
+
+TYPED_TEST(AnyTable, CommentsAndNonsenseLeaveTheDefaults) {
+    const auto defaults = Read<TypeParam>("").table;
+    const auto comments = ReadLines<TypeParam>({{"/;/ARROW; LAYER A = 5; "}});
+    const std::string bad(kNothing);
+    const auto nonsense = ReadLines<TypeParam>({{";\t/;layer A = 2;LAYER;\x1a", bad}});
+    // A NUL ends the text with its LF; a last line needs no end.
+    const auto unended = Read<TypeParam>("\0ARROW A = 1\n/ x"s);
+    EXPECT_EQ(unended.listed, "    " + bad + "    / x");
+    for (const auto* other : {&comments, &nonsense, &unended.table})
+        EXPECT_EQ(std::memcmp(defaults.get(), other->get(), sizeof(TypeParam)), 0);
+}
+
+TEST(LayerTable, Records) {
+    const std::string form = Form("     LAYER  layer_name = class#"), badClass = Error("無効なクラス番号です (1-256)");
+    const std::string badRevision = Error("無効なレビジョン番号です (1-256)"),
+                      badColor = Error("無効な色番号です (0-255)");
+    const std::string badRgb = Error("無効な R,G,B 値です (0-255)"), badSwitch = Error("無効な値です (0 or 1)");
+    const std::string x70(70, 'x');
+    const auto t = ReadLines<DxfInLayerTable>({
+        {"LAYER 表 ソ|/\t能 = 1;LAYER A,B=256 x;LAYER OTHER = 7;LAYER-CLASS A = 3;LAYER_CLASS OTHER = 4"},
+        {"LAYER A = 0;LAYER A = 257;LAYER A=B = 1", badClass},
+        {"LAYER A;LAYER-CLASS A;LAYER_REVISION A", form},
+        {"LAYER " + x70 + "xx=9"},
+        {"LAYER " + x70 + "xxx=9", badClass},
+        {"LAYER " + x70 + "xxxx=9", form},
+        {"LAYER-REVISION A = 256;LAYER_REVISION OTHER = 1;LAYER-REVISION " + x70.substr(8) + "=9"},
+        {"LAYER-REVISION A = 257;LAYER_REVISION A = -1;LAYER-REVISION " + x70.substr(7) + "=9", badRevision},
+        {"COLOR-CLASS 0 = 256;COLOR_CLASS 256 = 1;COLOR-REVISION 0 = 2;COLOR_REVISION 256 = 3"},
+        {"COLOR-CLASS 257 = 1;COLOR_CLASS -1 = 1;COLOR-REVISION 99999999999 = 1", badColor},
+        {"COLOR-CLASS 1 = 0", badClass},
+        {"COLOR_CLASS 1", Form("     COLOR-CLASS  color# = class#")},
+        {"COLOR-REVISION 1 = 257", badRevision},
+        {"COLOR_REVISION 1", Form("     COLOR-REVISION  color# = revision#")},
+        {"COLOR 1 = 255, 65536, -65535;COLOR 255 = 1"},
+        {"COLOR 0 = 1,1,1;COLOR 256 = 1,1,1", badColor},
+        {"COLOR 2 = 0,0,256;COLOR 2 = -1,0,0;COLOR 2 = 0,4294967296,0", badRgb},
+        {"COLOR 2", Form("     COLOR  color# = R, G, B")},
+        {"LAYER-SWITCH 1"},
+        {"LAYER_SWITCH 2;LAYER-SWITCH -1", badSwitch},
+    });
+    const char* const names[] = {"OTHER", "表ソ|/能", "A,B", "CLASSA", "CLASSOTHER"};
+    for (std::size_t i = 0; i < std::size(names); ++i) EXPECT_STREQ(t->layerClassName[i], names[i]);
+    EXPECT_EQ(t->layerClassName[5], x70 + "xx");
+    EXPECT_EQ(Join(t->layerClass[0], t->layerClass[2], t->layerClassCount), "7 256 5 ");
+    EXPECT_EQ(Join(t->layerRevision[0], t->layerRevision[1], t->layerRevisionCount), "1 256 2 ");
+    EXPECT_EQ(Join(t->colorClass[0], t->colorClass[1], t->colorClass[256]), "256 1 1 ");
+    EXPECT_EQ(Join(t->colorRevision[0], t->colorRevision[255], t->colorRevision[256]), "2 255 3 ");
+    EXPECT_EQ(Join(t->colorRgb[1][0], t->colorRgb[1][1], t->colorRgb[1][2]), "255 0 1 ");
+    EXPECT_EQ(t->colorRgb[2][2], palette[2][2]);
+    EXPECT_EQ(t->layerSwitch, 1);
+}
+
+TEST(LayerTable, Capacity) {
+    const std::string full = Error("テーブルの容量を超えました (Max. 2048)");
+    const auto classes = Fill<DxfInLayerTable>(2047, "LAYER A = 5", full);
+    EXPECT_EQ(classes->layerClassCount, 2047);
+    EXPECT_EQ(classes->layerClass[2047], 5);
+    EXPECT_EQ(classes->layerRevisionCount, 0);
+    EXPECT_EQ(Fill<DxfInLayerTable>(2047, "LAYER_REVISION A = 6", full)->layerRevision[2047], 6);
+    std::vector<Lines> lines(2047, {"LAYER A = 5"});
+    lines.push_back({"LAYER A = 0", Error("無効なクラス番号です (1-256)")});
+    lines.push_back({"LAYER OTHER = 9"});
+    EXPECT_EQ(ReadLines<DxfInLayerTable>(lines)->layerClass[0], 9) << "a full table still takes what needs no room";
+}
+
+TEST(LayerTable, Text) {
+    const auto t = ReadLines<DxfInLayerTable>({{"LAYER 表 = 12;LAYER-REVISION R = 3;COLOR-CLASS 255 = 7"}});
+    t->layerClassName[0][0] = '\0';
+    ExpectText(*t,
+               "/ LAYER-SWITCH switch\n/              switch = 0 : Layer To Class\n"
+               "/                     = 1 : Layer To Revision\n/\nLAYER-SWITCH 0\n/\n"
+               "/ Convert Layer to Class\nLAYER 表 = 12\n/\n"
+               "/ Convert Layer to Revision\nLAYER-REVISION OTHER = 256\nLAYER-REVISION R = 3\n/\n"
+               "/ Convert Color to Revision\nCOLOR-REVISION   1 =   1\n",
+               "COLOR-REVISION 255 = 255\n/\n/ Convert Color to Class\nCOLOR-CLASS   1 =   1\n",
+               "COLOR-CLASS 254 = 254\nCOLOR-CLASS 255 =   7\n");
+}
+
+TEST(LineTable, Records) {
+    const std::string form = Form("   LINE-CODE line_code = line_font, line_weight"),
+                      badFont = Error("無効な線種番号です (1-63)");
+    const std::string badWeight = Error("無効な線幅番号です (1-16)"), badWidth = Error("無効な線幅です (0.0-999.0)");
+    const std::string widthForm = Form("   WIDTH width_s, width_e = line_weight"),
+                      badColor = Error("無効な色番号です (1-256)");
+    const std::string lineWidthForm = Form("   LINE-WIDTH width = weight#");
+    const auto t = ReadLines<DxfInLineTable>({
+        {"LINE-TYPE A = 0,1;LINE_TYPE A = 64,1", badFont},
+        {"LINE-TYPE A = 1,0;LINE_TYPE A = 1,17;LINE-TYPE A = 1", badWeight},
+        {"LINE-TYPE A", form},
+        {"LINE_TYPE 表\t能 = 63,16;WIDTH 0.0, 0 = 1;WIDTH 999.5,1000=16"},
+        {"WIDTH -0.1, 1 = 1;WIDTH 0, 1000.1 = 1;WIDTH nan, inf = 1", badWidth},
+        {"WIDTH 2, 1 = 1", Form("   width_s > width_e")},
+        {"WIDTH 1, 2 = 17", badWeight},
+        {"WIDTH 1, 2;WIDTH 1 = 2", widthForm},
+        {"LINE-WIDTH 0.35 = 5;LINE_WIDTH 2.00 = 16;LINE-WIDTH 1.4 = 2"},
+        {"LINE-WIDTH 0.36 = 5;LINE-WIDTH 0.35 = 17;LINE-WIDTH 0.35", lineWidthForm},
+        {"COLOR 0 = 16;COLOR 256 = 2"},
+        {"COLOR 257 = 1;COLOR -1 = 1", badColor},
+        {"COLOR 1 = 0;COLOR 1", badWeight},
+    });
+    EXPECT_STREQ(t->lineTypeName[0], "表能");
+    EXPECT_STREQ(t->lineTypeName[1], "") << "the writer would write it";
+    EXPECT_EQ(Join(t->lineTypeCount, t->lineTypes[0].lineFont, t->lineTypes[0].lineWeight), "1 63 16 ");
+    const auto& range = t->polyWidths[1];
+    EXPECT_EQ(Join(t->polyWidthCount, range.widthStart, range.widthEnd, t->polyWidthWeight[1]), "2 999.5 1000 16 ");
+    const auto& weights = t->lineWidthWeight;
+    EXPECT_EQ(Join(t->lineWidthValue[9], weights[0], weights[9], weights[10], weights[21], weights[23]),
+              "0.35 5 5 2 16 16 ");
+    EXPECT_EQ(Join(t->colorWeightCount, t->colorWeight[0], t->colorWeight[1], t->colorWeight[256]), "2 16 1 2 ");
+    EXPECT_EQ(Join(t->polWidthSwitch, t->widWidthSwitch, t->colWidthSwitch), "1 1 1 ");
+
+    const auto falling = ReadLines<DxfInLineTable>({{"LINE-WIDTH 0.05 = 9;LINE-WIDTH 0.09 = 3"}});
+    EXPECT_EQ(falling->lineWidthWeight[23], 9) << "the largest, not the last";
+    const auto off = ReadLines<DxfInLineTable>({{"WIDTH 0,1=1;LINE-WIDTH 0=1;COLOR 1=1;COLWIDTH-SWITCH 0"},
+                                                {"POLWIDTH_SWITCH 0;WIDWIDTH-SWITCH 0;WIDWIDTH_SWITCH 2"}});
+    EXPECT_EQ(Join(off->polWidthSwitch, off->widWidthSwitch, off->colWidthSwitch), "0 0 0 ");
+    const auto on = ReadLines<DxfInLineTable>({{"COLWIDTH_SWITCH 1;POLWIDTH-SWITCH 1;WIDWIDTH_SWITCH 1"}});
+    EXPECT_EQ(Join(on->polWidthSwitch, on->widWidthSwitch, on->colWidthSwitch), "1 1 1 ");
+}
+
+TEST(LineTable, CapacityAndPieces) {
+    using T = DxfInLineTable;
+    EXPECT_EQ(Fill<T>(256, "LINE-TYPE A = 1,1", Error("線種テーブルの容量を超えました (Max. 256)"))->lineTypeCount,
+              256);
+    EXPECT_EQ(Fill<T>(50, "WIDTH 1,2=3", Error("線幅テーブルの容量を超えました (Max. 50)"))->polyWidthCount, 50);
+    EXPECT_EQ(Fill<T>(257, "COLOR 9 = 9", Error("色テーブルの容量を超えました (Max. 257)"))->colorWeightCount, 257);
+    const std::string first = "LINE-TYPE A = 2,3" + std::string(110, ' ');
+    const auto pieces = Read<T>(first + "LINE-TYPE B = 4,5\n");
+    EXPECT_EQ(pieces.listed, "    " + first + "    LINE-TYPE B = 4,5\n");
+    EXPECT_STREQ(pieces.table->lineTypeName[1], "B");
+}
+
+TEST(LineTable, Text) {
+    const auto t = ReadLines<DxfInLineTable>({{"COLOR 255 = 4"}});
+    t->polyWidths[0].widthStart = 1234567.0;
+    ExpectText(*t,
+               "/ Convert Line Type to Line Font No.\n/\nLINE-TYPE  CONTINUOUS = 1,1\nLINE-TYPE  DASHED = 2,1\n"
+               "LINE-TYPE  CENTER = 3,1\nLINE-TYPE  PHANTOM = 4,1\n/\nLINE-WIDTH  0.00 = 1\n",
+               "LINE-WIDTH  2.11 = 1\n/\n/ Convert Polyline Width to Line Weight No.\nWIDTH  1.23457e+06, 999 = 1\n"
+               "/\n/ Convert Color to Line Weight No.\nCOLOR  1 = 1\n",
+               "COLOR  255 = 4\n/\nPOLWIDTH-SWITCH  0\nCOLWIDTH-SWITCH  1\nWIDWIDTH-SWITCH  0\n");
+    EXPECT_EQ(t->lineWidthWeight[23], 1) << "raised in the table too";
+    t->polyWidthCount = -1;
+    t->colWidthSwitch = 0;
+    ExpectText(*t, "", "", "2.11 = 1\n/\nPOLWIDTH-SWITCH  0\nCOLWIDTH-SWITCH  0\nWIDWIDTH-SWITCH  0\n");
+}
+
+TEST(StyleTable, Records) {
+    const std::string notAbove = Error("無効な値です (> 0.0)"), badDirection = Error("無効な値です (0 or 1)");
+    const std::string form = Form("  STYLE = style_name, spaceing");
+    const auto t = ReadLines<DxfInStyleTable>({
+        {"STYLE = STANDARD, 2, 2, 3, 0.5, 1.5, 99, 15, 4, 5;STYLE = BIGFONT, , , , -0.1, 2.1, 100, 16, 0, 0"},
+        {"STYLE = TSTANDARD,,,,1.0,0.9,0,0,-1,x;STYLE=表 ソ,,1,,,;STYLE=表 ソ,,0,,0.0,1.0,1,1,.1,.1,"},
+        {"STYLE = A, 0,,,,;STYLE = A, inf,,,,;STYLE = STANDARD,9,,-1,,", notAbove},
+        {"STYLE = A,,3,,,;STYLE = A,,-1,,,", badDirection},
+        {"STYLE = A,,,,;STYLE A;STYLES = A,,,,,,,", form},
+        {"2TO1 = ON;1TO2=O N;DIM-2TO1 = ON;DIM_2TO1 = OFF"},
+        {"2TO1 = 1", Form("  2TO1 = flag")},
+        {"1TO2 ON", Form("  1TO2 = flag")},
+        {"DIM-2TO1", Form("  DIM_2TO1 = flag")},
+        {"SPACE = 1.5, -2;FONT = 3, .5;TEXT_SPACE = 7;TEXT-SPACE = 8"},
+        {"SPACE 1,2", Form("   SPACE = vertical, hollizontal")},
+        {"FONT = 3, nan", Form("   FONT = font, factor")},
+        {"TEXT_SPACE", Form("  TEXT_SPACE = xx")},
+    });
+    const auto values = [&t](int i) {
+        const auto& n = t->styleInts[i];
+        const auto& r = t->styleReals[i];
+        return t->styleName[i] + ": "s + Join(n[0], n[1], n[2], n[3], r[1], r[2], r[3], r[4], r[5], r[6]);
+    };
+    EXPECT_EQ(values(0), "STANDARD: 8 2 99 15 2 3 1.5 0.5 4 5 ");
+    EXPECT_EQ(values(1), "BIGFONT: 7 0 1 1 1.1875 1 1.4 0.2 0.95 0.75 ");
+    EXPECT_EQ(values(2), "TSTANDARD: 9 2 1 1 1.1875 1 1.4 0.2 0.95 0.75 ");
+    EXPECT_EQ(values(3), "TBIGFONT: 8 2 1 1 1.1875 1 1.4 0.2 0.95 0.75 ");
+    EXPECT_EQ(values(4), "表ソ: 0 1 1 1 1.1875 1 1.4 0.2 0.95 0.75 ");
+    EXPECT_EQ(values(5), "表ソ: 0 0 1 1 1.1875 1 1 0 0.1 0.1 ");
+    EXPECT_EQ(values(6), ": 0 0 0 0 0 0 0 0 0 0 ") << "of the refused records nothing stays";
+    EXPECT_EQ(Join(t->styleCount, t->twoToOne, t->oneToTwo, t->dimTwoToOne), "6 1 1 0 ");
+    EXPECT_EQ(Join(t->spaceVertical, t->spaceHorizontal, t->font, t->fontFactor, t->textSpace), "1.5 -2 3 0.5 8 ");
+    ExpectText(*t,
+               "/ Convert Text Font Style to Text Font No.\n/\n"
+               "STYLE = STANDARD, 2, 2, 3, 0.5, 1.5, 99, 15, 4, 5\n",
+               "",
+               "STYLE = 表ソ, 1.1875, 0, 1, 0, 1, 1, 1, 0.1, 0.1\n/\n"
+               "1TO2     = ON\n2TO1     = ON\nDIM_2TO1 = OFF\n");
+    const std::string full = Error("文字スタイルテーブルの容量を超えました (Max. 256)");
+    EXPECT_EQ(Fill<DxfInStyleTable>(252, "STYLE = A,,,,,", full)->styleCount, 256);
+}
+
+TEST(ArrowTable, Records) {
+    const std::string badMark = Error("無効なマーク番号です"), badAngle = Error("無効な角度です (0 or 180)"),
+                      bad(kNothing);
+    const auto t = ReadLines<DxfInArrowTable>({
+        {"ARROW LINE = 4095, 180, 5;ARROW 表 ソ = 7, 180, -30001;ARROW 表 ソ = 1"},
+        {"ARROW SOLID = 9, 90, 7;ARROW A = 2, -180, 1", badAngle},
+        {"ARROW CIRCLE = 4096, 0, 1;ARROW A = 0, 0, 1", badMark},
+        {"ARROW A 1, 0, 1;ARROW A = 3, 0, 2147483648", bad},
+        {"ARROW " + std::string(66, 'x') + "=1234"},
+        {"ARROW " + std::string(70, 'x') + "=1,0", bad},
+    });
+    const auto arrow = [&t](int i) {
+        const auto& a = t->arrows[i];
+        return Join(t->arrowName[i], a.arrowMark, a.arrowAngle, a.arrowSize);
+    };
+    EXPECT_EQ(arrow(0), "LINE 4095 180 5 ");
+    EXPECT_EQ(arrow(1), "SOLID 9 0 300 ") << "the mark of a refused record stays";
+    EXPECT_EQ(arrow(2), "CIRCLE 15 0 300 ");
+    EXPECT_EQ(arrow(3), "OTHER 1 180 300 ");
+    EXPECT_EQ(arrow(4), "表ソ 7 180 -30001 ");
+    EXPECT_EQ(arrow(5), "表ソ 1 0 0 ");
+    EXPECT_EQ(arrow(6), std::string(66, 'x') + " 123 0 0 ") << "of 70 bytes, no more";
+    EXPECT_EQ(t->arrowCount, 7);
+    t->arrowCount = 6;
+    t->arrowName[1][0] = '\0';
+    EXPECT_EQ(Format(*t),
+              kHeaderText +
+                  "/ Convert Arrow Head to Mark No.\n/\n"
+                  "ARROW LINE   = 4095, 180,    5\nARROW CIRCLE =   15,   0,  300\nARROW OTHER  =    1, 180,  300\n"
+                  "ARROW 表ソ   =    7, 180, -30001\nARROW 表ソ   =    1,   0,    0\n/\n/ Eof\n"s);
+    const auto full =
+        Fill<DxfInArrowTable>(252, "ARROW A = 1, 0, 9", Error("矢印テーブルの容量を超えました (Max. 256)"));
+    EXPECT_EQ(full->arrowCount, 256);
+}
+
+// A table that is written and read again is the same, colours 0 and 256 apart, which are not in the files.
+class RandomTable : public testing::Test {
+  protected:
+    int Any(int low, int high) { return low + static_cast<int>(random_() % static_cast<unsigned>(high - low + 1)); }
+    double Real(int low, int high) { return Any(low * 100, high * 100) / 100.0; }
+    std::string Name(int kinds = 12) {
+        constexpr std::string_view kCharacters[] = {"A",  "z",  "0",  "-",     "/",    "|",
+                                                    "\\", "表", "ソ", "\x83|", "アイ", ","};
+        std::string name = "N";
+        for (int i = Any(0, 12); i > 0; --i) name += kCharacters[Any(0, kinds - 1)];
+        return name;
+    }
+    template <class Table>
+    void CheckRoundTrip(Table& table) {
+        const std::string text = Format(table);
+        const Outcome<Table> again = Read<Table>(text);
+        EXPECT_FALSE(again.errors) << again.listed;
+        EXPECT_EQ(std::memcmp(&table, again.table.get(), sizeof table), 0);
+        EXPECT_EQ(Format(*again.table), text);
+    }
+    std::minstd_rand random_{20};
+};
+
+TEST_F(RandomTable, OfLayers) {
+    for (int round = 0; round < 20; ++round) {
+        auto layers = Read<DxfInLayerTable>("").table;
+        layers->layerSwitch = Any(0, 1);
+        layers->layerClassCount = Any(0, 2047);
+        for (int i = 1; i <= layers->layerClassCount; ++i) StoreText(layers->layerClassName[i], Name());
+        for (int i = 0; i <= layers->layerClassCount; ++i) layers->layerClass[i] = Any(1, 256);
+        layers->layerRevisionCount = Any(0, 99);
+        for (int i = 1; i <= layers->layerRevisionCount; ++i) StoreText(layers->layerRevisionName[i], Name());
+        for (int i = 0; i <= layers->layerRevisionCount; ++i) layers->layerRevision[i] = Any(1, 256);
+        for (int i = 1; i <= 255; ++i) layers->colorClass[i] = Any(1, 256), layers->colorRevision[i] = Any(1, 256);
+        CheckRoundTrip(*layers);
+    }
+}
+
+TEST_F(RandomTable, OfLines) {
+    for (int round = 0; round < 20; ++round) {
+        auto lines = Read<DxfInLineTable>("").table;
+        lines->lineTypeCount = Any(4, 256);
+        for (int i = 0; i < lines->lineTypeCount; ++i) {
+            lines->lineTypes[i] = {Any(1, 63), Any(1, 16), {}};
+            StoreText(lines->lineTypeName[i], Name());
+        }
+        for (auto* widthSwitch : {&lines->polWidthSwitch, &lines->widWidthSwitch}) *widthSwitch = Any(0, 1);
+        lines->polyWidthCount = Any(1, 50);
+        for (int i = 0; i < lines->polyWidthCount; ++i) {
+            lines->polyWidths[i] = {Real(0, 500), Real(500, 1000), 0};
+            lines->polyWidthWeight[i] = Any(1, 16);
+        }
+        for (auto& weight : lines->lineWidthWeight) weight = Any(1, 16);
+        lines->colWidthSwitch = Any(0, 1);
+        lines->colorWeightCount = lines->colWidthSwitch ? 255 : 0;
+        for (int i = 1; i < 256; ++i) lines->colorWeight[i] = lines->colWidthSwitch ? Any(1, 16) : 1;
+        CheckRoundTrip(*lines);
+    }
+}
+
+TEST_F(RandomTable, OfStyles) {
+    for (int round = 0; round < 20; ++round) {
+        auto styles = Read<DxfInStyleTable>("").table;
+        for (auto* flag : {&styles->oneToTwo, &styles->twoToOne, &styles->dimTwoToOne}) *flag = Any(0, 1);
+        styles->styleCount = Any(4, 256);
+        for (int i = 0; i < styles->styleCount; ++i) {
+            if (i >= 4) StoreText(styles->styleName[i], Name(11));  // no comma
+            const std::int32_t ints[] = {styles->styleInts[i][kStyleI0], Any(0, 2), Any(1, 99), Any(1, 15)};
+            const double reals[] = {0, Real(1, 9), Real(1, 9), Real(1, 2), Any(0, 99) / 100.0, Real(1, 9), Real(1, 9)};
+            std::copy(std::begin(ints), std::end(ints), styles->styleInts[i]);
+            std::copy(std::begin(reals), std::end(reals), styles->styleReals[i]);
+        }
+        CheckRoundTrip(*styles);
+    }
+}
+
+TEST_F(RandomTable, OfArrows) {
+    for (int round = 0; round < 20; ++round) {
+        auto arrows = Read<DxfInArrowTable>("").table;
+        arrows->arrowCount = Any(4, 256);
+        for (int i = 0; i < arrows->arrowCount; ++i) {
+            if (i >= 4) StoreText(arrows->arrowName[i], Name());
+            arrows->arrows[i] = {Any(1, 4095), Any(0, 1) * 180, Any(-5, 99999), {}};
+        }
+        CheckRoundTrip(*arrows);
+    }
+}
+
+}  // namespace
