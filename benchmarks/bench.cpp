@@ -174,14 +174,24 @@ class Bench {
               [&] {
                   const HWND dialog = Settle();
                   std::size_t turn = 0;
+                  // Everything is painted before the next step: what the system keeps depends on what was painted.
+                  const auto paint = [&] {
+                      for (const HWND popup : Popups(dialog)) {
+                          RedrawWindow(popup, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+                      }
+                      RedrawWindow(dialog, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+                      Sync();
+                  };
                   const auto hover = [&] {
                       const auto before = Popups(dialog);
                       MoveMouse(Centre(Control(dialog, kZones[turn++ % 5])));
                       Until("the explanation", [&] { return Popups(dialog).size() == 1 && Popups(dialog) != before; });
+                      paint();
                   };
                   const auto bare = [&] {
                       const std::size_t which = turn++ % 5;
                       ExplainBare(dialog, Control(dialog, kZones[which]), kTemplates[which]);
+                      paint();
                   };
                   kept = ReportLeaks("explanation", times, hover, bare);
                   Click(dialog, IDCANCEL);
