@@ -21,6 +21,9 @@ class TestHost : public testing::Test {
         static int count = 0;
         home = std::filesystem::path(temp) /
                (L"kiro_" + std::to_wstring(GetCurrentProcessId()) + L"_" + std::to_wstring(++count));
+        // A run that was ended from outside may have left a folder of this name.
+        std::error_code ignored;
+        std::filesystem::remove_all(home, ignored);
         std::filesystem::create_directories(home / L"DXF");
         std::filesystem::create_directories(home / L"DWG");
         KiroHostSetHome(home.c_str());
