@@ -1,0 +1,38 @@
+// Reads and writes the four import conversion tables. A read lists every line in the error list and tells the user in
+// one box when lines were bad; the table then holds its defaults and every good record. A file that is missing is no
+// error: the defaults stand.
+#pragma once
+
+#include <string>
+
+#include "dxfin_tables/DxfInArrowTable.h"
+#include "dxfin_tables/DxfInLayerTable.h"
+#include "dxfin_tables/DxfInLineTable.h"
+#include "dxfin_tables/DxfInStyleTable.h"
+#include "tables/TableIo.h"
+
+class KrDxfInTbl_IO final : public TableIo {
+  public:
+    // owner: of the boxes. Both must outlive this.
+    KrDxfInTbl_IO(KrUtility& utility, HWND owner) : TableIo(utility, owner) {}
+
+    // The file is the one named in fileName; with noFileRead it is not opened.
+    void ReadLayerTable(DxfInLayerTable& table);
+    void ReadLineTable(DxfInLineTable& table);
+    void ReadStyleTable(DxfInStyleTable& table);
+    void ReadArrowTable(DxfInArrowTable& table);
+
+    // False when the file could not be written; the user has been told, and the old file is as it was.
+    bool WriteLayerTable(const DxfInLayerTable& table);
+    bool WriteLineTable(DxfInLineTable& table);  // raises the weights of line widths below 1 to 1, in the table too
+    bool WriteStyleTable(const DxfInStyleTable& table);
+    bool WriteArrowTable(const DxfInArrowTable& table);
+
+    // Whether the text has only the digits 0 to 9, or nothing at all. Otherwise the user is told of the first character
+    // that is none.
+    bool IsAllDigits(const std::string& text) const;
+
+  private:
+    template <class Table, class Parse>
+    void Read(Table& table, const std::string& path, bool read, const TableWording& wording, Parse parse);
+};

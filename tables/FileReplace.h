@@ -1,0 +1,20 @@
+// Whole files: read at once, and replaced in one step.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// Nothing when the file cannot be opened or read.
+std::optional<std::string> ReadWholeFile(const std::filesystem::path& path);
+
+// Puts the bytes in the file's place in one step: they are written into a file beside it ("~" and its name), flushed to
+// the medium and renamed over it. At every instant, also when the program or the machine stops, the old file or the new
+// one is there, whole. False, and the old file is untouched, when that cannot be done: no room, no right, a read-only
+// file or a folder of that name, or another program doing the same at this moment. A link is followed.
+bool ReplaceWholeFile(const std::filesystem::path& path, std::string_view bytes);
+
+// "\n" becomes CR LF: what a file has that is written in text mode. Tables have it on every system, because the host
+// reads them on Windows.
+std::string TextModeLines(std::string_view text);
