@@ -5,7 +5,7 @@
 
 #include "tables/SlotText.h"
 
-FieldText::FieldText(std::string_view part, std::size_t count, std::string_view suffix) {
+FieldText::FieldText(std::string_view part, std::size_t count, std::string_view suffix) : part_(part) {
     assert(part.size() <= TableLines::kLargestPiece && suffix.size() <= kLongestSuffix);
     part = CutAtCharacter(part, count);
     // None of these can be the second byte of a character.

@@ -12,7 +12,7 @@
 class FieldText {
   public:
     // At most count bytes of the part are looked at; a double-byte character that they would split is left out. part:
-    // a line at most; suffix: at most kLongestSuffix bytes.
+    // a line at most, which must outlive this; suffix: at most kLongestSuffix bytes.
     FieldText(std::string_view part, std::size_t count, std::string_view suffix);
 
     // The texts before each of the separators, which come in this order; what is behind the last one stays. Nothing,
@@ -31,6 +31,7 @@ class FieldText {
         return parts;
     }
     std::string_view Rest() const { return rest_; }
+    std::string_view Part() const { return part_; }  // as it was given, with its blanks and its line end
 
     FieldText(const FieldText&) = delete;
     FieldText& operator=(const FieldText&) = delete;
@@ -40,4 +41,5 @@ class FieldText {
   private:
     char text_[TableLines::kLargestPiece + kLongestSuffix];
     std::string_view rest_;
+    std::string_view part_;
 };

@@ -12,6 +12,10 @@ bool TableLines::Next() {
         text_[size_++] = last;
     }
     const bool any = size_ > 0;
+    if (any) {
+        number_ += ended_;
+        ended_ = text_[size_ - 1] == '\n';
+    }
     size_ = std::min(size_, Text().find('\0'));
     return any;
 }

@@ -13,6 +13,7 @@ class TableLines {
 
     bool Next();                                              // false at the end
     std::string_view Text() const { return {text_, size_}; }  // valid until the next call
+    std::size_t Number() const { return number_; }            // of the file's line, from 1 on; its pieces share it
     void TabsToBlanks();
 
     static constexpr std::size_t kLargestPiece = 256;
@@ -22,5 +23,7 @@ class TableLines {
     std::size_t piece_;
     std::size_t position_ = 0;
     std::size_t size_ = 0;
+    std::size_t number_ = 0;
+    bool ended_ = true;  // the last piece was the end of its line
     char text_[kLargestPiece];
 };

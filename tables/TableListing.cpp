@@ -6,7 +6,8 @@ void TableListing::FileName(std::string_view path) {
     sink_.Write(text_);
 }
 
-void TableListing::Line(std::string_view line) {
+void TableListing::Line(std::string_view line, std::size_t number) {
+    sink_.NextLine(number);
     text_ = "    ";
     text_ += line;
     sink_.Write(text_);

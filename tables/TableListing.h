@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,9 @@ class ListingSink {
     // text: at most a few hundred bytes more than a path. A line of the listing may come in several texts. "\n" ends a
     // line; a file takes it in text mode.
     virtual void Write(std::string_view text) = 0;
+    // The text that follows is this line of the file, from 1 on; what comes before the next one are its errors. The
+    // pieces of a long line have the same number.
+    virtual void NextLine(std::size_t /*number*/) {}
 };
 
 // The listing of one read: every line of the file, with an error line under each bad one.
@@ -19,8 +23,8 @@ class TableListing {
   public:
     explicit TableListing(ListingSink& sink) : sink_(sink) {}
 
-    void FileName(std::string_view path);  // the head of the listing
-    void Line(std::string_view line);      // as read, with its line end if it has one
+    void FileName(std::string_view path);                  // the head of the listing
+    void Line(std::string_view line, std::size_t number);  // as read, with its line end if it has one
     template <class... Values>
     void Error(std::string_view format, const Values&... values) {
         hasErrors_ = true;

@@ -58,7 +58,7 @@ void ReadRecords(std::string_view file, std::size_t piece, const Keyword<Reader>
                  TableListing& listing) {
     TableLines lines(file, piece);
     while (lines.Next()) {
-        listing.Line(lines.Text());
+        listing.Line(lines.Text(), lines.Number());
         // A line that begins with a tab is none: tabs are made blanks later.
         if (IsComment(lines.Text())) continue;
         lines.TabsToBlanks();

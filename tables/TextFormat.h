@@ -27,3 +27,10 @@ class FormatArgument {
 // printf it knows the length of every text, goes by the type of the value and not by the letter, and is not moved by
 // the host's locale. A text never brings its own line break: CR and LF in it are dropped.
 void AppendFormat(std::string& out, std::string_view format, std::initializer_list<FormatArgument> values);
+
+template <class... Values>
+std::string Formatted(std::string_view format, const Values&... values) {
+    std::string out;
+    AppendFormat(out, format, {FormatArgument(values)...});
+    return out;
+}

@@ -2,8 +2,6 @@
 
 #include <cstring>
 #include <memory>
-#include <random>
-#include <sstream>
 
 #include "dxfin_tables/DxfInArrowTable.h"
 #include "dxfin_tables/DxfInLayerTable.h"
@@ -13,113 +11,31 @@
 #include "tables/Numbers.h"
 #include "tables/SlotText.h"
 #include "tables/TableLines.h"
+#include "tests/native/TableTest.h"
 
 using namespace std::string_literals;
 
-namespace {
+static DxfInPalette palette;  // filled by the first test that needs it
 
-constexpr std::string_view kForm = " ***** 書式が違います *****  ";
-constexpr std::string_view kNothing = " ***** 無効なデータです *****\n";
-constexpr TableHeader kHeader = {"C:\\表\\T", "2024/01/02 03:04:05"};
-constexpr char kHeaderText[] = "/ File name : C:\\表\\T\n/      Date : 2024/01/02 03:04:05\n/\n";
-
-DxfInPalette palette;  // filled by the first test that needs it
-
-struct ListingText final : ListingSink {
-    std::string text;
-    void Write(std::string_view more) override { text += more; }
-};
-
-void Parse(std::string_view file, DxfInLayerTable& table, TableListing& listing) {
+static void Parse(std::string_view file, DxfInLayerTable& table, TableListing& listing) {
     for (int i = 0; i < kDxfInColors * 3; ++i) palette[i / 3][i % 3] = i % 256;
     ParseDxfInLayerTable(file, palette, table, listing);
 }
-void Parse(std::string_view file, DxfInLineTable& table, TableListing& l) { ParseDxfInLineTable(file, table, l); }
-void Parse(std::string_view file, DxfInStyleTable& table, TableListing& l) { ParseDxfInStyleTable(file, table, l); }
-void Parse(std::string_view file, DxfInArrowTable& table, TableListing& l) { ParseDxfInArrowTable(file, table, l); }
-std::string Format(DxfInLayerTable& table) { return FormatDxfInLayerTable(table, kHeader); }
-std::string Format(DxfInLineTable& table) { return FormatDxfInLineTable(table, kHeader); }
-std::string Format(DxfInStyleTable& table) { return FormatDxfInStyleTable(table, kHeader); }
-std::string Format(DxfInArrowTable& table) { return FormatDxfInArrowTable(table, kHeader); }
-
-template <class Table>
-struct Outcome {
-    std::unique_ptr<Table> table = std::make_unique<Table>();
-    std::string listed = {};
-    bool errors = false;
-};
-
-// Reads a file over a table full of rubbish.
-template <class Table>
-Outcome<Table> Read(std::string_view file) {
-    Outcome<Table> outcome;
-    std::memset(static_cast<void*>(outcome.table.get()), 0x55, sizeof(Table));
-    ListingText sink;
-    TableListing listing(sink);
-    Parse(file, *outcome.table, listing);
-    outcome.listed = sink.text;
-    outcome.errors = listing.HasErrors();
-    return outcome;
+static void Parse(std::string_view file, DxfInLineTable& table, TableListing& l) {
+    ParseDxfInLineTable(file, table, l);
 }
-
-// Records with ";" between them, and the error that each is to have under it in the listing.
-struct Lines {
-    std::string texts;
-    std::string error = {};
-};
-
-// Between lines CR LF means the same as LF. What is behind a capacity error is neither listed nor read.
-template <class Table>
-std::unique_ptr<Table> ReadLines(const std::vector<Lines>& groups) {
-    std::string file, twin, listed;
-    bool errors = false, ended = false;
-    for (const Lines& group : groups) {
-        std::istringstream texts(group.texts + ";");
-        for (std::string text; std::getline(texts, text, ';');) {
-            file += text + "\n";
-            twin += text + "\r\n";
-            if (ended) continue;
-            listed += "    " + text + "\n" + group.error;
-            errors |= !group.error.empty();
-            ended = group.error.find("Max.") != std::string::npos;
-        }
-    }
-    Outcome<Table> outcome = Read<Table>(file);
-    EXPECT_EQ(outcome.listed, listed);
-    EXPECT_EQ(outcome.errors, errors);
-    const Outcome<Table> same = Read<Table>(twin);
-    EXPECT_EQ(same.listed, listed);
-    EXPECT_EQ(std::memcmp(same.table.get(), outcome.table.get(), sizeof(Table)), 0);
-    return std::move(outcome.table);
+static void Parse(std::string_view file, DxfInStyleTable& table, TableListing& l) {
+    ParseDxfInStyleTable(file, table, l);
 }
-
-// So many good records, one that has no room and one that is not reached.
-template <class Table>
-std::unique_ptr<Table> Fill(int room, const std::string& record, const std::string& error) {
-    std::vector<Lines> lines(static_cast<std::size_t>(room), {record});
-    lines.push_back({record, error});
-    lines.push_back({record});
-    return ReadLines<Table>(lines);
+static void Parse(std::string_view file, DxfInArrowTable& table, TableListing& l) {
+    ParseDxfInArrowTable(file, table, l);
 }
+static std::string Format(DxfInLayerTable& table) { return FormatDxfInLayerTable(table, kHeader); }
+static std::string Format(DxfInLineTable& table) { return FormatDxfInLineTable(table, kHeader); }
+static std::string Format(DxfInStyleTable& table) { return FormatDxfInStyleTable(table, kHeader); }
+static std::string Format(DxfInArrowTable& table) { return FormatDxfInArrowTable(table, kHeader); }
 
-template <class Table>
-void ExpectText(Table& table, std::string_view start, std::string_view middle, std::string_view end) {
-    const std::string text = Format(table), head = kHeaderText + std::string(start);
-    EXPECT_EQ(text.substr(0, head.size()), head);
-    EXPECT_NE(text.find(middle), text.npos) << text;
-    const std::string tail = std::string(end) + "/\n/ Eof\n";
-    EXPECT_EQ(text.substr(text.size() - std::min(text.size(), tail.size())), tail);
-}
-
-std::string Error(std::string_view text) { return " ***** " + std::string(text) + " *****\n"; }
-std::string Form(std::string_view text) { return std::string(kForm) + std::string(text) + "\n"; }
-
-template <class... Values>
-std::string Join(const Values&... values) {
-    std::ostringstream text;
-    ((text << values << ' '), ...);
-    return text.str();
-}
+namespace {
 
 TEST(TableLines, PiecesAndTheirEnds) {
     const auto split = [](std::string_view file, std::size_t piece) {
@@ -405,29 +321,7 @@ TEST(ArrowTable, Records) {
     EXPECT_EQ(full->arrowCount, 256);
 }
 
-// A table that is written and read again is the same, colours 0 and 256 apart, which are not in the files.
-class RandomTable : public testing::Test {
-  protected:
-    int Any(int low, int high) { return low + static_cast<int>(random_() % static_cast<unsigned>(high - low + 1)); }
-    double Real(int low, int high) { return Any(low * 100, high * 100) / 100.0; }
-    std::string Name(int kinds = 12) {
-        constexpr std::string_view kCharacters[] = {"A",  "z",  "0",  "-",     "/",    "|",
-                                                    "\\", "表", "ソ", "\x83|", "アイ", ","};
-        std::string name = "N";
-        for (int i = Any(0, 12); i > 0; --i) name += kCharacters[Any(0, kinds - 1)];
-        return name;
-    }
-    template <class Table>
-    void CheckRoundTrip(Table& table) {
-        const std::string text = Format(table);
-        const Outcome<Table> again = Read<Table>(text);
-        EXPECT_FALSE(again.errors) << again.listed;
-        EXPECT_EQ(std::memcmp(&table, again.table.get(), sizeof table), 0);
-        EXPECT_EQ(Format(*again.table), text);
-    }
-    std::minstd_rand random_{20};
-};
-
+// Colours 0 and 256 stay what they are: they are not in the files.
 TEST_F(RandomTable, OfLayers) {
     for (int round = 0; round < 20; ++round) {
         auto layers = Read<DxfInLayerTable>("").table;
