@@ -50,8 +50,11 @@ KIRODXF_API const char* DxfGetErrorMessage(int code);
 
 // ---- Parameters and tables ----
 
-KIRODXF_API void setdxfinparam(const DxfInParamBlock* params);  // the parameters of the next import
-KIRODXF_API int DxfInWriteParam();                              // keeps them as the defaults; 0 on success
+KIRODXF_API void setdxfinparam(const DxfInParamBlock* params);  // of the next import; copied. Null: those before stay
+// Keeps the parameters given last as the defaults, beyond the end of the program; 0 on success. Otherwise, and when
+// none were given, the defaults kept before stay.
+KIRODXF_API int DxfInWriteParam();
+KIRODXF_API int DxfInReadParam(DxfInParamBlock* params);  // the kept defaults; 0 on success, or params is as before
 KIRODXF_API void setdxfotparam(const DxfOutParamBlock* params);
 KIRODXF_API int DxfOutWriteParam();
 KIRODXF_API void setdxfintblnam(const char* name);
@@ -61,13 +64,25 @@ KIRODXF_API int DxfOutFloppy(bool floppy, const char* path, int drawing, int pic
 KIRODXF_API int DxfIsModelCheck();  // not 0: the model is to be checked before an export
 KIRODXF_API void d161907cnsout();   // saves the host's settings
 
-KIRODXF_API const char* dxfinGetArrowName(int index);  // Shift-JIS; null past the last
+// The block names of arrow heads as DXF files have them, such as "_DOT"; Shift-JIS, null past the last.
+KIRODXF_API const char* dxfinGetArrowName(int index);
 KIRODXF_API const char* dxfotGetArrowName(int index);  // the same for the export
-KIRODXF_API int dxfotCheckArrow(const char* name);     // not 0: known
-KIRODXF_API void DxfSetColorRGB();                     // prepares the palette
-KIRODXF_API void DxfGetColorRGB(int color, std::int16_t* red, std::int16_t* green, std::int16_t* blue);  // 0 to 256
-KIRODXF_API double DxfGetLineWidth(int index);    // the standard widths in mm, 0 to 23, ascending
-KIRODXF_API int DxfCheckLineWidth(double width);  // not 0: a standard width
-KIRODXF_API int DxfGetLineWeight(int index);      // the weight for an index of the list of default widths
-KIRODXF_API int dxfmemcmp(const char* line, const char* keyword, int count);  // 0: the first count bytes are equal
-KIRODXF_API int dxfstrcmp(const char* left, const char* right);               // 0: equal, byte for byte
+KIRODXF_API int dxfotCheckArrow(const char* name);     // not 0: one of the names for the export, byte for byte
+
+// The colour numbers of DXF: 1 to 255, and as white 0 (by block) and 256 (by layer). Black for any other number. Values
+// are 0 to 255; one that is not wanted may be null.
+KIRODXF_API void DxfGetColorRGB(int color, std::int16_t* red, std::int16_t* green, std::int16_t* blue);
+KIRODXF_API void DxfSetColorRGB();  // prepares the palette. It is constant here: nothing changes, and no call is needed
+
+constexpr int kDxfLineWidths = 24;
+KIRODXF_API double DxfGetLineWidth(int index);    // the standard widths in mm, 0 to 23, ascending; -1 for another index
+KIRODXF_API int DxfCheckLineWidth(double width);  // not 0: exactly a standard width
+
+// The list of default widths has the line weights 1 to 16, in this order and each shown as its number.
+constexpr int kDxfLineWeights = 16;
+KIRODXF_API int DxfGetLineWeight(int index);  // the weight for an index of that list; 0 for another index
+
+// Byte for byte, letter case too; a null pointer is the empty text. A text's NUL ends the comparison: neither reads
+// past it. 0: equal; otherwise less or more than 0 by the first bytes (as unsigned) that differ.
+KIRODXF_API int dxfmemcmp(const char* line, const char* keyword, int count);  // at most the first count bytes
+KIRODXF_API int dxfstrcmp(const char* left, const char* right);
