@@ -85,8 +85,8 @@ Reading LayerReader::Layer(FieldText& fields, char (&names)[kDxfOutLayers][N], s
     if (!number) return Refuse(badNumber, kDxfOutFrame);
     StoreText(names[*number], fields.Rest());
     if (*number != 0) return Reading::kGoOn;
-    // Deliberately only what is empty at this moment. Unnamed entries hold "0", so that are those which an earlier
-    // record left without a name.
+    // Deliberately only what is empty at this moment. "0" is a name too: empty are entries that an earlier record left
+    // without one.
     for (auto& name : names)
         if (SlotText(name).empty()) StoreText(name, fields.Rest());
     return Reading::kGoOn;
@@ -117,8 +117,8 @@ void SetDefaults(DxfOutLayerTable& table) {
     std::fill(std::begin(table.colorMap), std::end(table.colorMap), kUnsetColor);
 }
 
-// Files of old name with PICTURE_OFF the class of the drawing frame. Deliberately a negative number ends as 257 too:
-// the choice of revisions is lost.
+// Older files give with PICTURE_OFF the class that names the drawing frame. Deliberately a negative number ends as 257
+// too: the choice of revisions is lost.
 void CompletePictureOff(DxfOutLayerTable& table) {
     auto& frame = table.classLayer[kDxfOutFrame];
     if (table.pictureOff > 0 && SlotText(frame) == kNoLayer)

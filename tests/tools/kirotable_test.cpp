@@ -158,7 +158,9 @@ TEST_F(KiroTable, CheckSaysFileLineAndMessage) {
 }
 
 TEST_F(KiroTable, ArgumentsAreExplained) {
-    EXPECT_EQ(Tool("").status, 2);
+    const Outcome nothing = Tool("");
+    EXPECT_EQ(nothing.status, 2);
+    EXPECT_TRUE(Has(nothing.error, "引数が足りません")) << nothing.error;
     const Outcome help = Tool("--help");
     EXPECT_EQ(help.status, 0);
     for (const std::string command : {"check", "show", "format", "new", "diff"}) {
@@ -218,8 +220,9 @@ TEST_F(KiroTable, ShowHasTheFieldsAndTextsInUtf8) {
     EXPECT_EQ(font(""), "monotxt");
     EXPECT_EQ(font("--gx3"), "txt");
     // The host knows the names of arrow heads.
-    Write("KIRODXF_ARROW", "ARROW 1, 0 = _DOT\nARROW 2, 0 = NOBODY\n");
+    Write("KIRODXF_ARROW", "ARROW 1, 0 = _DOT\nARROW 2, 0 = NOBODY\nARROW 3, 0 = _DOT\nARROW 4, 0 = _DOT\n");
     EXPECT_TRUE(Has(Tool("check KIRODXF_ARROW").out, ":2: ***** 無効な矢印名です *****\n"));
+    EXPECT_TRUE(Has(Tool("show KIRODXF_ARROW").out, "\n  1     0      _DOT\n  3-4   0      _DOT\n"));
 }
 
 TEST_F(KiroTable, FormatLosesNothingUnasked) {
