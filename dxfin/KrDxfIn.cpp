@@ -4,14 +4,15 @@
 #include <cstdlib>
 
 #include "dxfin/DrawingVersion.h"
+#include "dxfin/KrDxfInAttr.h"
 #include "entry/CommandFrame.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirocontrol.h"
+#include "entry/host/kirodxf.h"
 #include "entry/host/kiromdl.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
 #include "resources/dxfin/KrDxfInAll.ids.h"
-#include "resources/dxfin/KrDxfInAttr.ids.h"
 #include "resources/dxfin/KrDxfInParam.ids.h"
 #include "ui/MessageBoxes.h"
 
@@ -265,7 +266,10 @@ void KrDxfIn::OpenParameters() {
 
 void KrDxfIn::OpenAttributes() {
     fileLabel_.Flat();
-    CommandFrame(kDxfInAttrDialog).DoModal(Handle());
+    // A host that hands over no block: what is chosen can still be kept as the defaults.
+    DxfInParamBlock kept{};
+    if (!info_.importParams) DxfInReadParam(&kept);
+    KrDxfInAttr(info_.importParams ? *info_.importParams : kept).DoModal(Handle());
 }
 
 void KrDxfIn::OpenBatch() {

@@ -1,5 +1,5 @@
-// The explanations of the import dialog's five groups: balloon-like popups that appear while the mouse rests on a
-// group's caption. They take neither focus nor input.
+// Explanations: balloon-like popups that appear while the mouse rests on a place of a dialog. They take neither focus
+// nor input. Below, those of the import dialog's five groups.
 #pragma once
 
 #include "resources/dxfin/KrDxfInHelp.ids.h"
@@ -10,13 +10,13 @@ class KrDxfInHelp : public kiro::ui::Dialog {
     // Where the popup stands relative to the zone that it explains. Its top is always 5 pixels below the zone.
     enum class Placement { kLeftAtZoneLeft, kCentred, kRightAtZoneRight, kRightAtZoneLeft };
 
+    KrDxfInHelp(int templateId, Placement placement);
     ~KrDxfInHelp() override;
 
     // Makes the popup for a zone, given in the owner's client area, and shows it; the owner stays the active window.
     void Open(HWND owner, const RECT& zone);
 
   protected:
-    KrDxfInHelp(int templateId, Placement placement);
     void OnInit() override;
 
   private:

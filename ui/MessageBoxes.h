@@ -7,7 +7,7 @@
 
 namespace kiro::ui {
 
-enum class Icon : UINT { kWarning = MB_ICONEXCLAMATION, kError = MB_ICONHAND };
+enum class Icon : UINT { kWarning = MB_ICONEXCLAMATION, kError = MB_ICONHAND, kQuestion = MB_ICONQUESTION };
 
 void DefaultBeep();
 

@@ -1,4 +1,17 @@
-// kirodlglib: the grid of the table editors. Text is Shift-JIS. Rows and columns count from 0.
+// kirodlglib: the grid of the table editors and choosers. It works on a list view of the dialog's template (LVS_REPORT |
+// LVS_OWNERDATA | LVS_OWNERDRAWFIXED | LVS_SINGLESEL | LVS_SHOWSELALWAYS) and holds the texts itself. Text is Shift-JIS.
+// Rows and columns count from 0; a row or column that is not there is ignored (a text is "", a flag 0).
+//
+// The grid answers the list view's requests for texts and edits cells in place on its own. There is one current cell,
+// which mouse and arrow keys move; the dialog hears of all that as WM_NOTIFY from the list view:
+//
+//   NM_CLICK, NM_DBLCLK   a cell was clicked: call ClickItem first
+//   kKrListCellMoved      the current cell is another one, moved by a key or the right mouse button (KrListNotify)
+//   kKrListCellChanged    the user gave a cell another text (KrListNotify)
+//   kKrListMarkChanged    the user marked the row or took its mark away, by a click or the space bar (KrListNotify)
+//
+// Its pop-up menu is the dialog's: WM_CONTEXTMENU with the list view as window, after the current cell has moved to the
+// row under the mouse.
 #pragma once
 
 #include "KrUtility.h"
@@ -7,50 +20,78 @@ struct tagDRAWITEMSTRUCT;
 using KrDrawItem = tagDRAWITEMSTRUCT;  // DRAWITEMSTRUCT
 using KrColor = std::uint32_t;         // COLORREF, 0x00BBGGRR
 
+constexpr unsigned int kKrListCellMoved = 0xFFFFF800u;    // notification codes below the system's own
+constexpr unsigned int kKrListCellChanged = 0xFFFFF801u;
+constexpr unsigned int kKrListMarkChanged = 0xFFFFF802u;
+
+constexpr int kKrSelectNone = -1;  // rows cannot be marked; there is a current cell
+constexpr int kKrSelectSingle = 0;
+constexpr int kKrSelectMultiple = 1;
+
+// lParam of the three notifications; the first three members are an NMHDR.
+struct KrListNotify {
+    KrWindow list;
+    std::uintptr_t listId;
+    unsigned int code;
+    int row;
+    int column;
+};
+
 class KrListControl {
   public:
-    virtual void Release() = 0;
+    virtual void Release() = 0;  // before or after the dialog's windows are gone
 
-    // listId: a list view of the dialog; rows: shown at first; limit: the most there may ever be; selection: -1 none,
-    // 0 single, 1 multiple.
+    // First call. listId: the list view; rows: empty rows at the start; limit: the most there may be.
     virtual void InitList(KrWindow dialog, int listId, int columns, int rows, int limit, int selection) = 0;
     virtual void SetColumn(int column, const char* title, double width) = 0;  // width: share of the sum of all widths
-    virtual void SetExtendedStyle(unsigned long style) = 0;                   // 33 = grid lines and full-row selection
-    virtual void OnDrawItem(KrDrawItem* request) = 0;                         // for the dialog's WM_DRAWITEM
-    virtual void DrawItem() = 0;                                              // redraws the whole grid
+    virtual void SetExtendedStyle(unsigned long style) = 0;                   // 33: grid lines and full-row selection
+    virtual void OnDrawItem(KrDrawItem* request) = 0;  // for the dialog's WM_DRAWITEM of the list view
+    virtual void DrawItem() = 0;                       // brings the screen up to date with all that was set
 
-    virtual int AddItem() = 0;      // the new last row, or -1 at the limit
-    virtual int InsertItem() = 0;   // the new row above the selected one, or -1
-    virtual void DeleteItem() = 0;  // the selected row
+    // AddItem: the new last row. InsertItem: the new row above the current one, or the last when none is. Both: empty
+    // texts, no flags; the row becomes the current one and is scrolled to; -1 at the limit.
+    virtual int AddItem() = 0;
+    virtual int InsertItem() = 0;
+    virtual void DeleteItem() = 0;  // the current row; the next one, or the last, becomes current
     virtual int GetItemCount() const = 0;
     virtual void SetItemText(int row, int column, const char* text) = 0;
     virtual int GetItemText(int row, int column, char* out, int size) const = 0;  // length of the whole text
 
-    // kind 0: text. limit: characters that can be typed. prompt: guidance while the cell is edited.
+    // How a column is edited: by typing (SetEdit), by a drop-down of choices (SetCombo), or both. A column with neither
+    // cannot be edited. kind: 0 for typed text, 1 for choices. limit: characters that can be typed. prompt: guidance
+    // while the cell is edited that way; "" leaves the message zone as it is. The choices are copied.
     virtual void SetEdit(int column, int kind, unsigned int limit, const char* prompt) = 0;
     virtual void SetCombo(int column, int kind, const KrStringList* choices, const char* prompt) = 0;
     virtual void SetRowCombo(int row, int column, int kind, const KrStringList* choices, const char* prompt) = 0;
     virtual void SetEditMode(int row, int column) = 0;  // opens the cell for editing
-    virtual void CloseComboBox() = 0;
+    // Takes what is being edited into the cell, as leaving it does. 0 when the text was refused: the cell is still
+    // open, has the focus, and the message zone says why. Not 0 when nothing is open.
+    virtual int EndEdit() = 0;
+    virtual void CloseComboBox() = 0;  // closes an open drop-down; its cell keeps the choice shown
 
-    virtual void ClickItem() = 0;                     // for the list's click notification
-    virtual void ClickCell(int row, int column) = 0;  // as if the cell had been clicked
-    virtual void GetClickItem(int* row, int* column) const = 0;
-    virtual int GetSelectedItem() const = 0;    // -1: none
-    virtual int GetSelectedColumn() const = 0;  // -1: none
+    virtual void ClickItem() = 0;                     // for NM_CLICK and NM_DBLCLK: the clicked cell becomes current
+    virtual void ClickCell(int row, int column) = 0;  // makes the cell current, scrolls to it and takes the focus
+    virtual void GetClickItem(int* row, int* column) const = 0;  // the cell clicked last, -1 and -1 for none
+    virtual int GetSelectedItem() const = 0;                     // row of the current cell; -1: none
+    virtual int GetSelectedColumn() const = 0;                   // column of the current cell; -1: none
 
+    // A cell marked as an error is drawn so that it is found at once, with or without colours.
     virtual void SetErrorFlag(int row, int column, int on) = 0;
-    virtual void ErrorText(const char* text) = 0;
-    virtual void MessageText(const char* text) = 0;
-    virtual void SetAvailableFlag(int row, int column, int on) = 0;
+    virtual void ErrorText(const char* text) = 0;    // in the utility's message zone, marked as an error
+    virtual void MessageText(const char* text) = 0;  // the same as guidance; "" clears
+    // available 0: the cell cannot be edited, though its column can. row -1: the whole column.
+    virtual void SetAvailableFlag(int row, int column, int available) = 0;
     virtual int GetAvailableFlag(int row, int column) const = 0;
-    virtual void SetSelectFlag(int row, int on) = 0;
+    virtual void SetSelectFlag(int row, int on) = 0;  // marks a row; single: the only one
     virtual int GetSelectFlag(int row) const = 0;
     virtual void ClearSelectFlag() = 0;
     virtual void SetItemColor(int row, int column, KrColor text, KrColor background) = 0;
+    // Grids side by side whose rows belong together: the child scrolls with its parent, and the current row of one is
+    // that of the other.
     virtual void SetParentList(KrListControl* parent) = 0;
 
-    // 1 to 256, with a message of its own in the message zone; not 0 when valid.
+    // A class or revision number: 1 to 256, written with half-width digits alone. Not 0 when valid; otherwise a message
+    // with the row, counted from 1, and the text is shown as an error.
     virtual int CheckClassNumber(int row, const char* text) = 0;
     virtual int CheckRevisionNumber(int row, const char* text) = 0;
 
@@ -58,4 +99,11 @@ class KrListControl {
     ~KrListControl() = default;
 };
 
+// A new grid that shows its messages in the utility's message zone, or null when there is no memory. The utility must
+// outlive it.
 KIRODLGLIB_API KrListControl* KrCreateListControl(KrUtility* utility);
+
+struct KrListControlRelease {
+    void operator()(KrListControl* grid) const { grid->Release(); }
+};
+using KrListControlPtr = std::unique_ptr<KrListControl, KrListControlRelease>;

@@ -10,6 +10,7 @@
 #include "hostlayer/include/KiroHost.h"
 #include "resources/catia/KrDxfPass.ids.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
+#include "resources/dxfin/KrDxfInAttr.ids.h"
 
 namespace kiro {
 namespace {
@@ -66,6 +67,39 @@ Windows Opened(const std::wstring&) {
     return {dialog, next};
 }
 
+// The attribute conversion and what opens behind one of its buttons.
+template <int button>
+Windows BehindAttributes(const std::wstring& drawing) {
+    Windows windows = Opened<kAttributesButton>(drawing);
+    const HWND attributes = windows.back();
+    Click(attributes, button);
+    const HWND next = Settle();
+    if (next == attributes) throw Failure("no dialog opens");
+    windows.push_back(next);
+    return windows;
+}
+
+Windows NewLayerTable(const std::wstring& drawing) {
+    Windows windows = BehindAttributes<kColorNewButton>(drawing);
+    const HWND chooser = windows.back();
+    constexpr int kName = 0x47C;  // the system chooser's file-name combo
+    Send(Control(chooser, kName), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"DXFKIRO_LAYER1"));
+    Click(chooser, IDOK);
+    windows.back() = Settle();
+    return windows;
+}
+
+template <int label>
+Windows Explained(const std::wstring& drawing) {
+    Windows windows = Opened<kAttributesButton>(drawing);
+    const HWND attributes = windows.back();
+    MoveMouse(Centre(Control(attributes, kKeepSettingsCheck)));
+    MoveMouse(Centre(Control(attributes, label)));
+    Until("the explanation opens", [&] { return !Popups(attributes).empty(); });
+    windows.push_back(Popups(attributes).front());
+    return windows;
+}
+
 Windows PictureRefused(const std::wstring&) {
     const HWND dialog = Settle();
     Focus(dialog, kPictureEdit);
@@ -115,6 +149,14 @@ constexpr Scene kScenes[] = {
     {"import-chooser", "DxfInputDlg", u8"{}", Opened<kBrowseButton>},
     {"import-parameters", "DxfInputDlg", u8"{}", Opened<kParametersButton>},
     {"import-attributes", "DxfInputDlg", u8"{}", Opened<kAttributesButton>},
+    {"attributes-help-layer", "DxfInputDlg", u8"{}", Explained<kLayerHelpLabel>},
+    {"attributes-help-line-type", "DxfInputDlg", u8"{}", Explained<kLineTypeHelpLabel>},
+    {"attributes-help-line-width", "DxfInputDlg", u8"{}", Explained<kLineWidthHelpLabel>},
+    {"attributes-help-color", "DxfInputDlg", u8"{}", Explained<kColorHelpLabel>},
+    {"attributes-help-arrow", "DxfInputDlg", u8"{}", Explained<kArrowHelpLabel>},
+    {"attributes-help-text-width", "DxfInputDlg", u8"{}", Explained<kTextWidthHelpLabel>},
+    {"attributes-layer-table", "DxfInputDlg", u8"{}", NewLayerTable},
+    {"attributes-line-table", "DxfInputDlg", u8"{}", BehindAttributes<kLineTypeChangeButton>},
     {"import-batch", "DxfInputDlg", u8"{}", Opened<kBatchButton>},
     {"password", "DxfInputPass", u8R"({"inputFileName": "/図面/保護図面.dwg"})", AsItOpens},
     {"password-typed", "DxfInputPass", u8R"({"inputFileName": "/図面/保護図面.dwg"})", PasswordTyped},

@@ -1,0 +1,67 @@
+#include "dxfin_tables/KrDxfInTbl_LStyle.h"
+
+#include <cstring>
+
+#include "dxfin_tables/EditorTexts.h"
+#include "resources/dxfin_tables/KrDxfInTbl_LStyle.ids.h"
+#include "tables/SlotText.h"
+
+namespace {
+
+enum Column { kRowColumn, kNameColumn, kFontColumn, kWeightColumn };
+
+constexpr int kLargestFont = 63;
+constexpr int kLargestWeight = 16;
+
+}  // namespace
+
+KrDxfInTbl_LStyle::KrDxfInTbl_LStyle(DxfInLineTable& table) : GridEditor(kDxfInLineTypeGridDialog), table_(table) {}
+
+kiro::ui::GridEditor::Shape KrDxfInTbl_LStyle::Form() const {
+    return {"線種割当て", "線種割当て", kDxfInLineTypes, true};
+}
+
+std::vector<kiro::ui::GridColumn> KrDxfInTbl_LStyle::Columns() const {
+    return {{"番号", 1.5},
+            {"線種名", 5.5, 20, "線種名を入力してください"},
+            {"線種", 1.5, 4, "線種を入力してください", kLargestFont, "線種を選択してください"},
+            {"線幅", 1.5, 4, "線幅を入力してください", kLargestWeight, "線幅を選択してください"}};
+}
+
+void KrDxfInTbl_LStyle::FillRow(int row) {
+    SetTextAt(row, kNameColumn, SlotText(table_.lineTypeName[row]));
+    SetTextAt(row, kFontColumn, std::to_string(table_.lineTypes[row].lineFont));
+    SetTextAt(row, kWeightColumn, std::to_string(table_.lineTypes[row].lineWeight));
+}
+
+void KrDxfInTbl_LStyle::FillNewRow(int row) {
+    SetTextAt(row, kFontColumn, "1");
+    SetTextAt(row, kWeightColumn, "1");
+}
+
+void KrDxfInTbl_LStyle::BeforeCheck() { sameName_ = SameTextBelow(kNameColumn); }
+
+bool KrDxfInTbl_LStyle::CheckRow(int row) {
+    const std::string name = TextAt(row, kNameColumn);
+    const int same = sameName_[static_cast<std::size_t>(row)];
+    if (name.empty()) return Fail(row, kNameColumn, Formatted("線種名が入力されていません %d : ", row + 1));
+    if (same >= 0)
+        return Fail(row, kNameColumn, Formatted("線種名が重複しています %d,%d : %s", row + 1, same + 1, name));
+    if (!CanBeWritten(name, "="))
+        return Fail(row, kNameColumn, Formatted("線種名に空白と「=」は使えません %d : %s", row + 1, name));
+    Pass(row, kNameColumn);
+    return CheckInteger(row, kFontColumn, 1, kLargestFont, "無効な線種番号です %d : %s") &&
+           CheckInteger(row, kWeightColumn, 1, kLargestWeight, "無効な線幅番号です %d : %s");
+}
+
+void KrDxfInTbl_LStyle::Store() {
+    const int rows = Rows();
+    std::memset(table_.lineTypes, 0, sizeof table_.lineTypes);
+    std::memset(table_.lineTypeName, 0, sizeof table_.lineTypeName);
+    for (int row = 0; row < rows; ++row) {
+        StoreText(table_.lineTypeName[row], TextAt(row, kNameColumn));
+        table_.lineTypes[row].lineFont = NumberAt(row, kFontColumn);
+        table_.lineTypes[row].lineWeight = NumberAt(row, kWeightColumn);
+    }
+    table_.lineTypeCount = rows;
+}

@@ -1,0 +1,156 @@
+#include "KrGridPainter.h"
+
+#include <algorithm>
+#include <string>
+
+#include "KrText.h"
+
+namespace {
+
+constexpr COLORREF kErrorColor = RGB(0xC0, 0, 0);
+constexpr COLORREF kErrorBackground = RGB(0xFF, 0xE0, 0xE0);
+constexpr wchar_t kErrorMark[] = L"！";
+constexpr int kHighlightPercent = 25;
+constexpr int kUnavailablePercent = 60;
+constexpr int kMarkBox = 13;
+constexpr std::size_t kMostShown = 512;  // characters of a cell; no screen is wider
+
+int Scaled(HDC dc, int pixels) { return MulDiv(pixels, GetDeviceCaps(dc, LOGPIXELSX), 96); }
+
+COLORREF Blend(COLORREF base, COLORREF other, int percent) {
+    const auto mix = [&](int a, int b) { return static_cast<BYTE>(a + (b - a) * percent / 100); };
+    return RGB(mix(GetRValue(base), GetRValue(other)), mix(GetGValue(base), GetGValue(other)),
+               mix(GetBValue(base), GetBValue(other)));
+}
+
+bool IsDark(COLORREF color) { return GetRValue(color) + GetGValue(color) + GetBValue(color) < 3 * 0x80; }
+
+HBRUSH DcBrush(HDC dc, COLORREF color) {
+    SetDCBrushColor(dc, color);
+    return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+}
+
+void Fill(HDC dc, const RECT& area, COLORREF color) { FillRect(dc, &area, DcBrush(dc, color)); }
+
+// The frame's inside is what remains.
+void Frame(HDC dc, RECT& area, COLORREF color, int width) {
+    for (; width > 0; --width) {
+        FrameRect(dc, &area, DcBrush(dc, color));
+        InflateRect(&area, -1, -1);
+    }
+}
+
+void DrawLine(HDC dc, const RECT& area, const std::wstring& text) {
+    RECT box = area;
+    DrawTextW(dc, text.data(), static_cast<int>(std::min(text.size(), kMostShown)), &box,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
+}  // namespace
+
+void KrGridPainter::ReadColors() {
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    const bool high = SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+                      (contrast.dwFlags & HCF_HIGHCONTRASTON);
+    // Our own pale colours suit a light window only.
+    systemColorsOnly_ = high || IsDark(GetSysColor(COLOR_WINDOW));
+}
+
+KrGridPainter::Look KrGridPainter::LookOf(GridPlace place, const GridPicture& picture) const {
+    const GridCell& cell = *rows_.Find(place);
+    const bool current = place.row == picture.current.row;
+    if (!picture.enabled) return {GetSysColor(COLOR_GRAYTEXT), GetSysColor(COLOR_BTNFACE)};
+    if (picture.editing && place == picture.current) return {GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_WINDOW)};
+    if (systemColorsOnly_ && current)
+        return picture.focused ? Look{GetSysColor(COLOR_HIGHLIGHTTEXT), GetSysColor(COLOR_HIGHLIGHT)}
+                               : Look{GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE)};
+
+    const bool available = rows_.IsAvailable(place);
+    Look look{GetSysColor(available ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT), GetSysColor(COLOR_WINDOW)};
+    if (systemColorsOnly_) return look;
+    // Darker than the system's grey: such texts are read all day, row numbers above all.
+    if (!available)
+        look = {Blend(look.text, GetSysColor(COLOR_WINDOWTEXT), kUnavailablePercent),
+                Blend(look.background, GetSysColor(COLOR_BTNFACE), kUnavailablePercent)};
+    if (cell.colors) look = {cell.colors->text, cell.colors->background};
+    if (current)
+        look.background = Blend(GetSysColor(COLOR_WINDOW),
+                                GetSysColor(picture.focused ? COLOR_HIGHLIGHT : COLOR_BTNSHADOW), kHighlightPercent);
+    if (cell.error) look = {GetSysColor(COLOR_WINDOWTEXT), kErrorBackground};
+    return look;
+}
+
+// The row's mark, at the left of its first cell: a shape and not a colour, and apart from the current row.
+void KrGridPainter::DrawMark(HDC dc, RECT& area, int row) const {
+    if (rows_.MarkKind() == GridRows::Marks::kNone) return;
+    const int size = std::min<int>(Scaled(dc, kMarkBox), area.bottom - area.top);
+    const int top = (area.top + area.bottom - size) / 2;
+    const int gap = Scaled(dc, kMargin) / 2;
+    RECT box{area.left - gap, top, area.left - gap + size, top + size};
+    const UINT kind = rows_.MarkKind() == GridRows::Marks::kSingle ? DFCS_BUTTONRADIO : DFCS_BUTTONCHECK;
+    const UINT state = rows_.IsMarked(row) ? static_cast<UINT>(DFCS_CHECKED) : 0;
+    DrawFrameControl(dc, &box, DFC_BUTTON, kind | state | DFCS_FLAT);
+    area.left = box.right + gap;
+}
+
+void KrGridPainter::DrawFrames(HDC dc, const RECT& area, GridPlace place, const GridPicture& picture) const {
+    RECT inside = area;
+    // The list view draws its grid lines over the outermost pixels.
+    if (place.column > 0) ++inside.left;
+    --inside.right;
+    --inside.bottom;
+    if (place == picture.current) {
+        const int color = !picture.focused || !picture.enabled ? COLOR_BTNSHADOW
+                          : systemColorsOnly_                  ? COLOR_HIGHLIGHTTEXT
+                                                               : COLOR_HIGHLIGHT;
+        Frame(dc, inside, GetSysColor(color), Scaled(dc, picture.focused ? kFrame : 1));
+    }
+    if (place == picture.start) {
+        RECT dotted = inside;
+        InflateRect(&dotted, -1, -1);
+        DrawFocusRect(dc, &dotted);
+    }
+    if (rows_.Find(place)->error) {
+        const bool selected = systemColorsOnly_ && place.row == picture.current.row && picture.focused;
+        const COLORREF system = GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT);
+        Frame(dc, inside, systemColorsOnly_ ? system : kErrorColor, Scaled(dc, 1));
+    }
+}
+
+void KrGridPainter::DrawCell(HDC dc, RECT area, GridPlace place, const GridPicture& picture) const {
+    const GridCell& cell = *rows_.Find(place);
+    const Look look = LookOf(place, picture);
+    Fill(dc, area, look.background);
+    DrawFrames(dc, area, place, picture);
+    area.left += Scaled(dc, kMargin);
+    area.right -= Scaled(dc, kFrame);
+    if (place.column == 0) DrawMark(dc, area, place.row);
+    if (cell.error) {
+        SIZE mark{};
+        SetTextColor(dc, systemColorsOnly_ ? look.text : kErrorColor);
+        DrawLine(dc, area, kErrorMark);
+        GetTextExtentPoint32W(dc, kErrorMark, 1, &mark);
+        area.left += mark.cx;
+    }
+    SetTextColor(dc, look.text);
+    if (area.left < area.right && !cell.text.empty())
+        DrawLine(dc, area, WideForDisplay(std::string_view(cell.text).substr(0, 2 * kMostShown)));
+}
+
+void KrGridPainter::DrawRow(HDC dc, const RECT& area, int row, const GridPicture& picture) const {
+    const HGDIOBJ font = SelectObject(dc, picture.font);
+    const int mode = SetBkMode(dc, TRANSPARENT);
+    const COLORREF color = GetTextColor(dc);
+    RECT cell = area;
+    cell.right = cell.left;
+    for (int column = 0; column < rows_.Columns() && rows_.HasRow(row); ++column) {
+        cell.right = cell.left + picture.widths[static_cast<std::size_t>(column)];
+        if (RectVisible(dc, &cell)) DrawCell(dc, cell, {row, column}, picture);
+        cell.left = cell.right;
+    }
+    if (cell.right < area.right) Fill(dc, {cell.right, area.top, area.right, area.bottom}, GetSysColor(COLOR_WINDOW));
+    SetTextColor(dc, color);
+    SetBkMode(dc, mode);
+    SelectObject(dc, font);
+}

@@ -1,0 +1,42 @@
+// The picture of a grid's rows.
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+#include "KrGridRows.h"
+
+// What a picture depends on besides the rows.
+struct GridPicture {
+    HFONT font = nullptr;
+    std::vector<int> widths;  // of the columns, in pixels
+    GridPlace current;
+    GridPlace start;  // where the first key would go while there is no current cell
+    bool focused = false;
+    bool enabled = true;
+    bool editing = false;  // an editor stands in the current cell
+};
+
+class KrGridPainter {
+  public:
+    explicit KrGridPainter(const GridRows& rows) : rows_(rows) { ReadColors(); }
+    void ReadColors();  // the user has chosen other ones
+    void DrawRow(HDC dc, const RECT& area, int row, const GridPicture& picture) const;
+
+    static constexpr int kFrame = 2;   // around the current cell, in pixels of 96 dpi as the following
+    static constexpr int kMargin = 6;  // between a cell's edge and its text
+
+  private:
+    struct Look {
+        COLORREF text;
+        COLORREF background;
+    };
+    Look LookOf(GridPlace place, const GridPicture& picture) const;
+    void DrawCell(HDC dc, RECT area, GridPlace place, const GridPicture& picture) const;
+    void DrawMark(HDC dc, RECT& area, int row) const;
+    void DrawFrames(HDC dc, const RECT& area, GridPlace place, const GridPicture& picture) const;
+
+    const GridRows& rows_;
+    bool systemColorsOnly_ = false;
+};

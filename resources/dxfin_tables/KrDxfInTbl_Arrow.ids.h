@@ -1,0 +1,2 @@
+// Arrow heads and their marks.
+#define kDxfInArrowDialog 4015

@@ -1,0 +1,2 @@
+// Layers and their classes or revisions.
+#define kDxfInLayerGridDialog 4006

@@ -1,0 +1,2 @@
+// Colours and their line weights.
+#define kDxfInColorWidthGridDialog 4011

@@ -1,0 +1,2 @@
+// Colours and their revisions or classes.
+#define kDxfInColorGridDialog 4007

@@ -1,0 +1,2 @@
+// Line widths and their line weights.
+#define kDxfInLineWidthGridDialog 4012

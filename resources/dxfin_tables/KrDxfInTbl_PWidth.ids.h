@@ -1,0 +1,2 @@
+// Polyline widths and their line weights.
+#define kDxfInPolyWidthGridDialog 4010

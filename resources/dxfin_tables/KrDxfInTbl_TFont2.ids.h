@@ -1,0 +1,3 @@
+// What the factors of a text style mean.
+#define kDxfInTextFontHelpDialog 4052
+#define kTextFontFigure 4050

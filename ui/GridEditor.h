@@ -1,0 +1,100 @@
+// A dialog that edits a table in a grid. A class per editor states its columns and says how rows are filled, checked
+// and stored; the rest is here: editing works on the grid's texts, "設定" checks all of them, and only then something
+// is stored.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "entry/host/KrListControl.h"
+#include "resources/grid.ids.h"
+#include "ui/HostDialog.h"
+
+namespace kiro::ui {
+
+// A column of a grid. Texts are Shift-JIS.
+struct GridColumn {
+    const char* title;
+    double width;            // share of the sum of all widths
+    unsigned int typed = 0;  // how many characters can be typed; 0: none
+    const char* typedPrompt = "";
+    int numbers = 0;  // choices from "1" to this; 0: none
+    const char* choicePrompt = "";
+    const char* const* choices = nullptr;  // other choices, up to a null
+};
+
+class GridEditor : public HostDialog {
+  protected:
+    explicit GridEditor(int templateId);
+
+    struct Shape {
+        const char* title;          // the dialog's
+        const char* caption;        // of the box that refuses "設定"
+        int limit;                  // the most rows there may be
+        bool rowCommands;           // rows can be added, inserted and deleted
+        int fixedRows = 0;          // rows from the top on that cannot be moved, named otherwise or deleted
+        bool addAboveLast = false;  // "追加" puts the new row above the last one
+    };
+    virtual void Load() {}  // first of all, for an editor that owns its file
+    virtual Shape Form() const = 0;
+    virtual std::vector<GridColumn> Columns() const = 0;
+    virtual int RowCount() const = 0;   // at the start
+    virtual void FillRow(int row) = 0;  // at the start; the number in column 0 is there already
+    virtual void FillNewRow(int) {}     // added or inserted
+    virtual void RowDeleted(int) {}
+    virtual void RowsMoved() {}                                // after rows were added, inserted or deleted
+    virtual const char* ClickText(int row, int column) const;  // guidance for a cell that became the current one
+    // What precedes a check of all rows and follows one that all have passed.
+    virtual void BeforeCheck() {}
+    // One row: false after Fail.
+    virtual bool CheckRow(int row) = 0;
+    virtual void Store() = 0;             // all rows are valid
+    virtual bool Save() { return true; }  // false keeps the dialog open
+
+    // ---- For the checks ----
+
+    int Rows() const { return grid_->GetItemCount(); }
+    std::string TextAt(int row, int column) const;
+    int NumberAt(int row, int column) const;  // of a cell that holds a valid one
+    void SetTextAt(int row, int column, std::string_view text);
+    // The cell is as it should be: its mark goes. Always true.
+    bool Pass(int row, int column);
+    // The cell is marked and the message shown. Always false.
+    bool Fail(int row, int column, std::string message);
+    // An integer or a real number from low to high, in half-width characters. message: with %d for the row and %s for
+    // the text.
+    bool CheckInteger(int row, int column, int low, int high, const char* message);
+    bool CheckReal(int row, int column, double low, double high, const char* message);
+    // For each row the next one below with the same text in the column, or -1. Costs one look at each row.
+    std::vector<int> SameTextBelow(int column) const;
+    KrListControl& Grid() const { return *grid_; }
+
+    void OnInit() override;
+    void OnOk() override;
+
+  private:
+    bool CheckNumber(int row, int column, int kind, double low, double high, const char* message);
+    void SetColumns();
+    void FillRows();
+    void Number(int from);
+    bool CheckRows();
+    void CellMoved();
+    std::optional<INT_PTR> Notified(LPARAM lParam);
+    std::optional<INT_PTR> ContextMenu(WPARAM wParam, LPARAM lParam);
+    POINT MenuPlace(LPARAM lParam) const;
+    void RowCommand(UINT command);
+    void AddRow(bool insert);
+    void DeleteRow();
+    void RowsChanged(int from);
+
+    KrListControlPtr grid_;
+    int row_ = -1;          // the row that was current when the rows were checked last
+    bool checked_ = false;  // nothing has changed since the last check
+    int badRow_ = -1;       // what the last check found
+    int badColumn_ = -1;
+    std::string message_;
+};
+
+}  // namespace kiro::ui
