@@ -16,19 +16,6 @@ namespace kiro {
 namespace {
 
 using namespace drive;
-using Windows = std::vector<HWND>;
-
-// What the user does; the windows that the picture shows, the lowest first.
-using Play = Windows (*)(const std::wstring& drawing);
-
-struct Scene {
-    const char* name;
-    const char* command;
-    const char8_t* input;
-    Play play;
-    bool modified = false;  // the model has changes that were not saved
-};
-
 Windows AsItOpens(const std::wstring&) { return {Settle()}; }
 
 Windows Filled(const std::wstring& drawing) {
@@ -65,28 +52,6 @@ Windows Opened(const std::wstring&) {
     const HWND next = Settle();
     if (next == dialog) throw Failure("no dialog opens");
     return {dialog, next};
-}
-
-// The attribute conversion and what opens behind one of its buttons.
-template <int button>
-Windows BehindAttributes(const std::wstring& drawing) {
-    Windows windows = Opened<kAttributesButton>(drawing);
-    const HWND attributes = windows.back();
-    Click(attributes, button);
-    const HWND next = Settle();
-    if (next == attributes) throw Failure("no dialog opens");
-    windows.push_back(next);
-    return windows;
-}
-
-Windows NewLayerTable(const std::wstring& drawing) {
-    Windows windows = BehindAttributes<kColorNewButton>(drawing);
-    const HWND chooser = windows.back();
-    constexpr int kName = 0x47C;  // the system chooser's file-name combo
-    Send(Control(chooser, kName), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"DXFKIRO_LAYER1"));
-    Click(chooser, IDOK);
-    windows.back() = Settle();
-    return windows;
 }
 
 template <int label>
@@ -155,8 +120,6 @@ constexpr Scene kScenes[] = {
     {"attributes-help-color", "DxfInputDlg", u8"{}", Explained<kColorHelpLabel>},
     {"attributes-help-arrow", "DxfInputDlg", u8"{}", Explained<kArrowHelpLabel>},
     {"attributes-help-text-width", "DxfInputDlg", u8"{}", Explained<kTextWidthHelpLabel>},
-    {"attributes-layer-table", "DxfInputDlg", u8"{}", NewLayerTable},
-    {"attributes-line-table", "DxfInputDlg", u8"{}", BehindAttributes<kLineTypeChangeButton>},
     {"import-batch", "DxfInputDlg", u8"{}", Opened<kBatchButton>},
     {"password", "DxfInputPass", u8R"({"inputFileName": "/図面/保護図面.dwg"})", AsItOpens},
     {"password-typed", "DxfInputPass", u8R"({"inputFileName": "/図面/保護図面.dwg"})", PasswordTyped},
@@ -183,24 +146,29 @@ constexpr Scene kScenes[] = {
      AsItOpens},
 };
 
+bool Paint(const Scene& scene, const std::filesystem::path& folder, const std::wstring& drawing) {
+    KiroHostSetModified(scene.modified);
+    try {
+        const Json input = Json::parse(reinterpret_cast<const char*>(scene.input));
+        Drive([&] { CallExport(*FindExport(scene.command), input); },
+              [&] {
+                  Picture(scene.play(drawing), folder / (std::string(scene.name) + ".png"));
+                  CancelEverything();
+              });
+        return true;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s: %s\n", scene.name, error.what());
+        return false;
+    }
+}
+
 }  // namespace
 
 int PaintScenes(const std::filesystem::path& folder, const std::wstring& drawing) {
     std::filesystem::create_directories(folder);
     int failures = 0;
-    for (const Scene& scene : kScenes) {
-        KiroHostSetModified(scene.modified);
-        try {
-            const Json input = Json::parse(reinterpret_cast<const char*>(scene.input));
-            Drive([&] { CallExport(*FindExport(scene.command), input); },
-                  [&] {
-                      Picture(scene.play(drawing), folder / (std::string(scene.name) + ".png"));
-                      CancelEverything();
-                  });
-        } catch (const std::exception& error) {
-            std::fprintf(stderr, "%s: %s\n", scene.name, error.what());
-            ++failures;
-        }
+    for (const std::span<const Scene> scenes : {std::span<const Scene>(kScenes), TableScenes()}) {
+        for (const Scene& scene : scenes) failures += !Paint(scene, folder, drawing);
     }
     return failures;
 }

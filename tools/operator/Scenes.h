@@ -1,9 +1,25 @@
 #pragma once
 
+#include <windows.h>
+
 #include <filesystem>
+#include <span>
 #include <string>
+#include <vector>
 
 namespace kiro {
+
+using Windows = std::vector<HWND>;  // what a picture shows, the lowest first
+
+struct Scene {
+    const char* name;
+    const char* command;
+    const char8_t* input;                          // of the command, as JSON
+    Windows (*play)(const std::wstring& drawing);  // what the user does
+    bool modified = false;                         // the model has changes that were not saved
+};
+
+std::span<const Scene> TableScenes();
 
 // Writes a picture of every scene into the folder: each dialog and popup as it opens and in a telling state. A scene
 // that cannot be played is reported on stderr. The number of those.
