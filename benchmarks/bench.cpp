@@ -11,9 +11,10 @@
 #include <memory>
 #include <string>
 
+#include "benchmarks/BenchHost.h"
+#include "benchmarks/LeakReport.h"
 #include "benchmarks/Measure.h"
 #include "entry/host/kirovanteo.h"
-#include "hostlayer/include/KiroHost.h"
 #include "resources/catia/KrCatiaIn.ids.h"
 #include "resources/catia/KrDxfPass.ids.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
@@ -27,81 +28,36 @@
 #include "resources/varosdb/KrVrIn.ids.h"
 #include "resources/varosdb/KrVrOut.ids.h"
 #include "tests/driver/Driver.h"
-#include "tests/driver/Leaks.h"
 
 using namespace kiro::drive;
 
 namespace {
 
-constexpr int kManifestId = 2;
-// The heap's own lists and the system's caches.
-constexpr double kMemoryNoise = 16 * 1024;
 constexpr double kDllLimit = 1024 * 1024;
 constexpr std::size_t kLargeFile = std::size_t{300} << 20;
 constexpr std::size_t kSmallFile = 5 << 10;
 
-// The owner of every dialog. A dialog that has nothing left to do is shown and painted: then it is closed.
-LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_ENTERIDLE && wParam == MSGF_DIALOGBOX && GetPropW(window, L"AutoClose")) {
-        PostMessageW(reinterpret_cast<HWND>(lParam), WM_COMMAND, IDCANCEL, 0);
+void FillImportDialog(HWND dialog) {
+    wchar_t text[16];
+    for (int picture = -256; picture <= 256; ++picture) {
+        if (picture == 0) continue;
+        wsprintfW(text, L"%d", picture);
+        SendDlgItemMessageW(dialog, kPictureCombo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
     }
-    return DefWindowProcW(window, message, wParam, lParam);
-}
-
-HWND MakeOwner() {
-    WNDCLASSW definition{};
-    definition.lpfnWndProc = OwnerProcedure;
-    definition.hInstance = GetModuleHandleW(nullptr);
-    definition.lpszClassName = L"KiroBench";
-    RegisterClassW(&definition);
-    return CreateWindowW(L"KiroBench", L"bench", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 900, 700, nullptr, nullptr,
-                         definition.hInstance, nullptr);
-}
-
-// The controls of the current style, as the commands have them.
-HANDLE MakeContext(HMODULE library) {
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(library, path, MAX_PATH);
-    ACTCTXW definition{};
-    definition.cbSize = sizeof definition;
-    definition.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
-    definition.hModule = library;
-    definition.lpSource = path;
-    definition.lpResourceName = MAKEINTRESOURCEW(kManifestId);
-    return CreateActCtxW(&definition);
-}
-
-// Message boxes send no WM_ENTERIDLE: they are answered when they become active.
-LRESULT CALLBACK AnswerBoxes(int code, WPARAM wParam, LPARAM lParam) {
-    if (code == HCBT_ACTIVATE && IsBox(reinterpret_cast<HWND>(wParam))) {
-        PostMessageW(reinterpret_cast<HWND>(wParam), WM_COMMAND, IDOK, 0);
+    for (int scale = 1; scale <= 30; ++scale) {
+        wsprintfW(text, L"1/%d", scale);
+        SendDlgItemMessageW(dialog, kScaleCombo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
     }
-    return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
 class Bench {
   public:
-    Bench() : owner_(MakeOwner()), library_(GetModuleHandleW(L"kirovanteo.dll")), context_(MakeContext(library_)) {
-        wchar_t temp[MAX_PATH];
-        GetTempPathW(MAX_PATH, temp);
-        home_ = std::filesystem::path(temp) / (L"kirobench_" + std::to_wstring(GetCurrentProcessId()));
-        std::filesystem::create_directories(home_ / L"DXF");
-        KiroHostSetHome(home_.c_str());
-        KiroHostLoadModel(nullptr, nullptr, 0);
-        KiroHostSetMainWindow(owner_);
-        info_->input.importParams = &params_;
-    }
-    ~Bench() {
-        ReleaseActCtx(context_);
-        std::error_code ignored;
-        std::filesystem::remove_all(home_, ignored);
-    }
+    Bench() { info_->input.importParams = &params_; }
 
     bool Opening() {
-        AutoClose(true);
+        const BenchHost::AutoClose closing(host_);
         const Comparison opening = Compare(
-            100, [&] { DxfInputDlg(info_.get()); }, [&] { OpenBare(kDxfInDialog); });
-        AutoClose(false);
+            100, [&] { DxfInputDlg(info_.get()); }, [&] { OpenBareImport(); });
         return Report("import dialog, open and close / the bare template", opening, 1.3);
     }
 
@@ -142,26 +98,23 @@ class Bench {
             std::function<void()> run;
             std::function<void()> bare;
         } dialogs[] = {
-            {"import dialog", [&] { DxfInputDlg(info_.get()); }, [&] { OpenBare(kDxfInDialog); }},
-            {"password dialog", [&] { DxfInputPass(info_.get()); }, [&] { OpenBare(kDxfPassDialog); }},
-            {"export frame", [&] { DxfOutputDlg(info_.get()); }, [&] { OpenBare(kDxfOutDialog); }},
-            {"Pelion input frame", [&] { PlInputDlg(info_.get()); }, [&] { OpenBare(kPlInDialog); }},
-            {"Pelion output frame", [&] { PlOutputDlg(info_.get()); }, [&] { OpenBare(kPlOutDialog); }},
-            {"Varos input frame", [&] { VrInputDlg(info_.get()); }, [&] { OpenBare(kVrInDialog); }},
-            {"Varos output frame", [&] { VrOutputDlg(info_.get()); }, [&] { OpenBare(kVrOutDialog); }},
-            {"CATIA frame", [&] { CatiaInputDlg(&catia); }, [&] { OpenBare(kCatiaInDialog); }},
-            {"line type frame", [&] { DxfLineTypeDialog(values); }, [&] { OpenBare(kDxfLineTypeDialog); }},
-            {"line width frame", [&] { DxfLineWidthDialog(0, values); }, [&] { OpenBare(kDxfLineWidthDialog); }},
-            {"warning frame", [&] { DxfWarningDialog(1); }, [&] { OpenBare(kDxfWarning1Dialog); }},
+            {"import dialog", [&] { DxfInputDlg(info_.get()); }, [&] { OpenBareImport(); }},
+            {"password dialog", [&] { DxfInputPass(info_.get()); }, [&] { host_.OpenBare(kDxfPassDialog); }},
+            {"export frame", [&] { DxfOutputDlg(info_.get()); }, [&] { host_.OpenBare(kDxfOutDialog); }},
+            {"Pelion input frame", [&] { PlInputDlg(info_.get()); }, [&] { host_.OpenBare(kPlInDialog); }},
+            {"Pelion output frame", [&] { PlOutputDlg(info_.get()); }, [&] { host_.OpenBare(kPlOutDialog); }},
+            {"Varos input frame", [&] { VrInputDlg(info_.get()); }, [&] { host_.OpenBare(kVrInDialog); }},
+            {"Varos output frame", [&] { VrOutputDlg(info_.get()); }, [&] { host_.OpenBare(kVrOutDialog); }},
+            {"CATIA frame", [&] { CatiaInputDlg(&catia); }, [&] { host_.OpenBare(kCatiaInDialog); }},
+            {"line type frame", [&] { DxfLineTypeDialog(values); }, [&] { host_.OpenBare(kDxfLineTypeDialog); }},
+            {"line width frame", [&] { DxfLineWidthDialog(0, values); }, [&] { host_.OpenBare(kDxfLineWidthDialog); }},
+            {"warning frame", [&] { DxfWarningDialog(1); }, [&] { host_.OpenBare(kDxfWarning1Dialog); }},
             {"error box", [&] { ErrorMessageBox(-1); }, [&] { TellBare(); }},
             {"warning box", [&] { WarningMessageBox("text", "caption"); }, [&] { TellBare(); }},
         };
         bool kept = true;
-        AutoClose(true);
-        const HHOOK hook = SetWindowsHookExW(WH_CBT, AnswerBoxes, nullptr, GetCurrentThreadId());
+        const BenchHost::AutoClose closing(host_);
         for (const auto& dialog : dialogs) kept = ReportLeaks(dialog.name, times, dialog.run, dialog.bare) && kept;
-        UnhookWindowsHookEx(hook);
-        AutoClose(false);
         return kept;
     }
 
@@ -201,71 +154,34 @@ class Bench {
 
     bool Size() const {
         wchar_t path[MAX_PATH];
-        GetModuleFileNameW(library_, path, MAX_PATH);
+        GetModuleFileNameW(host_.Library(), path, MAX_PATH);
         return ReportValue("kirovanteo.dll, stripped", static_cast<double>(std::filesystem::file_size(path)), kDllLimit,
                            "bytes");
     }
 
   private:
-    void AutoClose(bool on) const {
-        if (on) {
-            SetPropW(owner_, L"AutoClose", owner_);
-        } else {
-            RemovePropW(owner_, L"AutoClose");
-        }
-    }
-
-    // A template of the library and nothing else; the import dialog's with the same list entries.
-    void OpenBare(int templateId) const {
-        ULONG_PTR cookie = 0;
-        ActivateActCtx(context_, &cookie);
-        DialogBoxParamW(
-            library_, MAKEINTRESOURCEW(templateId), owner_,
-            [](HWND dialog, UINT message, WPARAM wParam, LPARAM id) -> INT_PTR {
-                if (message == WM_INITDIALOG && id == kDxfInDialog) FillBare(dialog);
-                if (message == WM_COMMAND && LOWORD(wParam) == IDCANCEL) EndDialog(dialog, IDCANCEL);
-                return message == WM_INITDIALOG;
-            },
-            templateId);
-        DeactivateActCtx(0, cookie);
-    }
+    // The template with the same list entries.
+    void OpenBareImport() const { host_.OpenBare(kDxfInDialog, FillImportDialog); }
     void TellBare() const {
-        ULONG_PTR cookie = 0;
-        ActivateActCtx(context_, &cookie);
-        MessageBoxW(owner_, L"text", L" ", MB_OK | MB_ICONHAND);
-        DeactivateActCtx(0, cookie);
+        const BenchHost::Style style(host_);
+        MessageBoxW(host_.Owner(), L"text", L" ", MB_OK | MB_ICONHAND);
     }
     // A template of an explanation, shown over the dialog below the zone and destroyed; the dialog paints what it
     // covered.
     void ExplainBare(HWND dialog, HWND zone, int templateId) const {
-        ULONG_PTR cookie = 0;
-        ActivateActCtx(context_, &cookie);  // of the user's thread, which makes this popup
         RECT rect{};
         GetWindowRect(zone, &rect);
+        const BenchHost::Style style(host_);  // of the user's thread, which makes this popup
         const HWND popup = CreateDialogParamW(
-            library_, MAKEINTRESOURCEW(templateId), dialog, [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; },
-            0);
+            host_.Library(), MAKEINTRESOURCEW(templateId), dialog,
+            [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; }, 0);
         SetWindowPos(popup, nullptr, rect.left, rect.bottom + 5, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
         SetWindowRgn(popup, CreateRectRgn(0, 0, 5000, 5000), FALSE);
         ShowWindow(popup, SW_SHOWNOACTIVATE);
         RedrawWindow(popup, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         DestroyWindow(popup);
-        DeactivateActCtx(0, cookie);
         RedrawWindow(dialog, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     }
-    static void FillBare(HWND dialog) {
-        wchar_t text[16];
-        for (int picture = -256; picture <= 256; ++picture) {
-            if (picture == 0) continue;
-            wsprintfW(text, L"%d", picture);
-            SendDlgItemMessageW(dialog, kPictureCombo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
-        }
-        for (int scale = 1; scale <= 30; ++scale) {
-            wsprintfW(text, L"1/%d", scale);
-            SendDlgItemMessageW(dialog, kScaleCombo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
-        }
-    }
-
     static std::string TextStart() { return "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1015\n  0\nENDSEC\n"; }
     static std::string BinaryStart() {
         return std::string("AutoCAD Binary DXF\r\n\x1A\0\0SECTION\0\2HEADER\0\x09$ACADVER\0\1AC1009\0\0ENDSEC\0", 65);
@@ -273,7 +189,7 @@ class Bench {
     void WriteDrawing(const wchar_t* name, const std::string& start, const std::string& item, std::size_t size) const {
         std::string block;
         while (block.size() < (std::size_t{1} << 16)) block += item;
-        std::ofstream out(home_ / L"DXF" / name, std::ios::binary);
+        std::ofstream out(host_.Home() / L"DXF" / name, std::ios::binary);
         out << start;
         for (std::size_t written = start.size(); written < size;) {
             const std::size_t bytes = (std::min)(block.size(), size - written);
@@ -290,35 +206,7 @@ class Bench {
         return time;
     }
 
-    // What the bare system windows leave behind is the system's own; it is measured beside and taken off.
-    static bool ReportLeaks(const std::string& name, int times, const std::function<void()>& run,
-                            const std::function<void()>& bare) {
-        const Growth ours = Grow(times, run);
-        const Growth floor = Grow(times, bare);
-        const std::string what = std::to_string(times) + " times " + name;
-        const bool objects = ReportValue(what + ": windows, GDI objects", ours.objects - floor.objects, 0, "more");
-        return ReportValue(what + ": private memory", ours.bytes - floor.bytes, kMemoryNoise, "bytes more") && objects;
-    }
-    struct Growth {
-        int objects;
-        double bytes;
-    };
-    static Growth Grow(int times, const std::function<void()>& work) {
-        for (int i = 0; i < 20; ++i) work();
-        const Holdings before = CountHoldings();
-        for (int i = 0; i < times; ++i) work();
-        const Holdings after = CountHoldings();
-        return {Objects(after) - Objects(before),
-                static_cast<double>(after.heapBytes) - static_cast<double>(before.heapBytes)};
-    }
-    static int Objects(const Holdings& held) {
-        return held.windows + held.pens + held.brushes + held.fonts + held.bitmaps;
-    }
-
-    HWND owner_;
-    HMODULE library_;
-    HANDLE context_;
-    std::filesystem::path home_;
+    BenchHost host_;
     std::unique_ptr<TARNAINFO> info_ = std::make_unique<TARNAINFO>();
     DxfInParamBlock params_{};
 };

@@ -57,7 +57,17 @@ void GridEditor::OnInit() {
     SetColumns();
     FillRows();
     grid_->DrawItem();
-    if (Rows() > 0) grid_->ClickCell(0, columns.size() > 2 ? 1 : 0);
+    if (Rows() > 0) grid_->ClickCell(0, FirstColumnToEdit(0));
+}
+
+// Where the user can start to type at once.
+int GridEditor::FirstColumnToEdit(int row) const {
+    int index = 0;
+    for (const GridColumn& column : Columns()) {
+        if ((column.typed || column.numbers || column.choices) && grid_->GetAvailableFlag(row, index)) return index;
+        ++index;
+    }
+    return 0;
 }
 
 void GridEditor::SetColumns() {
@@ -259,6 +269,7 @@ void GridEditor::AddRow(bool insert) {
     if (row < 0) return grid_->ErrorText("これ以上追加できません。");
     FillNewRow(row);
     RowsChanged(row);
+    grid_->ClickCell(row, FirstColumnToEdit(row));
 }
 
 void GridEditor::DeleteRow() {

@@ -78,6 +78,7 @@ class GridEditor : public HostDialog {
     bool CheckNumber(int row, int column, int kind, double low, double high, const char* message);
     void SetColumns();
     void FillRows();
+    int FirstColumnToEdit(int row) const;
     void Number(int from);
     bool CheckRows();
     void CellMoved();

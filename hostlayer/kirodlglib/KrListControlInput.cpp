@@ -231,6 +231,10 @@ std::optional<LRESULT> KrListControlImpl::OnList(UINT message, WPARAM wParam, LP
         }
         case WM_KEYDOWN:
             return handled(OnKey(wParam));
+        case WM_KEYUP:
+            // Not left to the system: a list view may keep it from it.
+            if (wParam != VK_APPS) return std::nullopt;
+            return SendMessageW(dialog_, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(list_), -1);
         case WM_SYSKEYDOWN:
             return handled(wParam == VK_DOWN && OnKey(VK_F4));
         case WM_CHAR:

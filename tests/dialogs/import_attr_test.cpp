@@ -1,25 +1,19 @@
 // The attribute conversion of an import, and the tables that are opened from it.
 #include <functional>
-#include <iterator>
 #include <memory>
 
 #include "dxfin_tables/KrDxfInTable.h"
 #include "dxfin_tables/KrDxfInTbl_Layer.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirodxf.h"
-#include "resources/dxfin/KrDxfInAttr.ids.h"
 #include "resources/dxfin_tables/KrDxfInTable.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Layer.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Line.ids.h"
-#include "tests/dialogs/ImportDialogTest.h"
+#include "tests/dialogs/ImportTables.h"
 
 using namespace kiro::drive;
 
 namespace {
-
-constexpr wchar_t kTables[] = L"DXF\\TABLE\\";
-constexpr wchar_t kLayerFile[] = L"DXFKIRO_LAYER";
-constexpr wchar_t kSaveQuestion[] = L"変更内容を保存しますか？";
 
 struct Choice {
     std::int32_t DxfInParamBlock::*word;
@@ -42,49 +36,19 @@ constexpr Choice kChoices[] = {
 // The file is there when the chooser looks for it, and gone when the command does.
 std::filesystem::path vanishing;
 LRESULT CALLBACK RemoveWithChooser(int code, WPARAM wParam, LPARAM lParam) {
-    if (code == HCBT_DESTROYWND && GetDlgItem(reinterpret_cast<HWND>(wParam), 0x47C)) {
+    if (code == HCBT_DESTROYWND && GetDlgItem(reinterpret_cast<HWND>(wParam), kChooserName)) {
         std::error_code ignored;
         std::filesystem::remove(vanishing, ignored);
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
-class ImportAttributes : public ImportDialog {
+class ImportAttributes : public ImportTables {
   protected:
     ImportAttributes() {
         for (const Choice& choice : kChoices) record.params.*choice.word = 0;
         record.params.convertLayerNames = 0;
         record.params.defaultLineWeight = 1;
-    }
-    // The user gets the open dialog and closes it.
-    void Attributes(const std::function<void(HWND dialog)>& user) {
-        Look([&](HWND import) {
-            Click(import, kAttributesButton);
-            const HWND dialog = Settle();
-            ASSERT_EQ(L"読込み：属性変換", Text(dialog));
-            user(dialog);
-            ASSERT_EQ(import, Settle()) << "the dialog is still open";
-        });
-    }
-    std::filesystem::path TableFile(const wchar_t* name) const { return home / (kTables + std::wstring(name)); }
-    std::string Bytes(const wchar_t* name) const {
-        std::ifstream in(TableFile(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-    // Names a file in the chooser that the button opens.
-    static void Choose(HWND dialog, int button, const std::wstring& name) {
-        Click(dialog, button);
-        const HWND chooser = Settle();
-        SendMessageW(Control(chooser, 0x47C), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
-        Click(chooser, IDOK);
-    }
-    static void Expect(const std::wstring& caption, const std::wstring& text, UINT icon, int answer) {
-        const Box box = ReadBox();
-        EXPECT_EQ(caption, box.caption);
-        EXPECT_EQ(text, box.text);
-        EXPECT_EQ(icon, box.icon);
-        EXPECT_EQ(answer == IDOK ? std::vector<int>{IDOK} : (std::vector<int>{IDYES, IDNO}), box.buttons);
-        Answer(box, answer);
     }
     // Confirms the editor that a button opens.
     static void Edit(HWND hub, int button) {
@@ -93,16 +57,6 @@ class ImportAttributes : public ImportDialog {
         ASSERT_NE(hub, editor);
         Click(editor, IDOK);
         ASSERT_EQ(hub, Settle());
-    }
-    void OpenLayers(HWND dialog, const std::function<void(HWND hub)>& user) {
-        Choose(dialog, kColorChangeButton, kLayerFile);
-        const HWND hub = Settle();
-        ASSERT_EQ(L"レイヤ割当て・色割当て", Text(hub));
-        user(hub);
-        ASSERT_EQ(dialog, Settle()) << "the table is still open";
-    }
-    static void ExpectEnabled(HWND dialog, const std::vector<std::pair<int, bool>>& rows) {
-        for (const auto& [id, on] : rows) EXPECT_EQ(on, IsEnabled(dialog, id)) << id;
     }
 };
 
@@ -266,7 +220,7 @@ TEST_F(ImportAttributes, NewLayerTablesReplaceNoFileUnasked) {
         EXPECT_FALSE(std::filesystem::exists(TableFile(kLayerFile)));
 
         // The record of the file that is there is not read.
-        Write(kTables + std::wstring(kLayerFile), "LAYER-SWITCH  1\n");
+        WriteTable(kLayerFile, "LAYER-SWITCH  1\n");
         const std::wstring question =
             TableFile(kLayerFile).wstring() + L"\n\nファイルが既に存在します。上書きしますか。";
         Click(dialog, kLayerTableRadio);
@@ -296,7 +250,7 @@ TEST_F(ImportAttributes, MissingLayerTablesCanBeMade) {
         Click(dialog, kLayerTableRadio);
         for (const int button : {kLayerChangeButton, kColorChangeButton}) {
             for (const int answer : {IDNO, IDYES}) {
-                vanishing = Write(kTables + std::wstring(kLayerFile), "LAYER-SWITCH  1\n");
+                vanishing = WriteTable(kLayerFile, "LAYER-SWITCH  1\n");
                 Choose(dialog, button, kLayerFile);
                 Expect(L"レイヤ変換テーブル", vanishing.wstring() + L"\n\nファイルが見つかりません。作成しますか。",
                        MB_ICONERROR, answer);
@@ -313,7 +267,7 @@ TEST_F(ImportAttributes, MissingLayerTablesCanBeMade) {
 }
 
 TEST_F(ImportAttributes, LayersAndColorsBecomeDifferentAttributes) {
-    Write(kTables + std::wstring(kLayerFile), "LAYER-SWITCH  1\n");
+    WriteTable(kLayerFile, "LAYER-SWITCH  1\n");
     const auto expect = [](HWND hub, bool revisions) {
         EXPECT_EQ(revisions, IsChecked(hub, kLayersToRevisionsRadio));
         EXPECT_EQ(!revisions, IsChecked(hub, kLayersToClassesRadio));
@@ -347,7 +301,7 @@ TEST_F(ImportAttributes, LayerTableIsSavedAsTheUserSays) {
     const std::wstring changed = L"テーブルが変更されています。\n" + std::wstring(kSaveQuestion);
     Attributes([&](HWND dialog) {
         const auto run = [&](int change, int button, const std::wstring& question, int answer) {
-            Write(kTables + std::wstring(kLayerFile), "LAYER-SWITCH  1\n");
+            WriteTable(kLayerFile, "LAYER-SWITCH  1\n");
             OpenLayers(dialog, [&](HWND hub) {
                 if (change == kLayersToClassesRadio) Click(hub, change);
                 if (change == kLayerRevisionButton || change == kColorClassButton) Edit(hub, change);
@@ -365,7 +319,7 @@ TEST_F(ImportAttributes, LayerTableIsSavedAsTheUserSays) {
             EXPECT_TRUE(run(change, IDCANCEL, changed, IDYES)) << change;
         }
         // What cannot be written stays open and changed.
-        Write(kTables + std::wstring(kLayerFile), "LAYER-SWITCH  1\n");
+        WriteTable(kLayerFile, "LAYER-SWITCH  1\n");
         OpenLayers(dialog, [&](HWND hub) {
             Click(hub, kLayersToClassesRadio);
             std::filesystem::remove(TableFile(kLayerFile));
@@ -451,7 +405,7 @@ TEST_F(ImportAttributes, LayerTableOfOneMode) {
     WriteFixedText(table->fileName, "DXFKIRO_LAYER");
     for (const bool revisions : {false, true}) {
         // The file says the opposite.
-        Write(kTables + std::wstring(kLayerFile), revisions ? "LAYER-SWITCH  0\n" : "LAYER-SWITCH  1\n");
+        WriteTable(kLayerFile, revisions ? "LAYER-SWITCH  0\n" : "LAYER-SWITCH  1\n");
         Drive([&] { return KrDxfInTbl_Layer(*table, 0, revisions).DoModal(owner); },
               [&] {
                   const HWND hub = Settle();
@@ -467,7 +421,7 @@ TEST_F(ImportAttributes, LayerTableOfOneMode) {
 
 TEST_F(ImportAttributes, LauncherOpensEveryTable) {
     const kiro::ui::ScopedResourceModule module(GetModuleHandleW(L"kirovanteo.dll"));
-    const auto layers = Write(kTables + std::wstring(kLayerFile), "");
+    const auto layers = WriteTable(kLayerFile, "");
     Drive([&] { return KrDxfInTable().DoModal(owner); },
           [&] {
               const HWND launcher = Settle();
