@@ -54,6 +54,7 @@ constexpr int kHalfRows = 1000;
 constexpr int kAllButOther = kDxfInLayerSlots - 1;
 constexpr int kSteps = 10;  // of which a figure is the fastest
 constexpr int kNameColumn = 1;
+constexpr int kNumberColumn = 2;
 
 using LayerTable = std::unique_ptr<DxfInLayerTable>;
 
@@ -89,6 +90,10 @@ class Hands {
     void Press(WORD key) const {
         SendMessageW(GetFocus(), WM_KEYDOWN, key, 1);
         Paint();
+    }
+    void GoTo(int column) const {
+        while (grid_.Current().column < column) Press(VK_RIGHT);
+        while (grid_.Current().column > column) Press(VK_LEFT);
     }
     void Paint() const { RedrawWindow(dialog_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN); }
     void OpenCell() const {
@@ -168,14 +173,14 @@ class Bench {
 
     // A class number is typed and taken with Enter, which goes to the next row.
     static double ChangeRow(const Hands& hands, int) {
-        hands.Press(VK_RIGHT);
+        hands.GoTo(kNumberColumn);
         return Fastest(kSteps, [&](int turn) {
             const wchar_t* number = turn % 2 ? L"7" : L"8";
             hands.OpenCell();
             SetWindowTextW(GetFocus(), number);
             const double time = Milliseconds([&] { SendMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 1); });
-            hands.Expect({1, kNameColumn + 1});
-            Require(hands.Rows().Cell(0, kNameColumn + 1) == number, "the number is not taken");
+            hands.Expect({1, kNumberColumn});
+            Require(hands.Rows().Cell(0, kNumberColumn) == number, "the number is not taken");
             hands.Paint();
             hands.Press(VK_UP);
             return time;
@@ -194,6 +199,7 @@ class Bench {
     // At the last rows. Nothing has changed, so nothing is checked.
     static double Move(const Hands& hands, int rows) {
         hands.Press(VK_END);
+        hands.GoTo(kNameColumn);
         return Fastest(2 * kSteps, [&](int turn) {
             const double time = Milliseconds([&] { hands.Press(turn % 2 ? VK_DOWN : VK_UP); });
             hands.Expect({turn % 2 ? rows - 1 : rows - 2, kNameColumn});
@@ -202,6 +208,7 @@ class Bench {
     }
     static double StartEdit(const Hands& hands, int) {
         hands.Press(VK_END);
+        hands.GoTo(kNameColumn);
         return Fastest(kSteps, [&](int) {
             const double time = Milliseconds([&] { hands.OpenCell(); });
             hands.Press(VK_ESCAPE);

@@ -151,6 +151,7 @@ void KrDxfInAttr::OnOk() {
 bool KrDxfInAttr::Keep(const DxfInParamBlock& words) {
     setdxfinparam(&words);
     if (DxfInWriteParam() == 0) return true;
+    setdxfinparam(&params_);
     kiro::ui::Tell(Handle(), "設定を保存できません。", kCaption);
     return false;
 }

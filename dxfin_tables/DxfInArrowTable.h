@@ -9,6 +9,8 @@
 #include "tables/TableWriter.h"
 
 inline constexpr std::int32_t kDxfInArrows = 256;
+// The longest name, in bytes, with which all records are read as they were written: every name is padded to it.
+inline constexpr std::size_t kDxfInLongestArrow = 51;
 
 struct DxfInArrowTable {
     struct Arrow {

@@ -11,6 +11,10 @@
 inline constexpr std::int32_t kDxfInLayerSlots = 2048;  // "OTHER" and the named layers
 inline constexpr std::int32_t kDxfInColors = 257;       // 0 to 256
 
+// The longest names, in bytes, whose records are read as they were written.
+inline constexpr std::size_t kDxfInLongestClassLayer = 68;
+inline constexpr std::size_t kDxfInLongestRevisionLayer = 58;
+
 using DxfInPalette = std::int32_t[kDxfInColors][3];  // red, green, blue, 0 to 255
 
 // About a megabyte: never on the stack.

@@ -24,14 +24,6 @@ constexpr std::string_view kSpaceForm = " ***** 書式が違います *****     
 constexpr std::string_view kFontForm = " ***** 書式が違います *****     FONT = font, factor\n";
 constexpr std::string_view kTextSpaceForm = " ***** 書式が違います *****    TEXT_SPACE = xx\n";
 
-struct StyleValues {
-    std::int32_t ints[8];
-    double reals[8];
-};
-
-// I0 is set for each default style and 0 for every other.
-constexpr StyleValues kNewStyle = {{0, 0, 1, 1}, {0, 1.1875, 1.0, 1.4, 0.2, 0.95, 0.75}};
-
 struct DefaultStyle {
     std::string_view name;
     std::int32_t i0;
@@ -79,7 +71,7 @@ class StyleReader : public RecordReader<DxfInStyleTable> {
 
   private:
     Reading Flag(const FieldText& fields, std::int32_t& flag, std::string_view form);
-    static bool Take(std::string_view text, const StylePosition& position, StyleValues& values);
+    static bool Take(std::string_view text, const StylePosition& position, DxfInStyleValues& values);
 };
 
 constexpr Keyword<StyleReader> kKeywords[] = {
@@ -90,14 +82,14 @@ constexpr Keyword<StyleReader> kKeywords[] = {
     {"TEXT-SPACE", &StyleReader::TextSpace},
 };
 
-StyleValues ValuesOf(const DxfInStyleTable& table, std::int32_t index) {
-    StyleValues values;
+DxfInStyleValues ValuesOf(const DxfInStyleTable& table, std::int32_t index) {
+    DxfInStyleValues values;
     std::copy_n(table.styleInts[index], 8, values.ints);
     std::copy_n(table.styleReals[index], 8, values.reals);
     return values;
 }
 
-void Store(DxfInStyleTable& table, std::int32_t index, std::string_view name, const StyleValues& values) {
+void Store(DxfInStyleTable& table, std::int32_t index, std::string_view name, const DxfInStyleValues& values) {
     StoreText(table.styleName[index], name);
     std::copy_n(values.ints, 8, table.styleInts[index]);
     std::copy_n(values.reals, 8, table.styleReals[index]);
@@ -155,7 +147,7 @@ Reading StyleReader::Style(FieldText& fields) {
     const bool isNew = index == kDefaultStyles;
     if (isNew) index = table_.styleCount;
 
-    StyleValues values = isNew ? kNewStyle : ValuesOf(table_, index);
+    DxfInStyleValues values = isNew ? kDxfInNewStyle : ValuesOf(table_, index);
     for (const StylePosition& position : kPositions) {
         const auto text = fields.Cut(",");
         if (!text) return Refuse(kStyleForm);
@@ -168,7 +160,7 @@ Reading StyleReader::Style(FieldText& fields) {
 }
 
 // False when the record is to be refused.
-bool StyleReader::Take(std::string_view text, const StylePosition& position, StyleValues& values) {
+bool StyleReader::Take(std::string_view text, const StylePosition& position, DxfInStyleValues& values) {
     if (text.empty()) return true;
     std::optional<double> value = ReadReal(text);
     if (!position.isReal) value = ReadInteger(text);
@@ -185,7 +177,7 @@ bool StyleReader::Take(std::string_view text, const StylePosition& position, Sty
 void SetDefaults(DxfInStyleTable& table) {
     table = {};
     for (const DefaultStyle& style : kDefaults) {
-        StyleValues values = kNewStyle;
+        DxfInStyleValues values = kDxfInNewStyle;
         values.ints[kStyleI0] = style.i0;
         values.ints[kStyleI1] = style.i1;
         Store(table, table.styleCount++, style.name, values);

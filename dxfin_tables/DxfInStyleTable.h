@@ -26,6 +26,16 @@ enum DxfInStyleReal : std::int32_t {
     kStyleR6 = 6,  // character drawing factor, alphanumerics
 };
 
+struct DxfInStyleValues {
+    std::int32_t ints[8];
+    double reals[8];
+};
+// Of a style that nothing is known of. (I0 is not 0 in the default styles.)
+inline constexpr DxfInStyleValues kDxfInNewStyle = {{0, 0, 1, 1}, {0, 1.1875, 1.0, 1.4, 0.2, 0.95, 0.75}};
+
+// The longest name, in bytes, whose record is read as it was written, whatever its values are.
+inline constexpr std::size_t kDxfInLongestStyle = 45;
+
 struct DxfInStyleTable {
     std::int32_t oneToTwo;     // 0 off, 1 on
     std::int32_t twoToOne;     // 0 off, 1 on

@@ -7,12 +7,6 @@
 #include "tables/Numbers.h"
 #include "tables/TextFormat.h"
 
-// Whether a record of the file gives the name back as it is: it loses blanks, and ends at a separator.
-inline bool CanBeWritten(std::string_view name, std::string_view separators) {
-    return name.find_first_of(" \t\r\n") == std::string_view::npos &&
-           name.find_first_of(separators) == std::string_view::npos;
-}
-
 // A number as "%G" writes it.
 inline std::string NumberText(double number) {
     std::string text = Formatted("%g", number);

@@ -15,10 +15,17 @@ constexpr int kFixedRows = 4;
 constexpr KrColor kFixedText = 0x606060;
 constexpr KrColor kFixedBackground = 0xFFFFFF;
 constexpr double kSizeUnit = 0.01;  // the table has hundredths
+constexpr double kSizeSteps = 100.0;
 
 enum Column { kRowColumn, kNameColumn, kMarkColumn, kAngleColumn, kSizeColumn };
 
 constexpr const char* kAngles[] = {"0", "180", nullptr};
+constexpr kiro::ui::GridNames kNames = {"矢印名（複合図形名）が入力されていません %d",
+                                        "矢印名（複合図形名）が重複しています %d : %s",
+                                        "=",
+                                        "矢印名に空白と「=」は使えません %d : %s",
+                                        kDxfInLongestArrow,
+                                        "矢印名が長すぎます（半角51文字以内） %d : %s"};
 // By column, from the name on.
 constexpr const char* kMissing[] = {"矢印名（複合図形名）が入力されていません %d", "マーク番号が入力されていません %d",
                                     "角度が入力されていません %d", "サイズが入力されていません %d"};
@@ -67,8 +74,6 @@ const char* KrDxfInTbl_Arrow::ClickText(int row, int column) const {
     return column == kNameColumn && row < kFixedRows ? "矢印名（複合図形名）は変更できません。" : "";
 }
 
-void KrDxfInTbl_Arrow::BeforeCheck() { sameName_ = SameTextBelow(kNameColumn); }
-
 bool KrDxfInTbl_Arrow::CheckGiven(int row) {
     for (int column = kNameColumn; column <= kSizeColumn; ++column) {
         if (TextAt(row, column).empty()) return Fail(row, column, Formatted(kMissing[column - kNameColumn], row + 1));
@@ -76,18 +81,9 @@ bool KrDxfInTbl_Arrow::CheckGiven(int row) {
     return true;
 }
 
-bool KrDxfInTbl_Arrow::CheckName(int row) {
-    const std::string name = TextAt(row, kNameColumn);
-    if (sameName_[static_cast<std::size_t>(row)] >= 0)
-        return Fail(row, kNameColumn, Formatted("矢印名（複合図形名）が重複しています %d : %s", row + 1, name));
-    if (!CanBeWritten(name, "="))
-        return Fail(row, kNameColumn, Formatted("矢印名に空白と「=」は使えません %d : %s", row + 1, name));
-    return Pass(row, kNameColumn);
-}
-
 // Deliberately every angle from 0 to 180, though the file is read with 0 and 180 alone.
 bool KrDxfInTbl_Arrow::CheckRow(int row) {
-    return CheckGiven(row) && CheckName(row) &&
+    return CheckGiven(row) && CheckName(row, kNameColumn, kNames) &&
            CheckInteger(row, kMarkColumn, 1, 4095, "無効なマーク番号です %d : %s") &&
            CheckInteger(row, kAngleColumn, 0, 180, "無効な角度です %d : %s") &&
            CheckReal(row, kSizeColumn, 0.1, 300.0, "無効なサイズです %d : %s");
@@ -100,7 +96,7 @@ void KrDxfInTbl_Arrow::Store() {
         StoreText(table_->arrowName[row], TextAt(row, kNameColumn));
         table_->arrows[row] = {NumberAt(row, kMarkColumn),
                                NumberAt(row, kAngleColumn),
-                               static_cast<std::int32_t>(std::lround(RealOf(TextAt(row, kSizeColumn)) / kSizeUnit)),
+                               static_cast<std::int32_t>(std::lround(RealOf(TextAt(row, kSizeColumn)) * kSizeSteps)),
                                {}};
     }
     table_->arrowCount = rows;

@@ -20,15 +20,12 @@ class KrDxfInTbl_Arrow final : public kiro::ui::GridEditor {
     void FillRow(int row) override;
     void FillNewRow(int row) override;
     const char* ClickText(int row, int column) const override;
-    void BeforeCheck() override;
     bool CheckRow(int row) override;
     void Store() override;
     bool Save() override;
 
     bool CheckGiven(int row);
-    bool CheckName(int row);
 
     std::unique_ptr<DxfInArrowTable> table_;
     std::vector<const char*> names_;  // what the host offers, up to a null
-    std::vector<int> sameName_;
 };

@@ -12,6 +12,9 @@ namespace {
 enum Column { kRowColumn, kNameColumn, kNumberColumn };
 
 constexpr int kLargestNumber = 256;
+constexpr char kMissing[] = "レイヤ名が入力されていません %d : ";
+constexpr char kRepeated[] = "レイヤ名が重複しています %d,%d : %s";
+constexpr char kSeparated[] = "レイヤ名に空白と「=」は使えません %d : %s";
 
 }  // namespace
 
@@ -21,13 +24,23 @@ struct KrDxfInTbl_CLayer::Mode {
     const char* choosePrompt;
     const char* typePrompt;
     int (KrListControl::*check)(int row, const char* text);
+    kiro::ui::GridNames names;
 };
 const KrDxfInTbl_CLayer::Mode KrDxfInTbl_CLayer::kClasses = {
-    "レイヤのクラス割当て", "クラス番号", "クラス番号を選択してください", "クラス番号を入力してください",
-    &KrListControl::CheckClassNumber};
+    "レイヤのクラス割当て",
+    "クラス番号",
+    "クラス番号を選択してください",
+    "クラス番号を入力してください",
+    &KrListControl::CheckClassNumber,
+    {kMissing, kRepeated, "=", kSeparated, kDxfInLongestClassLayer, "レイヤ名が長すぎます（半角68文字以内） %d : %s"}};
 const KrDxfInTbl_CLayer::Mode KrDxfInTbl_CLayer::kRevisions = {
-    "レイヤのレビジョン割当て", "レビジョン番号", "レビジョン番号を選択してください",
-    "レビジョン番号を入力してください", &KrListControl::CheckRevisionNumber};
+    "レイヤのレビジョン割当て",
+    "レビジョン番号",
+    "レビジョン番号を選択してください",
+    "レビジョン番号を入力してください",
+    &KrListControl::CheckRevisionNumber,
+    {kMissing, kRepeated, "=", kSeparated, kDxfInLongestRevisionLayer,
+     "レイヤ名が長すぎます（半角58文字以内） %d : %s"}};
 
 KrDxfInTbl_CLayer::KrDxfInTbl_CLayer(DxfInLayerTable& table)
     : GridEditor(kDxfInLayerGridDialog),
@@ -63,18 +76,8 @@ const char* KrDxfInTbl_CLayer::ClickText(int row, int column) const {
     return row == 0 ? "レイヤ名を変更できません" : "レイヤ名を入力してください";
 }
 
-void KrDxfInTbl_CLayer::BeforeCheck() { sameName_ = SameTextBelow(kNameColumn); }
-
 bool KrDxfInTbl_CLayer::CheckRow(int row) {
-    const std::string name = TextAt(row, kNameColumn);
-    const int same = sameName_[static_cast<std::size_t>(row)];
-    if (name.empty()) return Fail(row, kNameColumn, Formatted("レイヤ名が入力されていません %d : ", row + 1));
-    if (same >= 0) {
-        return Fail(row, kNameColumn, Formatted("レイヤ名が重複しています %d,%d : %s", row + 1, same + 1, name));
-    }
-    if (!CanBeWritten(name, "="))
-        return Fail(row, kNameColumn, Formatted("レイヤ名に空白と「=」は使えません %d : %s", row + 1, name));
-    Pass(row, kNameColumn);
+    if (!CheckName(row, kNameColumn, mode_.names)) return false;
     // The grid shows the message.
     const bool valid = (Grid().*mode_.check)(row, TextAt(row, kNumberColumn).c_str()) != 0;
     return valid ? Pass(row, kNumberColumn) : Fail(row, kNumberColumn, "");

@@ -23,7 +23,6 @@ class KrDxfInTbl_CLayer final : public kiro::ui::GridEditor {
     void FillRow(int row) override;
     void FillNewRow(int row) override;
     const char* ClickText(int row, int column) const override;
-    void BeforeCheck() override;
     bool CheckRow(int row) override;
     void Store() override;
 
@@ -33,5 +32,4 @@ class KrDxfInTbl_CLayer final : public kiro::ui::GridEditor {
     std::int32_t& count_;
     std::int32_t (&numbers_)[kDxfInLayerSlots];
     char (&names_)[kDxfInLayerSlots][257];
-    std::vector<int> sameName_;
 };

@@ -12,6 +12,12 @@ enum Column { kRowColumn, kNameColumn, kFontColumn, kWeightColumn };
 
 constexpr int kLargestFont = 63;
 constexpr int kLargestWeight = 16;
+constexpr kiro::ui::GridNames kNames = {"線種名が入力されていません %d : ",
+                                        "線種名が重複しています %d,%d : %s",
+                                        "=",
+                                        "線種名に空白と「=」は使えません %d : %s",
+                                        kDxfInLongestLineType,
+                                        "線種名が長すぎます（半角107文字以内） %d : %s"};
 
 }  // namespace
 
@@ -39,18 +45,9 @@ void KrDxfInTbl_LStyle::FillNewRow(int row) {
     SetTextAt(row, kWeightColumn, "1");
 }
 
-void KrDxfInTbl_LStyle::BeforeCheck() { sameName_ = SameTextBelow(kNameColumn); }
-
 bool KrDxfInTbl_LStyle::CheckRow(int row) {
-    const std::string name = TextAt(row, kNameColumn);
-    const int same = sameName_[static_cast<std::size_t>(row)];
-    if (name.empty()) return Fail(row, kNameColumn, Formatted("線種名が入力されていません %d : ", row + 1));
-    if (same >= 0)
-        return Fail(row, kNameColumn, Formatted("線種名が重複しています %d,%d : %s", row + 1, same + 1, name));
-    if (!CanBeWritten(name, "="))
-        return Fail(row, kNameColumn, Formatted("線種名に空白と「=」は使えません %d : %s", row + 1, name));
-    Pass(row, kNameColumn);
-    return CheckInteger(row, kFontColumn, 1, kLargestFont, "無効な線種番号です %d : %s") &&
+    return CheckName(row, kNameColumn, kNames) &&
+           CheckInteger(row, kFontColumn, 1, kLargestFont, "無効な線種番号です %d : %s") &&
            CheckInteger(row, kWeightColumn, 1, kLargestWeight, "無効な線幅番号です %d : %s");
 }
 

@@ -16,10 +16,8 @@ class KrDxfInTbl_LStyle final : public kiro::ui::GridEditor {
     int RowCount() const override { return table_.lineTypeCount; }
     void FillRow(int row) override;
     void FillNewRow(int row) override;
-    void BeforeCheck() override;
     bool CheckRow(int row) override;
     void Store() override;
 
     DxfInLineTable& table_;
-    std::vector<int> sameName_;
 };

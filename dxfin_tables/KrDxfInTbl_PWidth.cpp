@@ -44,17 +44,18 @@ void KrDxfInTbl_PWidth::FillNewRow(int row) { SetTextAt(row, kWeightColumn, "1")
 void KrDxfInTbl_PWidth::RowsMoved() {
     const int last = Rows() - 1;
     for (int row = 0; row <= last; ++row) {
-        if (row < last && TextAt(row, kWeightColumn).empty()) SetTextAt(row, kWeightColumn, "1");
-        if (row == last) SetTextAt(row, kWeightColumn, "");
-        if (row == last) Pass(row, kWeightColumn);
-        Grid().SetAvailableFlag(row, kWeightColumn, row < last);
+        const bool wasLast = !Grid().GetAvailableFlag(row, kWeightColumn);
+        if (wasLast == (row == last)) continue;
+        SetTextAt(row, kWeightColumn, wasLast ? "1" : "");
+        Pass(row, kWeightColumn);
+        Grid().SetAvailableFlag(row, kWeightColumn, wasLast);
     }
 }
 
 std::optional<double> KrDxfInTbl_PWidth::WidthAt(int row) const {
     const std::string text = TextAt(row, kWidthColumn);
     if (!Utility().CheckNumber(text.c_str(), kKrReal, 0.0, kLargestWidth)) return std::nullopt;
-    return ReadReal(text);
+    return RealOf(text) + 0.0;  // "-0" is 0
 }
 
 void KrDxfInTbl_PWidth::BeforeCheck() {

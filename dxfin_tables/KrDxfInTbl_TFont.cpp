@@ -16,6 +16,12 @@ constexpr int kVertical = 2;  // the direction of a style
 
 enum Column { kRowColumn, kNameColumn, kDirectionColumn, kFirstFactor };
 
+constexpr kiro::ui::GridNames kNames = {"書体名が入力されていません %d",
+                                        "書体名が重複しています %d : %s",
+                                        ",",
+                                        "書体名に空白と「,」は使えません %d : %s",
+                                        kDxfInLongestStyle,
+                                        "書体名が長すぎます（半角45文字以内） %d : %s"};
 constexpr const char* kDirections[] = {"横", "縦", nullptr};
 constexpr char kBadWidth[] = "無効な文字幅係数です %d : %s";
 constexpr char kBadSpacing[] = "無効な行間隔係数です %d : %s";
@@ -46,7 +52,7 @@ KrDxfInTbl_TFont::KrDxfInTbl_TFont() : GridEditor(kDxfInTextFontDialog), table_(
 void KrDxfInTbl_TFont::Load() {
     KrDxfInTbl_IO(Utility(), Handle()).ReadStyleTable(*table_);
     for (int row = 0; row < table_->styleCount; ++row) {
-        Values& values = values_.emplace_back();
+        DxfInStyleValues& values = values_.emplace_back();
         std::copy_n(table_->styleInts[row], 8, values.ints);
         std::copy_n(table_->styleReals[row], 8, values.reals);
     }
@@ -68,7 +74,7 @@ std::vector<kiro::ui::GridColumn> KrDxfInTbl_TFont::Columns() const {
 }
 
 void KrDxfInTbl_TFont::FillRow(int row) {
-    const Values& values = values_[static_cast<std::size_t>(row)];
+    const DxfInStyleValues& values = values_[static_cast<std::size_t>(row)];
     SetTextAt(row, kNameColumn, SlotText(table_->styleName[row]));
     SetTextAt(row, kDirectionColumn, kDirections[values.ints[kStyleI1] == 0 ? 0 : 1]);
     int column = kFirstFactor;
@@ -78,9 +84,7 @@ void KrDxfInTbl_TFont::FillRow(int row) {
 }
 
 void KrDxfInTbl_TFont::FillNewRow(int row) {
-    Values values{};
-    values.ints[kStyleI2] = values.ints[kStyleI3] = 1;
-    values_.insert(values_.begin() + row, values);
+    values_.insert(values_.begin() + row, kDxfInNewStyle);
     SetTextAt(row, kDirectionColumn, kDirections[0]);
     int column = kFirstFactor;
     for (const Factor& factor : kFactors) SetTextAt(row, column++, factor.start);
@@ -90,20 +94,8 @@ const char* KrDxfInTbl_TFont::ClickText(int row, int column) const {
     return column == kNameColumn && row < kFixedRows ? "書体名は変更できません。" : "";
 }
 
-void KrDxfInTbl_TFont::BeforeCheck() { sameName_ = SameTextBelow(kNameColumn); }
-
-bool KrDxfInTbl_TFont::CheckName(int row) {
-    const std::string name = TextAt(row, kNameColumn);
-    if (name.empty()) return Fail(row, kNameColumn, Formatted("書体名が入力されていません %d", row + 1));
-    if (sameName_[static_cast<std::size_t>(row)] >= 0)
-        return Fail(row, kNameColumn, Formatted("書体名が重複しています %d : %s", row + 1, name));
-    if (!CanBeWritten(name, ","))
-        return Fail(row, kNameColumn, Formatted("書体名に空白と「,」は使えません %d : %s", row + 1, name));
-    return Pass(row, kNameColumn);
-}
-
 bool KrDxfInTbl_TFont::CheckRow(int row) {
-    if (!CheckName(row)) return false;
+    if (!CheckName(row, kNameColumn, kNames)) return false;
     int column = kFirstFactor;
     for (const Factor& factor : kFactors) {
         const double high = factor.widthColumn ? RealOf(TextAt(row, factor.widthColumn)) : factor.high;
@@ -116,7 +108,7 @@ void KrDxfInTbl_TFont::Store() {
     const int rows = Rows();
     std::memset(table_->styleName, 0, sizeof table_->styleName);
     for (int row = 0; row < rows; ++row) {
-        Values& values = values_[static_cast<std::size_t>(row)];
+        DxfInStyleValues& values = values_[static_cast<std::size_t>(row)];
         StoreText(table_->styleName[row], TextAt(row, kNameColumn));
         values.ints[kStyleI1] = TextAt(row, kDirectionColumn) == kDirections[0] ? 0 : kVertical;
         int column = kFirstFactor;

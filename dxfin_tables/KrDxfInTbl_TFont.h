@@ -12,12 +12,6 @@ class KrDxfInTbl_TFont final : public kiro::ui::GridEditor {
     KrDxfInTbl_TFont();
 
   private:
-    // What a row has besides the texts of its cells.
-    struct Values {
-        std::int32_t ints[8];
-        double reals[8];
-    };
-
     void Load() override;
     Shape Form() const override;
     std::vector<kiro::ui::GridColumn> Columns() const override;
@@ -26,15 +20,12 @@ class KrDxfInTbl_TFont final : public kiro::ui::GridEditor {
     void FillNewRow(int row) override;
     void RowDeleted(int row) override { values_.erase(values_.begin() + row); }
     const char* ClickText(int row, int column) const override;
-    void BeforeCheck() override;
     bool CheckRow(int row) override;
     void Store() override;
     bool Save() override;
 
-    bool CheckName(int row);
     void Explain();
 
     std::unique_ptr<DxfInStyleTable> table_;
-    std::vector<Values> values_;  // by row
-    std::vector<int> sameName_;
+    std::vector<DxfInStyleValues> values_;  // by row, with what the grid does not show
 };

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <charconv>
+#include <cstring>
 #include <unordered_map>
 
 #include "tables/TextFormat.h"
@@ -18,6 +19,8 @@ struct MenuDeleter {
     void operator()(HMENU menu) const { DestroyMenu(menu); }
 };
 using Menu = std::unique_ptr<HMENU__, MenuDeleter>;
+
+bool CanEdit(const GridColumn& column) { return column.typed || column.numbers || column.choices; }
 
 KrTextList ChoicesOf(const GridColumn& column) {
     KrTextList list;
@@ -64,7 +67,7 @@ void GridEditor::OnInit() {
 int GridEditor::FirstColumnToEdit(int row) const {
     int index = 0;
     for (const GridColumn& column : Columns()) {
-        if ((column.typed || column.numbers || column.choices) && grid_->GetAvailableFlag(row, index)) return index;
+        if (CanEdit(column) && grid_->GetAvailableFlag(row, index)) return index;
         ++index;
     }
     return 0;
@@ -79,6 +82,7 @@ void GridEditor::SetColumns() {
             grid_->SetCombo(index, 1, &choices, column.choicePrompt);
         }
         if (column.typed) grid_->SetEdit(index, 0, column.typed, column.typedPrompt);
+        if (!CanEdit(column)) grid_->SetAvailableFlag(-1, index, 0);
         ++index;
     }
 }
@@ -140,6 +144,23 @@ bool GridEditor::CheckReal(int row, int column, double low, double high, const c
     return CheckNumber(row, column, kKrReal, low, high, message);
 }
 
+bool GridEditor::CheckName(int row, int column, const GridNames& names) {
+    if (sameName_.empty()) sameName_ = SameTextBelow(column);
+    const std::string name = TextAt(row, column);
+    const int same = sameName_[static_cast<std::size_t>(row)];
+    if (name.empty()) return Fail(row, column, Formatted(names.missing, row + 1));
+    if (same >= 0) {
+        const bool both = std::strstr(names.repeated, "%d,%d") != nullptr;
+        return Fail(
+            row, column,
+            both ? Formatted(names.repeated, row + 1, same + 1, name) : Formatted(names.repeated, row + 1, name));
+    }
+    if (name.find_first_of(" \t\r\n") != name.npos || name.find_first_of(names.separators) != name.npos)
+        return Fail(row, column, Formatted(names.separated, row + 1, name));
+    if (name.size() > names.longest) return Fail(row, column, Formatted(names.tooLong, row + 1, name));
+    return Pass(row, column);
+}
+
 std::vector<int> GridEditor::SameTextBelow(int column) const {
     const int rows = Rows();
     std::vector<int> below(static_cast<std::size_t>(rows), -1);
@@ -159,6 +180,7 @@ bool GridEditor::CheckRows() {
     if (!checked_) {
         badRow_ = badColumn_ = -1;
         message_.clear();
+        sameName_.clear();
         BeforeCheck();
         for (int row = 0; row < Rows() && badRow_ < 0; ++row) CheckRow(row);
         checked_ = true;
@@ -205,9 +227,13 @@ std::optional<INT_PTR> GridEditor::Notified(LPARAM lParam) {
         case kKrListCellMoved:
             CellMoved();
             break;
-        case kKrListCellChanged:
+        case kKrListCellChanged: {
+            // Its mark was for the text before.
+            const auto& change = *reinterpret_cast<const KrListNotify*>(lParam);
+            grid_->SetErrorFlag(change.row, change.column, 0);
             checked_ = false;
             break;
+        }
         default:
             break;
     }
@@ -268,8 +294,8 @@ void GridEditor::AddRow(bool insert) {
     const int row = insert || aboveLast ? grid_->InsertItem() : grid_->AddItem();
     if (row < 0) return grid_->ErrorText("これ以上追加できません。");
     FillNewRow(row);
-    RowsChanged(row);
     grid_->ClickCell(row, FirstColumnToEdit(row));
+    RowsChanged(row);
 }
 
 void GridEditor::DeleteRow() {

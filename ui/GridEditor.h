@@ -25,6 +25,16 @@ struct GridColumn {
     const char* const* choices = nullptr;  // other choices, up to a null
 };
 
+// What a column of names may hold. The messages have %d for the row and %s for the name.
+struct GridNames {
+    const char* missing;
+    const char* repeated;    // with both rows where it has two %d
+    const char* separators;  // what the table's file ends a name at
+    const char* separated;   // the message for such a name, or one with a blank, which the file would lose
+    std::size_t longest;     // bytes that the file gives back
+    const char* tooLong;
+};
+
 class GridEditor : public HostDialog {
   protected:
     explicit GridEditor(int templateId);
@@ -67,14 +77,16 @@ class GridEditor : public HostDialog {
     // the text.
     bool CheckInteger(int row, int column, int low, int high, const char* message);
     bool CheckReal(int row, int column, double low, double high, const char* message);
-    // For each row the next one below with the same text in the column, or -1. Costs one look at each row.
-    std::vector<int> SameTextBelow(int column) const;
+    // The name is there, in no row below, and such that the table's file gives it back. One column of names a grid.
+    bool CheckName(int row, int column, const GridNames& names);
     KrListControl& Grid() const { return *grid_; }
 
     void OnInit() override;
     void OnOk() override;
 
   private:
+    // For each row the next one below with the same text in the column, or -1. Costs one look at each row.
+    std::vector<int> SameTextBelow(int column) const;
     bool CheckNumber(int row, int column, int kind, double low, double high, const char* message);
     void SetColumns();
     void FillRows();
@@ -91,9 +103,10 @@ class GridEditor : public HostDialog {
     void RowsChanged(int from);
 
     KrListControlPtr grid_;
-    int row_ = -1;          // the row that was current when the rows were checked last
-    bool checked_ = false;  // nothing has changed since the last check
-    int badRow_ = -1;       // what the last check found
+    int row_ = -1;               // the row that was current when the rows were checked last
+    bool checked_ = false;       // nothing has changed since the last check
+    std::vector<int> sameName_;  // of this check
+    int badRow_ = -1;            // what the last check found
     int badColumn_ = -1;
     std::string message_;
 };

@@ -139,7 +139,8 @@ void KrCellEditor::Load(const std::string& text, Start start) {
     SendMessageW(TextWindow(), EM_EMPTYUNDOBUFFER, 0, 0);
 }
 
-bool KrCellEditor::Open(HWND list, const RECT& cell, const CellEditing& editing, const std::string& text, Start start) {
+bool KrCellEditor::Open(HWND list, const RECT& cell, const CellEditing& editing, const std::string& text, Start start,
+                        bool prompts) {
     if (IsOpen() || !editing.Possible()) return false;
     list_ = list;
     editing_ = editing;
@@ -153,7 +154,7 @@ bool KrCellEditor::Open(HWND list, const RECT& cell, const CellEditing& editing,
     open_ = windows.window;
     Place(cell);
     ShowWindow(open_, SW_SHOW);
-    ShowPrompt(Typed() ? editing_.prompt : editing_.combo->prompt);
+    if (prompts) ShowPrompt(Typed() ? editing_.prompt : editing_.combo->prompt);
     const WPARAM opening = opening_;
     SetFocus(TextWindow());
     // The dialog may have done anything when it heard of the focus.

@@ -38,7 +38,9 @@ class KrCellEditor {
     KrCellEditor& operator=(const KrCellEditor&) = delete;
     ~KrCellEditor();
 
-    bool Open(HWND list, const RECT& cell, const CellEditing& editing, const std::string& text, Start start);
+    // prompts: the message zone is to show what the cell is for.
+    bool Open(HWND list, const RECT& cell, const CellEditing& editing, const std::string& text, Start start,
+              bool prompts);
     bool IsOpen() const { return open_ != nullptr; }
     void Place(const RECT& cell);  // the cell is somewhere else now
     Outcome Read() const;

@@ -134,10 +134,12 @@ void KrListControlImpl::SetItemColor(int row, int column, KrColor text, KrColor 
 }
 
 void KrListControlImpl::ErrorText(const char* text) {
+    errorShown_ = true;
     if (utility_) utility_->ErrorText(Text(text));
 }
 
 void KrListControlImpl::MessageText(const char* text) {
+    errorShown_ = false;
     if (utility_) utility_->MessageText(Text(text));
 }
 
@@ -258,11 +260,11 @@ void KrListControlImpl::SetMark(int row, bool on) {
 
 // ---- Editing ----
 
-bool KrListControlImpl::OpenEditor(KrCellEditor::Start start) {
+bool KrListControlImpl::OpenEditor(KrCellEditor::Start start, bool prompts) {
     if (!Commit(true) || !rows_.CanEdit(current_) || !list_ || !IsWindowVisible(list_) || released_) return false;
     Reveal(current_.row);
     const CellEditing editing = rows_.EditingOf(current_);
-    const bool open = editor_.Open(list_, CellRect(current_), editing, rows_.Find(current_)->text, start);
+    const bool open = editor_.Open(list_, CellRect(current_), editing, rows_.Find(current_)->text, start, prompts);
     Repaint(current_.row);
     return open;
 }

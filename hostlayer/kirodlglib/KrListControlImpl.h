@@ -116,7 +116,7 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost {
     int Insert(int at);
 
     // Editing.
-    bool OpenEditor(KrCellEditor::Start start);
+    bool OpenEditor(KrCellEditor::Start start, bool prompts = true);
     bool Commit(bool takeFocus);
     void OnEditor(EditorEvent event) override;
     void OpenNext(bool forwards);
@@ -142,6 +142,7 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost {
     bool Press(POINT point, bool right);
     std::optional<LRESULT> OnDialog(UINT message, WPARAM wParam, LPARAM lParam);
     void AnswerText(NMLVDISPINFOW& request) const;
+    void Dragged(POINT from);
     void BeforeClick(const NMITEMACTIVATE& click);
     void AfterClick(UINT code);
 
@@ -158,6 +159,7 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost {
     GridPlace clicked_;
     bool clickPending_ = false;  // a click that the dialog was told of and ClickItem has not dealt with
     bool clickMarks_ = false;
+    bool errorShown_ = false;  // the last message that the dialog gave
     bool clickOpens_ = false;
     bool rightPressed_ = false;
     bool fitting_ = false;

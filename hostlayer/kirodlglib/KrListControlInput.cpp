@@ -87,12 +87,14 @@ bool KrListControlImpl::OnKey(WPARAM key) {
 void KrListControlImpl::OnCharacter(wchar_t character) {
     if (character < L' ' || character == 0x7F || rows_.Rows() == 0) return;
     MakeCurrent();
-    if (character == L' ' && rows_.MarkKind() != GridRows::Marks::kNone)
-        SetMark(current_.row, !rows_.IsMarked(current_.row));
-    else if (OpenEditor(KrCellEditor::Start::kReplaceText))
+    if (character == L' ' || character == L'　') {
+        // Never starts a text: where rows have no marks it would only wipe the cell.
+        if (rows_.MarkKind() != GridRows::Marks::kNone) SetMark(current_.row, !rows_.IsMarked(current_.row));
+    } else if (OpenEditor(KrCellEditor::Start::kReplaceText)) {
         editor_.Forward(WM_CHAR, character, 1);
-    else
+    } else {
         MessageBeep(MB_OK);
+    }
 }
 
 // Characters come one by one, also from an input method that composed them. One that shows its composition in place
@@ -105,7 +107,8 @@ std::optional<LRESULT> KrListControlImpl::OnListText(UINT message, WPARAM wParam
     }
     if (message == WM_IME_STARTCOMPOSITION) {
         MakeCurrent();
-        if (rows_.EditingOf(current_).typed && OpenEditor(KrCellEditor::Start::kReplaceText))
+        // The text is selected, and stays when the composition is given up.
+        if (rows_.EditingOf(current_).typed && OpenEditor(KrCellEditor::Start::kKeepText))
             return editor_.Forward(message, wParam, lParam);
     }
     return std::nullopt;
@@ -149,6 +152,11 @@ void KrListControlImpl::BeforeClick(const NMITEMACTIVATE& click) {
     clickPending_ = true;
     // In a cell that can be edited a click is for that. The second click of a double click chooses nothing.
     clickMarks_ = click.hdr.code == NM_CLICK && rows_.MarkKind() != GridRows::Marks::kNone && !rows_.CanEdit(clicked_);
+}
+
+void KrListControlImpl::Dragged(POINT from) {
+    const GridPlace place = Hit(from);
+    if (rows_.Has(place) && Commit(true)) SetCurrent(place, By::kUser);
 }
 
 // The current cell is still the one before until the dialog calls ClickItem; one that does not know of clicks need not.
@@ -197,8 +205,10 @@ void KrListControlImpl::OpenNext(bool forwards) {
     if (!Commit(true) || editor_.IsOpen()) return;
     const std::optional<GridPlace> next = rows_.NextEditable(from, forwards);
     if (!next) return;
+    errorShown_ = false;
     SetCurrent(*next, By::kUser);
-    if (current_ == *next) OpenEditor(KrCellEditor::Start::kKeepText);
+    // What the dialog found wrong when it heard of the move stays to be read.
+    if (current_ == *next) OpenEditor(KrCellEditor::Start::kKeepText, !errorShown_);
 }
 
 // ---- The list view ----
@@ -346,6 +356,8 @@ std::optional<LRESULT> KrListControlImpl::OnDialog(UINT message, WPARAM wParam, 
                 return 0;
             }
             if (notice->code == LVN_BEGINSCROLL) Commit(true);
+            // A press that moves a little is no click, yet the list view has taken the row.
+            if (notice->code == LVN_BEGINDRAG) Dragged(reinterpret_cast<const NMLISTVIEW*>(lParam)->ptAction);
             if (notice->code != NM_CLICK && notice->code != NM_DBLCLK) return std::nullopt;
             const UINT code = notice->code;
             BeforeClick(*reinterpret_cast<const NMITEMACTIVATE*>(lParam));

@@ -41,7 +41,7 @@ const RowCase kRowCases[] = {
      L"書体名は変更できません。",
      L"",
      {L"", L"横", L"1.1875", L"0.95", L"0.4", L"0.95", L"0.75"},
-     "STYLE = 新規, 1.1875, 0, 0.95, 0, 1.4, 1, 1, 0.95, 0.75\r\n"},
+     "STYLE = 新規, 1.1875, 0, 0.95, 0.2, 1.4, 1, 1, 0.95, 0.75\r\n"},
     {kArrowEditor,
      "",
      4,
@@ -138,7 +138,13 @@ TEST_F(ImportEditors, PolylineRangesMeet) {
         EXPECT_EQ((Cells{L"2", L"", L"1"}), Row(grid, 1));
         EXPECT_EQ((Cells{L"3", L"999", L""}), Row(grid, 2));
         Change(grid, 1, 1, L"0.5");
+        Change(grid, 1, 2, L"");
+        grid.Click(0, 0);
+        Command(kInsert);
+        Command(kDelete);
+        EXPECT_EQ((Cells{L"2", L"0.5", L""}), Row(grid, 1)) << "no weight that nobody gave";
         Change(grid, 1, 2, L"5");
+        Change(grid, 0, 1, L"-0");
         Change(grid, 0, 2, L"2");
         Click(dialog, IDOK);
     });
@@ -175,7 +181,7 @@ TEST_F(ImportEditors, NumbersAreWrittenAsTheyAreShown) {
         << Bytes(kFontEditor.file);
     Edit(kArrowEditor, true, [&](HWND dialog, const Grid& grid) {
         Change(grid, 0, 4, L"2.5");
-        Change(grid, 1, 4, L"0.29");  // a factor of a hundred makes 28.999... of it
+        Change(grid, 1, 4, L"0.235");
         grid.Click(0, 3);
         grid.Choose(1);
         Command(kAdd);
@@ -184,7 +190,7 @@ TEST_F(ImportEditors, NumbersAreWrittenAsTheyAreShown) {
         Click(dialog, IDOK);
     });
     EXPECT_NE(std::string::npos, Bytes(kArrowEditor.file).find("ARROW LINE          =    1, 180,  250\r\n"));
-    EXPECT_NE(std::string::npos, Bytes(kArrowEditor.file).find("ARROW SOLID         =    3,   0,   29\r\n"))
+    EXPECT_NE(std::string::npos, Bytes(kArrowEditor.file).find("ARROW SOLID         =    3,   0,   24\r\n"))
         << Bytes(kArrowEditor.file);
     Edit(kLineWidthEditor, true, [&](HWND dialog, const Grid& grid) {
         Change(grid, 23, 2, L"16");
@@ -365,6 +371,58 @@ TEST_F(ImportEditors, TheKeyboardAloneSuffices) {
     });
     EXPECT_NE(std::string::npos, Bytes(kLayerFile).find("LAYER OTHER = 255\r\n")) << Bytes(kLayerFile);
     EXPECT_NE(std::string::npos, Bytes(kLayerFile).find("LAYER 柱 = 30\r\n"));
+}
+
+TEST_F(ImportEditors, NamesThatTheFileCannotGiveBackAreRefused) {
+    const struct {
+        const Editor& editor;
+        const char* before;
+        std::size_t longest;
+        const char* behind;
+        int row;
+        std::wstring message;
+    } cases[] = {
+        {kClassEditor, "LAYER ", 68, "=1\n", 1, L"レイヤ名が長すぎます（半角68文字以内） 2 : "},
+        {kRevisionEditor, "LAYER-REVISION ", 58, "=1\n", 1, L"レイヤ名が長すぎます（半角58文字以内） 2 : "},
+        {kFontEditor, "STYLE=", 45, ",1.1875,0,1,0.2,1.4,1,1,0.95,0.75\n", 4,
+         L"書体名が長すぎます（半角45文字以内） 5 : "},
+        {kArrowEditor, "ARROW ", 51, "=1,0,300\n", 4, L"矢印名が長すぎます（半角51文字以内） 5 : "},
+    };
+    for (const auto& name : cases) {
+        WriteTable(name.editor.file, name.before + std::string(name.longest + 1, 'x') + name.behind);
+        Edit(name.editor, true, [&](HWND dialog, const Grid& grid) {
+            ExpectRefusal(name.editor, dialog, {name.row, 1}, name.message + std::wstring(name.longest + 1, L'x'));
+            grid.Write(L"短い名前");
+            Click(dialog, IDOK);
+        });
+    }
+}
+
+TEST_F(ImportEditors, MarksAndMessagesFollowTheText) {
+    const auto isMarked = [](const Grid& grid, int row, int column) {
+        return grid.Pixel(row, column, 4, 4) == RGB(0xFF, 0xE0, 0xE0);
+    };
+    Edit(kColorRevisionEditor, false, [&](HWND dialog, const Grid& grid) {
+        EXPECT_EQ((GridPlace{0, 1}), grid.Current());
+        grid.Keys(L"999");
+        Key(VK_TAB);  // the next cell opens, and the message stays to be read
+        EXPECT_TRUE(grid.IsOpen());
+        ExpectError(dialog, L"無効なレビジョン番号です（1～256） 1 : 999");
+        Key(VK_ESCAPE);
+        ExpectError(dialog, L"無効なレビジョン番号です（1～256） 1 : 999");
+        EXPECT_TRUE(isMarked(grid, 0, 1));
+        Change(grid, 254, 1, L"0");
+        Change(grid, 0, 1, L"7");
+        grid.Click(3, 1);
+        EXPECT_FALSE(isMarked(grid, 0, 1));
+        ExpectError(dialog, L"無効なレビジョン番号です（1～256） 255 : 0");
+        Change(grid, 254, 1, L"8");  // in the last row Enter goes nowhere
+        EXPECT_FALSE(isMarked(grid, 254, 1));
+        grid.Keys(L" ");  // starts no text
+        EXPECT_FALSE(grid.IsOpen());
+        EXPECT_EQ(L"8", grid.Cell(254, 1));
+        Click(dialog, IDOK);
+    });
 }
 
 // The mouse goes from an open cell to the buttons and to the row menu.

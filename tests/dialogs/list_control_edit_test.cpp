@@ -38,10 +38,9 @@ TEST_F(Grids, TypingReplacesAndEnterGoesDown) {
         EXPECT_FALSE(grid.IsOpen());
         EXPECT_EQ(L"5", grid.Cell(4, 0));
         Key(VK_RIGHT);
-        grid.Keys(L" ");  // types, where rows cannot be marked
-        EXPECT_EQ(L" ", grid.Typed());
-        Key(VK_RETURN);
-        EXPECT_EQ("", Stored(4, 1));
+        grid.Keys(L" 　");  // would only wipe the cell
+        EXPECT_FALSE(grid.IsOpen());
+        EXPECT_EQ("下", Stored(3, 1));
         Click(dialog, IDOK);
     });
 }
@@ -279,6 +278,7 @@ TEST_F(Grids, AnInputMethodFindsTheEditor) {
         // The composition starts at the list view; some methods send the characters there as well.
         Send(grid.List(), WM_IME_STARTCOMPOSITION);
         EXPECT_EQ(grid.Editor(), FocusWindow());
+        EXPECT_EQ(L"レイヤ3", grid.Typed());  // stays when the composition is given up
         for (const wchar_t unit : {L'図', L'面'}) Send(grid.List(), WM_CHAR, unit, 1);
         EXPECT_EQ(L"図面", grid.Typed());
         Key(VK_RETURN);

@@ -387,4 +387,50 @@ TEST_F(RandomTable, OfArrows) {
     }
 }
 
+// A table with one name of a length and the widest values; whether it is read as it was written.
+template <class Table, class Fill>
+bool ComesBack(std::size_t length, Fill fill) {
+    const auto table = Read<Table>("").table;
+    fill(*table, std::string(length, 'x'));
+    const std::string text = Format(*table);
+    const auto again = Read<Table>(text);
+    return !again.errors && Format(*again.table) == text;
+}
+
+TEST(LongestNames, AreTheLastThatComeBack) {
+    const auto layer = [](DxfInLayerTable& t, const std::string& name) {
+        t.layerClassCount = 1;
+        t.layerClass[1] = 256;
+        StoreText(t.layerClassName[1], name);
+    };
+    const auto revision = [](DxfInLayerTable& t, const std::string& name) {
+        t.layerRevisionCount = 1;
+        t.layerRevision[1] = 256;
+        StoreText(t.layerRevisionName[1], name);
+    };
+    const auto line = [](DxfInLineTable& t, const std::string& name) {
+        t.lineTypes[0].lineFont = 63;
+        t.lineTypes[0].lineWeight = 16;
+        StoreText(t.lineTypeName[0], name);
+    };
+    const auto arrow = [](DxfInArrowTable& t, const std::string& name) {
+        t.arrows[t.arrowCount] = {4095, 180, 30000, {}};
+        StoreText(t.arrowName[t.arrowCount++], name);
+    };
+    const auto style = [](DxfInStyleTable& t, const std::string& name) {
+        const double reals[] = {0, 0.123457, 0.123457, 1.23457, 1.23457e-05, 0.123457, 0.123457};
+        const std::int32_t ints[] = {0, 2, 99, 15};
+        std::copy(std::begin(reals), std::end(reals), t.styleReals[t.styleCount]);
+        std::copy(std::begin(ints), std::end(ints), t.styleInts[t.styleCount]);
+        StoreText(t.styleName[t.styleCount++], name);
+    };
+    for (const std::size_t more : {0u, 1u}) {
+        EXPECT_EQ(more == 0, ComesBack<DxfInLayerTable>(kDxfInLongestClassLayer + more, layer));
+        EXPECT_EQ(more == 0, ComesBack<DxfInLayerTable>(kDxfInLongestRevisionLayer + more, revision));
+        EXPECT_EQ(more == 0, ComesBack<DxfInLineTable>(kDxfInLongestLineType + more, line));
+        EXPECT_EQ(more == 0, ComesBack<DxfInArrowTable>(kDxfInLongestArrow + more, arrow));
+        EXPECT_EQ(more == 0, ComesBack<DxfInStyleTable>(kDxfInLongestStyle + more, style));
+    }
+}
+
 }  // namespace
