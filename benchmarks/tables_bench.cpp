@@ -147,7 +147,8 @@ class Bench {
         const File out = Open(Listing(), L"w");
         char line[kPiece];
         while (std::fgets(line, sizeof line, in.get())) {
-            std::fprintf(out.get(), "    %s", line);
+            std::fputs("    ", out.get());
+            std::fputs(line, out.get());
             std::fflush(out.get());
         }
     }

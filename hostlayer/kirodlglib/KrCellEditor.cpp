@@ -178,6 +178,8 @@ void KrCellEditor::PlaceEdit(const RECT& cell) const {
 // A combo's height follows from that of its field; the height that is given is that of the open list with it.
 void KrCellEditor::PlaceCombo(const RECT& cell) const {
     const int height = cell.bottom - cell.top - 1;
+    // The current style has a number of its own, and shows thirty unless it is told.
+    SendMessageW(open_, CB_SETMINVISIBLE, kShownChoices, 0);
     const auto choices = static_cast<int>(std::min<std::size_t>(editing_.combo->choices.size(), kShownChoices));
     const auto line = static_cast<int>(SendMessageW(open_, CB_GETITEMHEIGHT, 0, 0));
     SetWindowPos(open_, HWND_TOP, cell.left, cell.top, cell.right - cell.left - 1, height + choices * line + 4,
