@@ -33,7 +33,7 @@ class KrStringList {
 constexpr int kKrTextSize = 260;      // room for DisplayScale and DtoA
 constexpr int kKrPathSize = 1024;     // room for every path this library handles, in any of its encodings
 constexpr int kKrUsedFiles = 1;       // the kind of list that GetUsedFile and SetUsedFile keep: file names
-constexpr int kKrChooseExisting = 0;  // FileDialog: an existing file
+constexpr int kKrChooseExisting = 0;  // FileDialog: a file to open; a name can be typed that no file has
 constexpr int kKrChooseNew = 1;       // FileDialog: a file that may not exist yet
 constexpr int kKrIntegerSigned = -1;  // CheckNumber: an integer, with or without a sign
 constexpr int kKrInteger = 0;         // CheckNumber: an integer; negative where the range allows it

@@ -96,8 +96,8 @@ ChooserResult ChooseFile(const ChooserRequest& request, std::wstring& path) {
     chooser.lpstrTitle = request.title.empty() ? nullptr : request.title.c_str();
     chooser.lpstrDefExt = request.existing || extension.empty() ? nullptr : extension.c_str();
     chooser.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
-    // The question about overwriting is asked when the name is checked, and no test file is made before that.
-    chooser.Flags |= static_cast<DWORD>(request.existing ? OFN_FILEMUSTEXIST : OFN_NOTESTFILECREATE);
+    // The questions about a file that is there, or is not, are the dialog's, and no test file is made before them.
+    chooser.Flags |= static_cast<DWORD>(request.existing ? 0 : OFN_NOTESTFILECREATE);
 
     if (!(request.existing ? GetOpenFileNameW(&chooser) : GetSaveFileNameW(&chooser)))
         return CommDlgExtendedError() == 0 ? ChooserResult::kCancelled : ChooserResult::kFailed;

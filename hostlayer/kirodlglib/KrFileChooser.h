@@ -7,7 +7,7 @@
 
 struct ChooserRequest {
     HWND owner = nullptr;
-    bool existing = true;  // otherwise a file that may not exist yet
+    bool existing = true;  // to open a file; otherwise to name one that may not exist yet
     std::wstring title;
     std::wstring comment;   // what such files are called
     std::wstring wildcard;  // a pattern, a name or a path

@@ -33,16 +33,6 @@ constexpr Choice kChoices[] = {
     {&DxfInParamBlock::textWidthConversion, {{0, 4026}, {2, 4027}}, 2},
 };
 
-// The file is there when the chooser looks for it, and gone when the command does.
-std::filesystem::path vanishing;
-LRESULT CALLBACK RemoveWithChooser(int code, WPARAM wParam, LPARAM lParam) {
-    if (code == HCBT_DESTROYWND && GetDlgItem(reinterpret_cast<HWND>(wParam), kChooserName)) {
-        std::error_code ignored;
-        std::filesystem::remove(vanishing, ignored);
-    }
-    return CallNextHookEx(nullptr, code, wParam, lParam);
-}
-
 class ImportAttributes : public ImportTables {
   protected:
     ImportAttributes() {
@@ -245,25 +235,25 @@ TEST_F(ImportAttributes, NewLayerTablesReplaceNoFileUnasked) {
 }
 
 TEST_F(ImportAttributes, MissingLayerTablesCanBeMade) {
-    const HHOOK hook = SetWindowsHookExW(WH_CBT, RemoveWithChooser, nullptr, GetCurrentThreadId());
     Attributes([&](HWND dialog) {
         Click(dialog, kLayerTableRadio);
         for (const int button : {kLayerChangeButton, kColorChangeButton}) {
             for (const int answer : {IDNO, IDYES}) {
-                vanishing = WriteTable(kLayerFile, "LAYER-SWITCH  1\n");
                 Choose(dialog, button, kLayerFile);
-                Expect(L"レイヤ変換テーブル", vanishing.wstring() + L"\n\nファイルが見つかりません。作成しますか。",
-                       MB_ICONERROR, answer);
-                if (answer == IDYES) {
-                    EXPECT_TRUE(IsChecked(Settle(), kLayersToClassesRadio));
-                    Click(Settle(), IDCANCEL);
-                }
-                ASSERT_EQ(dialog, Settle());
+                Expect(L"レイヤ変換テーブル",
+                       TableFile(kLayerFile).wstring() + L"\n\nファイルが見つかりません。作成しますか。", MB_ICONERROR,
+                       answer);
+                if (answer == IDNO) continue;
+                EXPECT_TRUE(IsChecked(Settle(), kLayersToClassesRadio));
+                Click(Settle(), button == kLayerChangeButton ? IDCANCEL : IDOK);
+                EXPECT_FALSE(std::filesystem::exists(TableFile(kLayerFile)));
             }
         }
+        Answer(ReadBox(), IDYES);
+        ASSERT_EQ(dialog, Settle());
+        EXPECT_NE(std::string::npos, Bytes(kLayerFile).find("LAYER-SWITCH 0"));
         Click(dialog, IDCANCEL);
     });
-    UnhookWindowsHookEx(hook);
 }
 
 TEST_F(ImportAttributes, LayersAndColorsBecomeDifferentAttributes) {
