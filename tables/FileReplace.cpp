@@ -10,6 +10,8 @@
 #include <system_error>
 
 #ifdef _WIN32
+#include <windows.h>
+
 #include <io.h>
 #include <share.h>
 #else
@@ -17,14 +19,16 @@
 #include <unistd.h>
 #endif
 
+#ifndef _WIN32
 namespace fs = std::filesystem;
+#endif
 
 namespace {
 
 // A file that is open for writing and for nobody else.
 class ExclusiveFile {
   public:
-    explicit ExclusiveFile(const fs::path& path);
+    explicit ExclusiveFile(const SystemPath& path);
     ExclusiveFile(const ExclusiveFile&) = delete;
     ExclusiveFile& operator=(const ExclusiveFile&) = delete;
     ~ExclusiveFile() { Close(); }
@@ -33,22 +37,23 @@ class ExclusiveFile {
     bool Write(std::string_view bytes);
     bool Flush();  // to the medium
     bool Close();
-    void TakeModeOf(const fs::path& path);
+    void TakeModeOf(const SystemPath& path);
 
   private:
     int file_ = -1;
 };
 
 constexpr std::size_t kLargestWrite = 1 << 20;
+constexpr SystemPath::value_type kBeside = '~';  // before the name of the file that is being written
 
 #ifdef _WIN32
 
-ExclusiveFile::ExclusiveFile(const fs::path& path)
+ExclusiveFile::ExclusiveFile(const SystemPath& path)
     : file_(_wsopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_TRUNC | _O_BINARY, _SH_DENYRW, _S_IREAD | _S_IWRITE)) {}
 
 bool ExclusiveFile::Flush() { return _commit(file_) == 0; }
 
-void ExclusiveFile::TakeModeOf(const fs::path&) {}
+void ExclusiveFile::TakeModeOf(const SystemPath&) {}
 
 int WriteSome(int file, const char* bytes, std::size_t count) {
     return _write(file, bytes, static_cast<unsigned int>(count));
@@ -56,11 +61,26 @@ int WriteSome(int file, const char* bytes, std::size_t count) {
 
 bool CloseFile(int file) { return _close(file) == 0; }
 
-void FlushFolder(const fs::path&) {}
+void FlushFolder(const SystemPath&) {}
+
+bool MayBeReplaced(const SystemPath& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES)
+        return GetLastError() == ERROR_FILE_NOT_FOUND || GetLastError() == ERROR_PATH_NOT_FOUND;
+    return !(attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY));
+}
+
+bool Rename(const SystemPath& from, const SystemPath& to) {
+    return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+}
+
+void Remove(const SystemPath& path) { DeleteFileW(path.c_str()); }
+
+std::optional<SystemPath> TargetOf(const SystemPath& path) { return path; }
 
 #else
 
-ExclusiveFile::ExclusiveFile(const fs::path& path) : file_(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666)) {
+ExclusiveFile::ExclusiveFile(const SystemPath& path) : file_(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666)) {
     if (file_ < 0) return;
     // Whoever had the lock until now may have renamed the file away meanwhile.
     struct stat opened {};
@@ -72,7 +92,7 @@ ExclusiveFile::ExclusiveFile(const fs::path& path) : file_(open(path.c_str(), O_
 
 bool ExclusiveFile::Flush() { return fsync(file_) == 0; }
 
-void ExclusiveFile::TakeModeOf(const fs::path& path) {
+void ExclusiveFile::TakeModeOf(const SystemPath& path) {
     struct stat old {};
     // A file with a wider mode than wanted is still the user's own: no reason to fail.
     if (stat(path.c_str(), &old) == 0 && fchmod(file_, old.st_mode & 0777) != 0) return;
@@ -83,11 +103,32 @@ ssize_t WriteSome(int file, const char* bytes, std::size_t count) { return write
 bool CloseFile(int file) { return close(file) == 0; }
 
 // The new name is on the medium only when the folder is.
-void FlushFolder(const fs::path& folder) {
+void FlushFolder(const SystemPath& folder) {
     const int file = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (file < 0) return;
     fsync(file);
     close(file);
+}
+
+// A file that is read-only for everybody, the superuser too, is one on purpose.
+bool MayBeReplaced(const SystemPath& path) {
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    if (status.type() == fs::file_type::not_found) return true;
+    constexpr fs::perms kWritable = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    return status.type() == fs::file_type::regular && (status.permissions() & kWritable) != fs::perms::none;
+}
+
+bool Rename(const SystemPath& from, const SystemPath& to) { return rename(from.c_str(), to.c_str()) == 0; }
+
+void Remove(const SystemPath& path) { unlink(path.c_str()); }
+
+// What a link leads to; nothing when that cannot be told.
+std::optional<SystemPath> TargetOf(const SystemPath& path) {
+    std::error_code error;
+    if (!fs::is_symlink(path, error)) return path;
+    const fs::path target = fs::weakly_canonical(path, error);
+    return error ? std::nullopt : std::optional(target.native());
 }
 
 #endif
@@ -108,27 +149,22 @@ bool ExclusiveFile::Close() {
     return closed;
 }
 
-// A file that is read-only for everybody, the superuser too, is one on purpose.
-bool MayBeReplaced(const fs::path& path) {
-    std::error_code error;
-    const fs::file_status status = fs::status(path, error);
-    if (status.type() == fs::file_type::not_found) return true;
-    constexpr fs::perms kWritable = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-    return status.type() == fs::file_type::regular && (status.permissions() & kWritable) != fs::perms::none;
+// With the separator at its end.
+std::size_t FolderLength(const SystemPath& path) {
+#ifdef _WIN32
+    return path.find_last_of(L"\\/:") + 1;
+#else
+    return path.find_last_of('/') + 1;
+#endif
 }
 
-bool WriteNew(const fs::path& beside, const fs::path& target, std::string_view bytes) {
+bool WriteNew(const SystemPath& beside, const SystemPath& target, std::string_view bytes) {
     ExclusiveFile file(beside);
     if (!file.IsOpen()) return false;
     file.TakeModeOf(target);
-    if (file.Write(bytes) && file.Flush() && file.Close()) {
-        std::error_code error;
-        fs::rename(beside, target, error);
-        if (!error) return true;
-    }
+    if (file.Write(bytes) && file.Flush() && file.Close() && Rename(beside, target)) return true;
     file.Close();
-    std::error_code ignored;
-    fs::remove(beside, ignored);
+    Remove(beside);
     return false;
 }
 
@@ -138,7 +174,7 @@ struct FileCloser {
 
 }  // namespace
 
-std::optional<std::string> ReadWholeFile(const fs::path& path) {
+std::optional<std::string> ReadWholeFile(const SystemPath& path) {
 #ifdef _WIN32
     const std::unique_ptr<std::FILE, FileCloser> file(_wfopen(path.c_str(), L"rb"));
 #else
@@ -152,23 +188,24 @@ std::optional<std::string> ReadWholeFile(const fs::path& path) {
     return bytes;
 }
 
-bool ReplaceWholeFile(const fs::path& path, std::string_view bytes) {
-    std::error_code ignored;
-    std::error_code error;
-    const fs::path target = fs::is_symlink(path, ignored) ? fs::weakly_canonical(path, error) : path;
-    if (error || !target.has_filename() || !MayBeReplaced(target)) return false;
-    const fs::path beside = target.parent_path() / (fs::path("~") += target.filename());
-    if (!WriteNew(beside, target, bytes)) return false;
-    FlushFolder(target.parent_path());
+bool ReplaceWholeFile(const SystemPath& path, std::string_view bytes) {
+    const std::optional<SystemPath> target = TargetOf(path);
+    if (!target) return false;
+    const std::size_t name = FolderLength(*target);
+    if (name == target->size() || !MayBeReplaced(*target)) return false;
+    SystemPath beside = *target;
+    beside.insert(name, 1, kBeside);
+    if (!WriteNew(beside, *target, bytes)) return false;
+    FlushFolder(target->substr(0, name));
     return true;
 }
 
 std::string TextModeLines(std::string_view text) {
     std::string lines;
     lines.reserve(text.size() + text.size() / 16);
-    for (const char byte : text) {
-        if (byte == '\n') lines += '\r';
-        lines += byte;
+    for (const char c : text) {
+        if (c == '\n') lines += '\r';
+        lines += c;
     }
     return lines;
 }

@@ -6,14 +6,18 @@
 #include <string>
 #include <string_view>
 
+// A path as the system has it: UTF-16 on Windows. (std::filesystem::path converts to it by itself; using that class in
+// the library would link half a megabyte of locales.)
+using SystemPath = std::filesystem::path::string_type;
+
 // Nothing when the file cannot be opened or read.
-std::optional<std::string> ReadWholeFile(const std::filesystem::path& path);
+std::optional<std::string> ReadWholeFile(const SystemPath& path);
 
 // Puts the bytes in the file's place in one step: they are written into a file beside it ("~" and its name), flushed to
 // the medium and renamed over it. At every instant, also when the program or the machine stops, the old file or the new
 // one is there, whole. False, and the old file is untouched, when that cannot be done: no room, no right, a read-only
 // file or a folder of that name, or another program doing the same at this moment. A link is followed.
-bool ReplaceWholeFile(const std::filesystem::path& path, std::string_view bytes);
+bool ReplaceWholeFile(const SystemPath& path, std::string_view bytes);
 
 // "\n" becomes CR LF: what a file has that is written in text mode. Tables have it on every system, because the host
 // reads them on Windows.

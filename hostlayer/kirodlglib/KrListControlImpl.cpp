@@ -204,8 +204,10 @@ void KrListControlImpl::SetCurrent(GridPlace place, By by) {
     Repaint(before.row < 0 ? 0 : before.row);
     Repaint(place.row);
     // The list view's own selection follows, for programs that read the screen aloud.
+    // The row before is freed by itself: otherwise a list view may go through all rows in search of it.
     LVITEMW item{};
     item.stateMask = LVIS_FOCUSED | LVIS_SELECTED;
+    if (before.row >= 0) SendTo(LVM_SETITEMSTATE, static_cast<WPARAM>(before.row), &item);
     item.state = place.row < 0 ? 0 : item.stateMask;
     SendTo(LVM_SETITEMSTATE, static_cast<WPARAM>(place.row), &item);
     Reveal(place.row);
