@@ -69,6 +69,7 @@ bool KrDxfInTbl_PWidth::CheckRow(int row) {
     const std::string text = TextAt(row, kWidthColumn);
     if (text.empty()) return Fail(row, kWidthColumn, Formatted("線幅が入力されていません %d", row + 1));
     const auto width = WidthAt(row);
+    // The message deliberately excludes both ends, which are accepted.
     if (!width) {
         return Fail(row, kWidthColumn, Formatted("無効な線幅です（0.0＜線幅＜999.0） %d : %s", row + 1, text));
     }

@@ -5,6 +5,7 @@
 
 #include "resources/dxfin_tables/KrDxfInTbl_Layer.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Line.ids.h"
+#include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
 #include "resources/grid.ids.h"
 #include "tests/dialogs/GridDriver.h"
 #include "tests/dialogs/ImportTables.h"
@@ -82,9 +83,24 @@ class ImportEditors : public ImportTables {
         EXPECT_EQ(kGrid, FocusId());
         ExpectError(dialog, message);
     }
+    static bool IsMarked(const kiro::drive::Grid& grid, GridPlace cell) {
+        return grid.Pixel(cell.row, cell.column, 4, 4) == RGB(0xFF, 0xE0, 0xE0);
+    }
     static void ExpectError(HWND dialog, const std::wstring& message) {
         EXPECT_EQ(message, kiro::drive::Guidance(dialog));
         EXPECT_TRUE(kiro::drive::IsGuidanceError(dialog)) << testing::PrintToString(message);
+    }
+    static bool IsMenuOpen() {
+        GUITHREADINFO state{};
+        state.cbSize = sizeof state;
+        return GetGUIThreadInfo(kiro::drive::UiThread(), &state) && (state.flags & GUI_INMENUMODE);
+    }
+    static POINT MenuPlace(const kiro::drive::Grid& grid) {  // of the open menu, in the list view
+        RECT menu{};
+        GetWindowRect(kiro::drive::OpenMenu(), &menu);
+        POINT place{menu.left, menu.top};
+        ScreenToClient(grid.List(), &place);
+        return place;
     }
     // A command of the row menu, which the menu key opens.
     static void Command(RowCommand command) {

@@ -72,6 +72,7 @@ TEST_F(ImportAttributes, RadiosShowTheBlockAndSetIt) {
             EXPECT_EQ(16u, Items(dialog, kDefaultWeightCombo).size());
             EXPECT_EQ(L"16", Items(dialog, kDefaultWeightCombo).back());
             EXPECT_EQ(unknown ? 0 : 4 + round, Picked(dialog, kDefaultWeightCombo));
+            EXPECT_EQ(unknown || round == 0, IsEnabled(dialog, kTargetClassRadio));
             Click(dialog, kLayerAutoRadio);  // the target can be chosen
             for (const Choice& choice : kChoices) Click(dialog, row(choice, round + 1).radio);
             Click(dialog, kLayerNamesCheck);
@@ -146,6 +147,7 @@ TEST_F(ImportAttributes, TextWidthsNeedTheFontTable) {
 TEST_F(ImportAttributes, KeepsTheSettingsWhereItIsWanted) {
     const auto obstacle = Write(L"settings", "a file where the defaults have their folder");
     const ImportRecord before = record;
+    DxfInParamBlock kept{};
     Attributes([&](HWND dialog) {
         Click(dialog, kArrowTableRadio);
         Click(dialog, kKeepSettingsCheck);
@@ -154,9 +156,11 @@ TEST_F(ImportAttributes, KeepsTheSettingsWhereItIsWanted) {
         EXPECT_EQ(dialog, Settle());
         EXPECT_TRUE(before == record);
         std::filesystem::remove(obstacle);
+        EXPECT_EQ(0, DxfInWriteParam());
+        EXPECT_EQ(0, DxfInReadParam(&kept));
+        EXPECT_EQ(0, kept.arrowConversion);  // the next import's are those before
         Click(dialog, IDOK);
     });
-    DxfInParamBlock kept{};
     ASSERT_EQ(0, DxfInReadParam(&kept));
     EXPECT_EQ(2, kept.arrowConversion);
     EXPECT_EQ(0, std::memcmp(&record.params, &kept, sizeof kept));
@@ -294,6 +298,11 @@ TEST_F(ImportAttributes, LayerTableIsSavedAsTheUserSays) {
             WriteTable(kLayerFile, "LAYER-SWITCH  1\n");
             OpenLayers(dialog, [&](HWND hub) {
                 if (change == kLayersToClassesRadio) Click(hub, change);
+                for (const int edit : {kLayerRevisionButton, kColorClassButton}) {  // looked at, and left
+                    if (change) break;
+                    Click(hub, edit);
+                    Click(Settle(), IDCANCEL);
+                }
                 if (change == kLayerRevisionButton || change == kColorClassButton) Edit(hub, change);
                 Click(hub, button);
                 if (!question.empty()) Expect(caption, question, MB_ICONQUESTION, answer);
@@ -354,7 +363,11 @@ TEST_F(ImportAttributes, LineTableConvertsColorsOrWidths) {
         expect(hub, false, false, true);
         Click(hub, kColorsOnRadio);
         expect(hub, false, true, false);
+        Click(hub, kWidthsOffRadio);  // off already: the other stays on
+        expect(hub, false, true, false);
         Click(hub, kWidthsOnRadio);
+        expect(hub, false, false, true);
+        Click(hub, kColorsOffRadio);
         expect(hub, false, false, true);
         Click(hub, kWidthsOffRadio);
         expect(hub, false, false, false);
@@ -376,6 +389,11 @@ TEST_F(ImportAttributes, LineTableConvertsColorsOrWidths) {
         }
         hub = open(dialog, kLineTypeChangeButton);
         expect(hub, true, true, false);
+        for (const int radio : {kPolylinesOffRadio, kColorsOffRadio}) Click(hub, radio);
+        Click(hub, IDOK);
+        Answer(ReadBox(), IDYES);
+        hub = open(dialog, kLineTypeChangeButton);
+        expect(hub, false, false, false);
         std::filesystem::remove(home / file);
         std::filesystem::create_directory(home / file);
         Click(hub, IDOK);

@@ -152,6 +152,8 @@ TEST_F(ImportEditors, ColumnsOfferWhatTheyTake) {
         Edit(layout.editor, false, [&](HWND dialog, const Grid& grid) {
             EXPECT_EQ(layout.rows, grid.Rows());
             EXPECT_EQ(layout.start, Row(grid, layout.row));
+            const LRESULT style = LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT;
+            EXPECT_EQ(style, Send(grid.List(), LVM_GETEXTENDEDLISTVIEWSTYLE) & style);
             double shares = 0;
             int all = 0, index = 0;
             for (const Column& column : layout.columns) {
@@ -188,9 +190,14 @@ class ImportEditorChecks : public ImportEditors {
                     continue;
                 }
                 const GridPlace marked = entry.marked.row < 0 ? GridPlace{entry.row, entry.column} : entry.marked;
+                if (entry.marked.row >= 0) {
+                    grid.Click(entry.row ? 0 : 1, 0);
+                    EXPECT_TRUE(IsMarked(grid, marked)) << "found elsewhere, and not drawn there";
+                }
                 ExpectRefusal(editor, dialog, marked, entry.message);
                 Change(grid, entry.row, entry.column, before);
                 grid.Click(entry.row ? 0 : 1, 0);
+                EXPECT_FALSE(IsMarked(grid, marked));
                 EXPECT_FALSE(IsGuidanceError(dialog)) << testing::PrintToString(Guidance(dialog));
             }
             Click(dialog, IDOK);  // all is right again
@@ -321,4 +328,58 @@ TEST_F(ImportEditorChecks, Arrows) {
                                 {4, 4, L"1e3", L"無効なサイズです 5 : 1e3"},
                                 {4, 4, L"300"},
                                 {4, 4, L"0.1"}});
+}
+
+TEST_F(ImportEditors, NamesThatTheFileCannotGiveBackAreRefused) {
+    const struct {
+        const Editor& editor;
+        const char* before;
+        std::size_t longest;
+        const char* behind;
+        int row;
+        std::wstring message;
+    } cases[] = {
+        {kClassEditor, "LAYER ", 68, "=1\n", 1, L"レイヤ名が長すぎます（半角68文字以内） 2 : "},
+        {kRevisionEditor, "LAYER-REVISION ", 58, "=1\n", 1, L"レイヤ名が長すぎます（半角58文字以内） 2 : "},
+        {kLineTypeEditor, "LINE-TYPE ", 107, "=1,1\n", 0, L"線種名が長すぎます（半角107文字以内） 1 : "},
+        {kFontEditor, "STYLE=", 45, ",1.1875,0,1,0.2,1.4,1,1,0.95,0.75\n", 4,
+         L"書体名が長すぎます（半角45文字以内） 5 : "},
+        {kArrowEditor, "ARROW ", 51, "=1,0,300\n", 4, L"矢印名が長すぎます（半角51文字以内） 5 : "},
+    };
+    for (const auto& name : cases) {
+        WriteTable(name.editor.file, name.before + std::string(name.longest + 1, 'x') + name.behind + name.before +
+                                         std::string(name.longest, 'y') + name.behind);
+        Edit(name.editor, true, [&](HWND dialog, const Grid& grid) {
+            ExpectRefusal(name.editor, dialog, {name.row, 1}, name.message + std::wstring(name.longest + 1, L'x'));
+            grid.Write(L"短い名前");
+            Click(dialog, IDOK);
+        });
+    }
+}
+
+TEST_F(ImportEditors, MarksAndMessagesFollowTheText) {
+    Edit(kColorRevisionEditor, false, [&](HWND dialog, const Grid& grid) {
+        EXPECT_EQ((GridPlace{0, 1}), grid.Current());
+        grid.Keys(L"999");
+        Key(VK_TAB);  // the next cell opens, and the message stays to be read
+        EXPECT_TRUE(grid.IsOpen());
+        ExpectError(dialog, L"無効なレビジョン番号です（1～256） 1 : 999");
+        Key(VK_ESCAPE);
+        ExpectError(dialog, L"無効なレビジョン番号です（1～256） 1 : 999");
+        EXPECT_TRUE(IsMarked(grid, {0, 1}));
+        Change(grid, 254, 1, L"0");
+        Change(grid, 0, 1, L"7");
+        grid.Click(3, 1);
+        EXPECT_FALSE(IsMarked(grid, {0, 1}));
+        EXPECT_NE(grid.Pixel(0, 1, 4, 4), grid.Pixel(0, 0, 4, 4)) << "numbers that cannot be edited are grey";
+        ExpectError(dialog, L"無効なレビジョン番号です（1～256） 255 : 0");
+        Change(grid, 254, 1, L"8");  // in the last row Enter goes nowhere
+        EXPECT_FALSE(IsMarked(grid, {254, 1}));
+        grid.Keys(L" ");  // starts no text
+        EXPECT_FALSE(grid.IsOpen());
+        EXPECT_EQ(L"8", grid.Cell(254, 1));
+        Key(VK_APPS);  // nor a menu: the rows are given
+        EXPECT_FALSE(IsMenuOpen());
+        Click(dialog, IDOK);
+    });
 }

@@ -109,7 +109,14 @@ TEST_F(ImportEditors, RowsAreAddedInsertedAndDeletedWhereTheyMay) {
             grid.Click(4, 0);
             Command(kInsert);
             EXPECT_EQ((GridPlace{4, 1}), grid.Current());  // where it lacks its name
-            Command(kDelete);                              // the row that came
+            grid.Click(4, 0);
+            EXPECT_FALSE(IsGuidanceError(dialog)) << "checked while its row is being filled";
+            for (const int row : {0, 4}) {
+                grid.Click(row, 0);
+                EXPECT_TRUE(IsGuidanceError(dialog)) << row;
+            }
+            Command(kDelete);  // the row that came, and its message
+            EXPECT_FALSE(IsGuidanceError(dialog));
             EXPECT_EQ(last, AllRows(grid));
             Click(dialog, IDOK);
         });
@@ -134,7 +141,8 @@ TEST_F(ImportEditors, PolylineRangesMeet) {
         grid.Click(1, 2);
         Key(VK_F2);
         EXPECT_FALSE(grid.IsOpen());  // the end of the last range has no weight
-        Command(kAdd);                // above it
+        grid.Click(0, 0);
+        Command(kAdd);  // above it, whichever row is the current one
         EXPECT_EQ((Cells{L"2", L"", L"1"}), Row(grid, 1));
         EXPECT_EQ((Cells{L"3", L"999", L""}), Row(grid, 2));
         Change(grid, 1, 1, L"0.5");
@@ -153,8 +161,11 @@ TEST_F(ImportEditors, PolylineRangesMeet) {
     EXPECT_NE(std::string::npos, Bytes(kLineFile).find("POLWIDTH-SWITCH  1\r\n"));
     Edit(kPolylineEditor, true, [&](HWND dialog, const Grid& grid) {
         ASSERT_EQ(3, grid.Rows());
+        Change(grid, 1, 2, L"0");
         grid.Click(2, 0);
+        EXPECT_TRUE(IsMarked(grid, {1, 2}));
         Command(kDelete);  // the range before it ends the table now
+        EXPECT_FALSE(IsMarked(grid, {1, 2}));
         EXPECT_EQ((Cells{L"2", L"0.5", L""}), Row(grid, 1));
         grid.Click(0, 0);
         Command(kInsert);
@@ -173,13 +184,17 @@ TEST_F(ImportEditors, NumbersAreWrittenAsTheyAreShown) {
         grid.Choose(0);
         EXPECT_EQ(L"横", grid.Cell(4, 2));
         Change(grid, 4, 5, L" 0.75 ");  // blanks around a number do not count
+        Change(grid, 4, 7, L"0.9");
+        Command(kInsert);
+        Command(kDelete);
         Click(dialog, IDOK);
     });
-    // What is not shown stays.
-    EXPECT_NE(std::string::npos,
-              Bytes(kFontEditor.file).find("STYLE = 図面, 1.25, 0, 1, 0.3, 1.75, 7, 3, 1.1, 0.8\r\n"))
-        << Bytes(kFontEditor.file);
+    // What is not shown stays with its row.
+    for (const char* style :
+         {"STYLE = 図面, 1.25, 0, 1, 0.3, 1.75, 7, 3, 1.1, 0.9\r\n", "STYLE = TBIGFONT, 1.1875, 2, "})
+        EXPECT_NE(std::string::npos, Bytes(kFontEditor.file).find(style)) << Bytes(kFontEditor.file);
     Edit(kArrowEditor, true, [&](HWND dialog, const Grid& grid) {
+        EXPECT_EQ(RGB(0xFF, 0xFF, 0xFF), grid.Pixel(1, 1, 4, 4));  // no cell to type in, and yet white
         Change(grid, 0, 4, L"2.5");
         Change(grid, 1, 4, L"0.235");
         grid.Click(0, 3);
@@ -197,11 +212,20 @@ TEST_F(ImportEditors, NumbersAreWrittenAsTheyAreShown) {
         Click(dialog, IDOK);
     });
     EXPECT_NE(std::string::npos, Bytes(kLineFile).find("LINE-WIDTH  2.11 = 16\r\n"));
-    Edit(kColorWidthEditor, true, [&](HWND dialog, const Grid& grid) {
-        Change(grid, 0, 1, L"9");
-        Click(dialog, IDOK);
-    });
-    EXPECT_NE(std::string::npos, Bytes(kLineFile).find("COLOR  1 = 9\r\n")) << Bytes(kLineFile);
+    const struct {
+        const Editor& editor;
+        const char *first, *last;
+    } colors[] = {{kColorWidthEditor, "COLOR  1 = 9\r\n", "COLOR  255 = 9\r\n"},
+                  {kColorRevisionEditor, "COLOR-REVISION   1 =   9\r\n", "COLOR-REVISION 255 =   9\r\n"},
+                  {kColorClassEditor, "COLOR-CLASS   1 =   9\r\n", "COLOR-CLASS 255 =   9\r\n"}};
+    for (const auto& color : colors) {
+        Edit(color.editor, true, [&](HWND dialog, const Grid& grid) {
+            for (const int row : {0, 254}) Change(grid, row, 1, L"9");
+            Click(dialog, IDOK);
+        });
+        for (const char* line : {color.first, color.last})
+            EXPECT_NE(std::string::npos, Bytes(color.editor.file).find(line)) << line << Bytes(color.editor.file);
+    }
 }
 
 // Confirming an editor changes nothing that its grid does not show, nor what it shows.
@@ -260,6 +284,8 @@ TEST_F(ImportEditors, FullTablesTakeNoMore) {
         {kArrowEditor, 256, [](int i) { return "ARROW A" + std::to_string(i) + " = 1,0,300\n"; }, 252},
         {kPolylineEditor, 50,
          [](int i) { return "WIDTH " + std::to_string(i) + "," + std::to_string(i + 1) + " = 1\n"; }, 49},
+        {kPolylineEditor, 51,
+         [](int i) { return "WIDTH " + std::to_string(i) + "," + std::to_string(i + 1) + " = 1\n"; }, 50},
     };
     for (const auto& full : cases) {
         SCOPED_TRACE(testing::PrintToString(std::wstring(full.editor.title)));
@@ -312,8 +338,10 @@ TEST_F(ImportEditors, FilesThatChangeOrVanishMeanwhile) {
         for (const bool vanishes : {false, true}) {
             WriteTable(editor->file, "");
             Edit(*editor, true, [&](HWND dialog, const Grid& grid) {
+                const bool blocked = vanishes && !editor->edit;  // by a folder of the file's name
                 if (vanishes) {
                     std::filesystem::remove_all(home / kTables);
+                    if (blocked) std::filesystem::create_directories(TableFile(editor->file));
                 } else {
                     WriteTable(editor->file, "別の内容\n");
                 }
@@ -322,12 +350,11 @@ TEST_F(ImportEditors, FilesThatChangeOrVanishMeanwhile) {
                 Command(kAdd);
                 Change(grid, grid.Rows() - 1, 1, L"新規");
                 Click(dialog, IDOK);
-                if (IsBox(Settle())) {
-                    // The folder is gone as well: told, and nothing is lost as long as the dialog is open.
-                    EXPECT_TRUE(vanishes);
+                if (blocked) {
+                    // Told, and nothing is lost as long as the dialog is open.
                     Answer(ReadBox(), IDOK);
                     ASSERT_EQ(dialog, Settle());
-                    WriteTable(editor->file, "");
+                    std::filesystem::remove(TableFile(editor->file));
                     Click(dialog, IDOK);
                 }
             });
@@ -342,6 +369,10 @@ TEST_F(ImportEditors, TheKeyboardAloneSuffices) {
     Edit(kClassEditor, true, [&](HWND dialog, const Grid& grid) {
         EXPECT_EQ(kGrid, FocusId());
         EXPECT_EQ((GridPlace{0, 2}), grid.Current());  // its name stays
+        Key(VK_APPS);
+        EXPECT_EQ(grid.Area(0, 2).left, MenuPlace(grid).x);
+        EXPECT_EQ(grid.Area(0, 2).bottom, MenuPlace(grid).y);
+        CancelMenu();
         Command(kAdd);
         grid.Keys(L"柱");
         Key(VK_TAB);  // to its number
@@ -373,71 +404,35 @@ TEST_F(ImportEditors, TheKeyboardAloneSuffices) {
     EXPECT_NE(std::string::npos, Bytes(kLayerFile).find("LAYER 柱 = 30\r\n"));
 }
 
-TEST_F(ImportEditors, NamesThatTheFileCannotGiveBackAreRefused) {
-    const struct {
-        const Editor& editor;
-        const char* before;
-        std::size_t longest;
-        const char* behind;
-        int row;
-        std::wstring message;
-    } cases[] = {
-        {kClassEditor, "LAYER ", 68, "=1\n", 1, L"レイヤ名が長すぎます（半角68文字以内） 2 : "},
-        {kRevisionEditor, "LAYER-REVISION ", 58, "=1\n", 1, L"レイヤ名が長すぎます（半角58文字以内） 2 : "},
-        {kFontEditor, "STYLE=", 45, ",1.1875,0,1,0.2,1.4,1,1,0.95,0.75\n", 4,
-         L"書体名が長すぎます（半角45文字以内） 5 : "},
-        {kArrowEditor, "ARROW ", 51, "=1,0,300\n", 4, L"矢印名が長すぎます（半角51文字以内） 5 : "},
-    };
-    for (const auto& name : cases) {
-        WriteTable(name.editor.file, name.before + std::string(name.longest + 1, 'x') + name.behind);
-        Edit(name.editor, true, [&](HWND dialog, const Grid& grid) {
-            ExpectRefusal(name.editor, dialog, {name.row, 1}, name.message + std::wstring(name.longest + 1, L'x'));
-            grid.Write(L"短い名前");
-            Click(dialog, IDOK);
-        });
-    }
-}
-
-TEST_F(ImportEditors, MarksAndMessagesFollowTheText) {
-    const auto isMarked = [](const Grid& grid, int row, int column) {
-        return grid.Pixel(row, column, 4, 4) == RGB(0xFF, 0xE0, 0xE0);
-    };
-    Edit(kColorRevisionEditor, false, [&](HWND dialog, const Grid& grid) {
-        EXPECT_EQ((GridPlace{0, 1}), grid.Current());
-        grid.Keys(L"999");
-        Key(VK_TAB);  // the next cell opens, and the message stays to be read
-        EXPECT_TRUE(grid.IsOpen());
-        ExpectError(dialog, L"無効なレビジョン番号です（1～256） 1 : 999");
-        Key(VK_ESCAPE);
-        ExpectError(dialog, L"無効なレビジョン番号です（1～256） 1 : 999");
-        EXPECT_TRUE(isMarked(grid, 0, 1));
-        Change(grid, 254, 1, L"0");
-        Change(grid, 0, 1, L"7");
-        grid.Click(3, 1);
-        EXPECT_FALSE(isMarked(grid, 0, 1));
-        ExpectError(dialog, L"無効なレビジョン番号です（1～256） 255 : 0");
-        Change(grid, 254, 1, L"8");  // in the last row Enter goes nowhere
-        EXPECT_FALSE(isMarked(grid, 254, 1));
-        grid.Keys(L" ");  // starts no text
-        EXPECT_FALSE(grid.IsOpen());
-        EXPECT_EQ(L"8", grid.Cell(254, 1));
-        Click(dialog, IDOK);
-    });
-}
-
 // The mouse goes from an open cell to the buttons and to the row menu.
 TEST_F(ImportEditors, AnOpenCellCountsWhereverTheUserGoes) {
+    const std::wstring unknown = L"\xE9";
     for (const bool menu : {false, true}) {
         WriteTable(kFontEditor.file, "");
         Edit(kFontEditor, true, [&](HWND dialog, const Grid& grid) {
             grid.Click(0, 3);
             grid.Keys(L"2.5");
+            grid.SetText(unknown);  // no text for a table: the cell stays open whatever the user presses
+            for (const int button : {kExplainButton, IDOK}) {
+                Click(dialog, button);
+                ASSERT_EQ(dialog, Settle());
+                EXPECT_EQ(unknown, grid.Typed());
+            }
+            grid.RightClick(3, 0);
+            EXPECT_FALSE(IsMenuOpen());
+            grid.SetText(L"2.5");
             if (menu) {
                 grid.RightClick(3, 0);
-                OpenMenu();
+                const RECT cell = grid.Area(3, 0);
+                EXPECT_TRUE(PtInRect(&cell, MenuPlace(grid)));
                 PickMenu(kAdd);
                 EXPECT_EQ(L"2.5", grid.Cell(0, 3));
                 Command(kDelete);
+            } else {
+                Click(dialog, kExplainButton);
+                EXPECT_EQ(L"パラメータの説明", Text(Settle()));
+                Click(Settle(), IDOK);
+                EXPECT_EQ(L"2.5", grid.Cell(0, 3));
             }
             Click(dialog, IDOK);
         });
