@@ -53,6 +53,7 @@ void KrListControlImpl::InitList(KrWindow dialog, int listId, int columns, int r
                                                      : GridRows::Marks::kNone);
         current_ = clicked_ = {};
         MakeColumns();
+        Measure();  // the header has its height by now
         RowsChanged();
     });
 }

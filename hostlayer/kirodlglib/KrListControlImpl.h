@@ -92,6 +92,7 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost {
     bool Attach(HWND dialog, HWND list);
     void MakeColumns();
     int RowHeight() const;
+    int RoomForRows() const;
     void Measure();
     void RowsChanged();
     int WidthForColumns() const;

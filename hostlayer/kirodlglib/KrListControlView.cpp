@@ -35,7 +35,6 @@ bool KrListControlImpl::Attach(HWND dialog, HWND list) {
     SetWindowLongPtrW(list, GWL_STYLE, GetWindowLongPtrW(list, GWL_STYLE) | WS_CLIPCHILDREN);
     Send(LVM_SETUNICODEFORMAT, TRUE);
     SetExtendedStyle(LVS_EX_FULLROWSELECT);  // or a click would count in the first column only
-    Measure();
     return true;
 }
 
@@ -76,7 +75,20 @@ int KrListControlImpl::RowHeight() const {
     GetTextMetricsW(dc, &metric);
     SelectObject(dc, font);
     ReleaseDC(list_, dc);
-    return metric.tmHeight + Scaled(list_, kRowMargin);
+    // A little more, so that the last row that fits ends where the list view does.
+    const int least = metric.tmHeight + Scaled(list_, kRowMargin);
+    const int room = RoomForRows();
+    return room > least ? room / (room / least) : least;
+}
+
+// The height inside the list view below the header, without a horizontal scroll bar.
+int KrListControlImpl::RoomForRows() const {
+    RECT client{};
+    GetClientRect(list_, &client);
+    if (GetWindowLongPtrW(list_, GWL_STYLE) & WS_HSCROLL) client.bottom += GetSystemMetrics(SM_CYHSCROLL);
+    RECT header{};
+    if (const auto window = reinterpret_cast<HWND>(Send(LVM_GETHEADER))) GetWindowRect(window, &header);
+    return client.bottom - (header.bottom - header.top);
 }
 
 // The room inside the list view, less a vertical scroll bar when the rows need one.
@@ -85,13 +97,9 @@ int KrListControlImpl::WidthForColumns() const {
     GetClientRect(list_, &client);
     const auto style = GetWindowLongPtrW(list_, GWL_STYLE);
     if (style & WS_VSCROLL) client.right += GetSystemMetrics(SM_CXVSCROLL);
-    if (style & WS_HSCROLL) client.bottom += GetSystemMetrics(SM_CYHSCROLL);
-    RECT header{};
-    if (const auto window = reinterpret_cast<HWND>(Send(LVM_GETHEADER))) GetWindowRect(window, &header);
     const RECT first = RowRect(0);
     const int height = first.bottom > first.top ? static_cast<int>(first.bottom - first.top) : RowHeight();
-    const int room = client.bottom - (header.bottom - header.top);
-    return client.right - (rows_.Rows() > room / height ? GetSystemMetrics(SM_CXVSCROLL) : 0);
+    return client.right - (rows_.Rows() > RoomForRows() / height ? GetSystemMetrics(SM_CXVSCROLL) : 0);
 }
 
 // Every column gets its share; the ends are rounded, not the widths, so that no pixel is left over.
