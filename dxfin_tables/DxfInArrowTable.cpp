@@ -77,7 +77,7 @@ void ParseDxfInArrowTable(std::string_view file, DxfInArrowTable& table, TableLi
 }
 
 std::string FormatDxfInArrowTable(const DxfInArrowTable& table, const TableHeader& header) {
-    TableWriter out(header);
+    TableWriter out(header, kPiece);
     out.Add("/ Convert Arrow Head to Mark No.\n/\n");
     const std::int32_t count = std::min(table.arrowCount, kDxfInArrows);
     std::size_t longest = 0;

@@ -155,7 +155,7 @@ void ParseDxfInLayerTable(std::string_view file, const DxfInPalette& palette, Dx
 }
 
 std::string FormatDxfInLayerTable(const DxfInLayerTable& table, const TableHeader& header) {
-    TableWriter out(header);
+    TableWriter out(header, kPiece);
     out.Add("/ LAYER-SWITCH switch\n");
     out.Add("/              switch = 0 : Layer To Class\n");
     out.Add("/                     = 1 : Layer To Revision\n");

@@ -176,7 +176,7 @@ void ParseDxfInLineTable(std::string_view file, DxfInLineTable& table, TableList
 }
 
 std::string FormatDxfInLineTable(DxfInLineTable& table, const TableHeader& header) {
-    TableWriter out(header);
+    TableWriter out(header, kPiece);
     out.Add("/ Convert Line Type to Line Font No.\n/\n");
     for (std::int32_t i = 0; i < kDxfInLineTypes; ++i) {
         const std::string_view name = SlotText(table.lineTypeName[i]);

@@ -193,7 +193,7 @@ void ParseDxfInStyleTable(std::string_view file, DxfInStyleTable& table, TableLi
 }
 
 std::string FormatDxfInStyleTable(const DxfInStyleTable& table, const TableHeader& header) {
-    TableWriter out(header);
+    TableWriter out(header, kPiece);
     out.Add("/ Convert Text Font Style to Text Font No.\n/\n");
     for (std::int32_t i = 0; i < std::min(table.styleCount, kDxfInStyles); ++i) {
         const std::string_view name = SlotText(table.styleName[i]);

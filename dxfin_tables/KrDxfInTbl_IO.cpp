@@ -30,33 +30,24 @@ void FetchPalette(DxfInPalette& palette) {
 
 }  // namespace
 
-// The caller's table changes in one step, when everything is read.
-template <class Table, class Parse>
-void KrDxfInTbl_IO::Read(Table& table, const std::string& path, bool read, const TableWording& wording, Parse parse) {
-    const auto copy = std::make_unique<Table>(table);
-    ReadTable(path, read, wording,
-              [&](std::string_view bytes, TableListing& listing) { parse(bytes, *copy, listing); });
-    table = *copy;
-}
-
 void KrDxfInTbl_IO::ReadLayerTable(DxfInLayerTable& table) {
-    Read(table, PathOf(SlotText(table.fileName)), table.noFileRead == 0, kLayerWording,
-         [](std::string_view bytes, DxfInLayerTable& copy, TableListing& listing) {
-             FetchPalette(copy.colorRgb);
-             ParseDxfInLayerTable(bytes, copy.colorRgb, copy, listing);
-         });
+    ReadTable(table, PathOf(SlotText(table.fileName)), table.noFileRead == 0, kLayerWording,
+              [](std::string_view bytes, DxfInLayerTable& copy, TableListing& listing) {
+                  FetchPalette(copy.colorRgb);
+                  ParseDxfInLayerTable(bytes, copy.colorRgb, copy, listing);
+              });
 }
 
 void KrDxfInTbl_IO::ReadLineTable(DxfInLineTable& table) {
-    Read(table, PathOf(kLineFile), true, kLineWording, ParseDxfInLineTable);
+    ReadTable(table, PathOf(kLineFile), true, kLineWording, ParseDxfInLineTable);
 }
 
 void KrDxfInTbl_IO::ReadStyleTable(DxfInStyleTable& table) {
-    Read(table, PathOf(kStyleFile), true, kStyleWording, ParseDxfInStyleTable);
+    ReadTable(table, PathOf(kStyleFile), true, kStyleWording, ParseDxfInStyleTable);
 }
 
 void KrDxfInTbl_IO::ReadArrowTable(DxfInArrowTable& table) {
-    Read(table, PathOf(kArrowFile), true, kArrowWording, ParseDxfInArrowTable);
+    ReadTable(table, PathOf(kArrowFile), true, kArrowWording, ParseDxfInArrowTable);
 }
 
 bool KrDxfInTbl_IO::WriteLayerTable(const DxfInLayerTable& table) {

@@ -33,6 +33,4 @@ class KrDxfInTbl_IO final : public TableIo {
     bool IsAllDigits(const std::string& text) const;
 
   private:
-    template <class Table, class Parse>
-    void Read(Table& table, const std::string& path, bool read, const TableWording& wording, Parse parse);
 };

@@ -56,7 +56,7 @@ void ParseDxfOutArrowTable(std::string_view file, DxfOutArrowCheck checkArrow, D
 }
 
 std::string FormatDxfOutArrowTable(const DxfOutArrowTable& table, const TableHeader& header) {
-    TableWriter out(header);
+    TableWriter out(header, kPiece);
     out.Add("/ Convert Mark to Arrow\n/\n");
     for (std::int32_t i = 0; i < std::min(table.arrowCount, kDxfOutArrows); ++i) {
         const DxfOutArrowTable::Arrow& arrow = table.arrows[i];

@@ -137,7 +137,7 @@ void ParseDxfOutLayerTable(std::string_view file, DxfOutLayerTable& table, Table
 }
 
 std::string FormatDxfOutLayerTable(const DxfOutLayerTable& table, const TableHeader& header) {
-    TableWriter out(header);
+    TableWriter out(header, kPiece);
     out.Add("/ Convert Picture to Layer\n/\n");
     out.Add("PICTURE_OFF  %d\n/\n", table.pictureOff);
     if (table.layerControl == kLayerControlClass) out.Add("LAYER_CONTROL  CLASS\n");

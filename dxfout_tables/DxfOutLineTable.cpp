@@ -79,6 +79,7 @@ Reading LineReader::WidthType(FieldText& fields) {
     return Reading::kGoOn;
 }
 
+// A width below nothing, or one whose hundredths no integer holds, is no form of it.
 Reading LineReader::LineWidth(FieldText& fields) {
     constexpr double kLargest = std::numeric_limits<std::int32_t>::max() / 100;
     const auto parts = fields.Cut("=");
@@ -132,7 +133,7 @@ Reading LineReader::Pitch(FieldText& fields) {
     if (!parts) return Refuse(kForm);
     Pattern read = {};
     std::string_view rest = fields.Rest();  // the one that ends the last value is the first blank
-    bool more = !rest.starts_with(' ');
+    bool more = !rest.starts_with(' ');     // a pattern without pitches
     while (more && read.pitchCount < kDxfOutPitches) {
         const std::size_t end = rest.find_first_of(", ");
         const auto value = ReadReal(rest.substr(0, end));
@@ -190,8 +191,8 @@ void LineReader::SetWeight(std::int32_t weight, double width, std::int32_t color
     if (table_.weightWidth[weight - 1] == 0) table_.weightWidth[weight - 1] = width;
 }
 
-// The pattern of that name, a new one if need be; null when the table is full. The first record that is about a pattern
-// takes the place of the default patterns.
+// The pattern of that name, a new one if need be; null when the table is full. The first valid record that is about a
+// pattern takes the place of the default patterns; a faulty one is skipped and leaves them.
 Pattern* LineReader::FindPattern(std::string_view name, std::string_view newComment) {
     if (std::exchange(defaultPatterns_, false)) {
         std::fill_n(table_.patterns, table_.patternCount, Pattern());
@@ -249,7 +250,7 @@ void ParseDxfOutLineTable(std::string_view file, DxfOutLineTable& table, TableLi
 }
 
 std::string FormatDxfOutLineTable(const DxfOutLineTable& table, const TableHeader& header) {
-    TableWriter out(header);
+    TableWriter out(header, kPiece);
     out.Add("/ Line Width Type\n/\nWIDTH-TYPE  %d\n/\n", table.widthType);
     out.Add("/ Convert Line Weight to Line Width\n/\n");
     for (std::int32_t i = 0; i <= kDxfOutWeights; ++i)

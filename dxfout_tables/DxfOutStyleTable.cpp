@@ -72,6 +72,7 @@ Reading StyleReader::TwoToOne(FieldText& fields) {
     return Reading::kGoOn;
 }
 
+// An empty field is -1 for both: a style without the value is written with an empty field, and comes back without it.
 std::int16_t FlagWithin(std::string_view text, std::int32_t low, std::int32_t high) {
     return static_cast<std::int16_t>(text.empty() ? -1 : ReadInteger(text, low, high).value_or(-1));
 }
@@ -164,7 +165,7 @@ void ParseDxfOutStyleTable(std::string_view file, std::int32_t outputVersion, Dx
 }
 
 std::string FormatDxfOutStyleTable(const DxfOutStyleTable& table, const TableHeader& header) {
-    TableWriter out(header);
+    TableWriter out(header, kPiece);
     out.Add("/ Convert Text Font to Text Style\n/\n");
     for (const Style& style : table.styles) {
         const std::string_view name = SlotText(style.styleName);

@@ -32,40 +32,33 @@ OwnedUtility::OwnedUtility(HWND owner) : owned_(KrCreateUtility()) {
     owned_->SetParentWindow(owner);
 }
 
-// Each caller's table changes in one step, when everything is read.
-
 void KrDxfOutTbl_IO::ReadLayerTable(DxfOutLayerTable* table) {
-    const auto copy = std::make_unique<DxfOutLayerTable>(*table);
-    ReadTable(PathOf(SlotText(copy->fileName)), copy->noFileRead == 0, kLayerWording,
-              [&](std::string_view bytes, TableListing& listing) { ParseDxfOutLayerTable(bytes, *copy, listing); });
-    *table = *copy;
+    ReadTable(*table, PathOf(SlotText(table->fileName)), table->noFileRead == 0, kLayerWording, ParseDxfOutLayerTable);
 }
 
 void KrDxfOutTbl_IO::ReadLineTable(DxfOutLineTable* table) {
-    const auto copy = std::make_unique<DxfOutLineTable>(*table);
     StandardOutput output;
-    ReadTable(PathOf(kLineFile), true, kLineWording, [&](std::string_view bytes, TableListing& listing) {
-        ParseDxfOutLineTable(bytes, *copy, listing, output);
-    });
-    *table = *copy;
+    ReadTable(*table, PathOf(kLineFile), true, kLineWording,
+              [&](std::string_view bytes, DxfOutLineTable& copy, TableListing& listing) {
+                  ParseDxfOutLineTable(bytes, copy, listing, output);
+              });
 }
 
 void KrDxfOutTbl_IO::ReadStyleTable(const TARNAINFO* info, DxfOutStyleTable* table) {
-    const auto copy = std::make_unique<DxfOutStyleTable>(*table);
     const DxfOutParamBlock* params = info->output.exportParams;
-    ReadTable(PathOf(kStyleFile), true, kStyleWording, [&](std::string_view bytes, TableListing& listing) {
-        ParseDxfOutStyleTable(bytes, params ? params->outputVersion : 0, *copy, listing);
-    });
-    *table = *copy;
+    ReadTable(*table, PathOf(kStyleFile), true, kStyleWording,
+              [&](std::string_view bytes, DxfOutStyleTable& copy, TableListing& listing) {
+                  ParseDxfOutStyleTable(bytes, params ? params->outputVersion : 0, copy, listing);
+              });
 }
 
 void KrDxfOutTbl_IO::ReadArrowTable(DxfOutArrowTable* table) {
-    const auto copy = std::make_unique<DxfOutArrowTable>(*table);
-    if (ReadTable(PathOf(kArrowFile), true, kArrowWording, [&](std::string_view bytes, TableListing& listing) {
-            ParseDxfOutArrowTable(bytes, dxfotCheckArrow, *copy, listing);
-        })) {
-        *table = *copy;
-    }
+    ReadTable(
+        *table, PathOf(kArrowFile), true, kArrowWording,
+        [](std::string_view bytes, DxfOutArrowTable& copy, TableListing& listing) {
+            ParseDxfOutArrowTable(bytes, dxfotCheckArrow, copy, listing);
+        },
+        Missing::kChangesNothing);
 }
 
 bool KrDxfOutTbl_IO::WriteLayerTable(const DxfOutLayerTable* table) {

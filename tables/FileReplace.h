@@ -16,7 +16,7 @@ std::optional<std::string> ReadWholeFile(const SystemPath& path);
 // Puts the bytes in the file's place in one step: they are written into a file beside it ("~" and its name), flushed to
 // the medium and renamed over it. At every instant, also when the program or the machine stops, the old file or the new
 // one is there, whole. False, and the old file is untouched, when that cannot be done: no room, no right, a read-only
-// file or a folder of that name, or another program doing the same at this moment. A link is followed.
+// file or a folder of that name, or another program doing the same at this moment. On POSIX systems a link is followed.
 bool ReplaceWholeFile(const SystemPath& path, std::string_view bytes);
 
 // "\n" becomes CR LF: what a file has that is written in text mode. Tables have it on every system, because the host

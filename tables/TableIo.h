@@ -33,20 +33,23 @@ class TableIo : private ListingSink {
     TableIo(KrUtility& utility, HWND owner) : utility_(utility), owner_(owner) {}
     ~TableIo() = default;
 
-    // Reads a file with parse(bytes, listing) while the error list is open; a file that cannot be opened has no bytes
-    // and is no error. Tells the user when there were errors. read false: the file is not opened. The result: whether
-    // it was.
-    template <class Parse>
-    bool ReadTable(const std::string& path, bool read, const TableWording& wording, Parse parse) {
+    // Reads a file over a copy of the table with parse(bytes, copy, listing) while the error list is open; a file that
+    // cannot be opened has no bytes and is no error. The table changes in one step, when everything is read; then the
+    // user is told of errors. read false: the file is not opened.
+    enum class Missing { kGivesDefaults, kChangesNothing };
+    template <class Table, class Parse>
+    void ReadTable(Table& table, const std::string& path, bool read, const TableWording& wording, Parse parse,
+                   Missing missing = Missing::kGivesDefaults) {
+        const auto copy = std::make_unique<Table>(table);
         OpenErrorList();
         TableListing listing(*this);
         listing.FileName(path);
         std::string bytes;
         const bool opened = read && ReadBytes(path, bytes);
-        parse(std::string_view(bytes), listing);
+        parse(std::string_view(bytes), *copy, listing);
         CloseErrorList();
+        if (opened || missing == Missing::kGivesDefaults) table = *copy;
         if (listing.HasErrors()) TellOfErrors(path, wording);
-        return opened;
     }
     // Replaces the file in one step; tells the user when that cannot be done. text: lines end with "\n".
     bool WriteTable(const std::string& path, std::string_view text, const TableWording& wording);

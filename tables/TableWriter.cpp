@@ -1,7 +1,10 @@
 #include "tables/TableWriter.h"
 
-TableWriter::TableWriter(const TableHeader& header) {
-    Add("/ File name : %s\n", header.path);
+#include "tables/SlotText.h"
+
+TableWriter::TableWriter(const TableHeader& header, std::size_t piece) {
+    constexpr std::size_t kAround = std::string_view("/ File name : \n").size();
+    Add("/ File name : %s\n", CutAtCharacter(header.path, piece - kAround));
     Add("/      Date : %s\n", header.date);
     Add("/\n");
 }

@@ -12,9 +12,11 @@ struct TableHeader {
 };
 
 // The text of a table file with its header and its end. Lines end with "\n": the file is written in text mode.
+// piece: how much of a line the table's reader takes at once. A path is cut to that, for its rest would be read as a
+// line of its own, and a bad one.
 class TableWriter {
   public:
-    explicit TableWriter(const TableHeader& header);
+    TableWriter(const TableHeader& header, std::size_t piece);
     template <class... Values>
     void Add(std::string_view format, const Values&... values) {
         AppendFormat(text_, format, {FormatArgument(values)...});

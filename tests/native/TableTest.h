@@ -52,6 +52,21 @@ Outcome<Table> Read(std::string_view file) {
     return outcome;
 }
 
+// A path that is longer than a line: what is left of it is no line of its own, and no half of a character.
+template <class Table, class Format>
+void ExpectPathFits(Format format, std::size_t piece) {
+    for (const char* folder : {"", "x"}) {
+        std::string path = folder;
+        while (path.size() < 300) path += "表";
+        const std::string text = format(*Read<Table>("").table, {path, kHeader.date});
+        EXPECT_FALSE(Read<Table>(text).errors) << text.substr(0, 300);
+        const std::size_t written = text.find('\n') - 14;
+        EXPECT_TRUE(written == piece - 15 || written == piece - 16) << written;
+        EXPECT_EQ(text.substr(14, written), path.substr(0, written));
+        EXPECT_EQ((piece - 15 - path.find("表")) % 2, piece - 15 - written);
+    }
+}
+
 // Records with ";" between them, and the error that each is to have under it in the listing.
 struct Lines {
     std::string texts;

@@ -401,4 +401,12 @@ TEST_F(RandomTable, OfLines) {
     }
 }
 
+TEST(LongPaths, AreCutToTheirLine) {
+    ExpectPathFits<Layers>(FormatDxfOutLayerTable, 127);
+    ExpectPathFits<Fonts>(FormatDxfOutLineTable, 127);
+    EXPECT_EQ("", unknown.text);
+    ExpectPathFits<Styles>(FormatDxfOutStyleTable, 127);
+    ExpectPathFits<Arrows>(FormatDxfOutArrowTable, 256);
+}
+
 }  // namespace

@@ -397,6 +397,13 @@ bool ComesBack(std::size_t length, Fill fill) {
     return !again.errors && Format(*again.table) == text;
 }
 
+TEST(LongPaths, AreCutToTheirLine) {
+    ExpectPathFits<DxfInLayerTable>(FormatDxfInLayerTable, 256);
+    ExpectPathFits<DxfInLineTable>(FormatDxfInLineTable, 127);
+    ExpectPathFits<DxfInStyleTable>(FormatDxfInStyleTable, 127);
+    ExpectPathFits<DxfInArrowTable>(FormatDxfInArrowTable, 127);
+}
+
 TEST(LongestNames, AreTheLastThatComeBack) {
     const auto layer = [](DxfInLayerTable& t, const std::string& name) {
         t.layerClassCount = 1;

@@ -64,7 +64,7 @@ constexpr char kDiffFooter[] =
     "例:\n"
     "  kirotable diff DXFKIRO_LAYER DXFKIRO_LAYER.old\n"
     "\n"
-    "終了状態: 0 同じ、1 違う、2 読めない";
+    "終了状態: 0 同じ、1 違う、2 読めない、または種類が違う";
 
 std::string KindList() {
     std::string text = "種類 (KIND) と、種類の分かるファイル名:\n";
