@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "KrFileChooser.h"
+#include "KrGuarded.h"
 #include "KrMessages.h"
 #include "KrNumber.h"
 #include "KrPath.h"
@@ -19,24 +20,6 @@ namespace {
 
 constexpr char kFloppyKey[] = "#FLOPPY_WIN#";
 constexpr std::size_t kShownName = 80;  // of a file name in a message box
-
-// Nothing is thrown across the boundary; what fails for want of memory gives the failure value.
-template <class Result, class Body>
-Result Guarded(Result failure, Body body) noexcept {
-    try {
-        return body();
-    } catch (...) {
-        return failure;
-    }
-}
-
-template <class Body>
-void Guarded(Body body) noexcept {
-    try {
-        body();
-    } catch (...) {
-    }
-}
 
 const char* Text(const char* text) { return text ? text : ""; }
 
