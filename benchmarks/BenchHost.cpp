@@ -4,23 +4,10 @@
 #include <utility>
 
 #include "hostlayer/include/KiroHost.h"
+#include "tests/driver/BareDialog.h"
 #include "tests/driver/Driver.h"
 
 namespace {
-
-constexpr int kManifestId = 2;
-
-HANDLE MakeContext(HMODULE library) {
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(library, path, MAX_PATH);
-    ACTCTXW definition{};
-    definition.cbSize = sizeof definition;
-    definition.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
-    definition.hModule = library;
-    definition.lpSource = path;
-    definition.lpResourceName = MAKEINTRESOURCEW(kManifestId);
-    return CreateActCtxW(&definition);
-}
 
 // Message boxes send no WM_ENTERIDLE: they are answered when they become active.
 LRESULT CALLBACK AnswerBoxes(int code, WPARAM wParam, LPARAM lParam) {
@@ -33,7 +20,9 @@ LRESULT CALLBACK AnswerBoxes(int code, WPARAM wParam, LPARAM lParam) {
 }  // namespace
 
 BenchHost::BenchHost()
-    : library_(LoadLibraryW(L"kirovanteo.dll")), context_(MakeContext(library_)), owner_(MakeOwner()) {
+    : library_(LoadLibraryW(L"kirovanteo.dll")),
+      context_(kiro::drive::MakeStyleContext(library_)),
+      owner_(MakeOwner()) {
     wchar_t temp[MAX_PATH];
     GetTempPathW(MAX_PATH, temp);
     home_ = std::filesystem::path(temp) / (L"kirobench_" + std::to_wstring(GetCurrentProcessId()));
@@ -102,12 +91,5 @@ void BenchHost::Play(const std::function<void()>& call, const Work& work) {
 
 void BenchHost::OpenBare(int templateId, void (*fill)(HWND dialog)) const {
     const Style style(*this);
-    DialogBoxParamW(
-        library_, MAKEINTRESOURCEW(templateId), owner_,
-        [](HWND dialog, UINT message, WPARAM wParam, LPARAM filling) -> INT_PTR {
-            if (message == WM_INITDIALOG && filling) reinterpret_cast<void (*)(HWND)>(filling)(dialog);
-            if (message == WM_COMMAND && LOWORD(wParam) == IDCANCEL) EndDialog(dialog, IDCANCEL);
-            return message == WM_INITDIALOG;
-        },
-        reinterpret_cast<LPARAM>(fill));
+    kiro::drive::OpenBareDialog(library_, templateId, owner_, fill);
 }

@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::size_t kPiece = 127;
 constexpr std::int32_t kLargestFont = 63;
-constexpr std::int32_t kLargestWeight = 16;
 constexpr double kLargestWidth = 1000.0;
 
 constexpr std::string_view kBadFont = " ***** 無効な線種番号です (1-%d) *****\n";
@@ -86,8 +85,8 @@ Reading LineReader::LineType(FieldText& fields) {
     if (!parts) return Refuse(kLineTypeForm);
     const auto font = ReadInteger((*parts)[1], 1, kLargestFont);
     if (!font) return Refuse(kBadFont, kLargestFont);
-    const auto weight = ReadInteger((*parts)[2], 1, kLargestWeight);
-    if (!weight) return Refuse(kBadWeight, kLargestWeight);
+    const auto weight = ReadInteger((*parts)[2], 1, kDxfInLargestWeight);
+    if (!weight) return Refuse(kBadWeight, kDxfInLargestWeight);
     if (std::exchange(defaultTypes_, false)) ClearLineTypes(table_);
     if (table_.lineTypeCount >= kDxfInLineTypes) return Full(kLineTypesFull, kDxfInLineTypes);
     AddLineType(table_, (*parts)[0], *font, *weight);
@@ -101,8 +100,8 @@ Reading LineReader::PolyWidth(FieldText& fields) {
     const auto end = ReadReal((*parts)[1], 0.0, kLargestWidth);
     if (!start || !end) return Refuse(kBadWidth);
     if (*start > *end) return Refuse(kWidthOrder);
-    const auto weight = ReadInteger((*parts)[2], 1, kLargestWeight);
-    if (!weight) return Refuse(kBadWeight, kLargestWeight);
+    const auto weight = ReadInteger((*parts)[2], 1, kDxfInLargestWeight);
+    if (!weight) return Refuse(kBadWeight, kDxfInLargestWeight);
     if (std::exchange(defaultRange_, false)) table_.polyWidthCount = 0;
     if (table_.polyWidthCount >= kDxfInPolyWidths) return Full(kWidthsFull, kDxfInPolyWidths);
     AddRange(table_, *start, *end, *weight);
@@ -114,7 +113,7 @@ Reading LineReader::LineWidth(FieldText& fields) {
     const auto parts = fields.Cut("=,");
     if (!parts) return Refuse(kLineWidthForm);
     const auto width = ReadReal((*parts)[0]);
-    const auto weight = ReadInteger((*parts)[1], 1, kLargestWeight);
+    const auto weight = ReadInteger((*parts)[1], 1, kDxfInLargestWeight);
     if (!width || !weight) return Refuse(kLineWidthForm);
     // Exactly: both numbers are the double next to the same decimal number.
     const auto* found = std::find(std::begin(kDxfInLineWidths), std::end(kDxfInLineWidths), *width);
@@ -129,8 +128,8 @@ Reading LineReader::Color(FieldText& fields) {
     const auto color = ReadInteger(parts ? (*parts)[0] : fields.Rest(), 0, kDxfInWeightColors - 1);
     if (!color) return Refuse(kBadColor);
     // A record without "=" has no message of its own: its weight is missing.
-    const auto weight = parts ? ReadInteger((*parts)[1], 1, kLargestWeight) : std::nullopt;
-    if (!weight) return Refuse(kBadWeight, kLargestWeight);
+    const auto weight = parts ? ReadInteger((*parts)[1], 1, kDxfInLargestWeight) : std::nullopt;
+    if (!weight) return Refuse(kBadWeight, kDxfInLargestWeight);
     if (table_.colorWeightCount >= kDxfInWeightColors) return Full(kColorsFull, kDxfInWeightColors);
     table_.colorWeight[*color] = *weight;
     ++table_.colorWeightCount;

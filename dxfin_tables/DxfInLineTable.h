@@ -9,6 +9,7 @@
 #include "tables/TableWriter.h"
 
 inline constexpr std::int32_t kDxfInLineTypes = 256;
+inline constexpr std::int32_t kDxfInLargestWeight = 16;
 // The longest name, in bytes, whose record is read as it was written.
 inline constexpr std::size_t kDxfInLongestLineType = 107;
 inline constexpr std::int32_t kDxfInPolyWidths = 50;

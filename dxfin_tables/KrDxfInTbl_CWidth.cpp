@@ -1,12 +1,12 @@
 #include "dxfin_tables/KrDxfInTbl_CWidth.h"
 
+#include "dxfin_tables/LineWeights.h"
 #include "resources/dxfin_tables/KrDxfInTbl_CWidth.ids.h"
 
 namespace {
 
 constexpr int kWeightColumn = 1;
 constexpr int kShownColors = 255;  // 1 to 255; 0 and 256 stay as they are
-constexpr int kLargestWeight = 16;
 
 }  // namespace
 
@@ -18,7 +18,7 @@ kiro::ui::GridEditor::Shape KrDxfInTbl_CWidth::Form() const {
 }
 
 std::vector<kiro::ui::GridColumn> KrDxfInTbl_CWidth::Columns() const {
-    return {{"色番号", 5.0}, {"線幅", 5.0, 4, "線幅を入力して下さい。", kLargestWeight, "線幅を選択して下さい。"}};
+    return {{"色番号", 5.0}, LineWeightColumn(5.0)};
 }
 
 int KrDxfInTbl_CWidth::RowCount() const { return kShownColors; }
@@ -26,7 +26,7 @@ int KrDxfInTbl_CWidth::RowCount() const { return kShownColors; }
 void KrDxfInTbl_CWidth::FillRow(int row) { SetTextAt(row, kWeightColumn, std::to_string(table_.colorWeight[row + 1])); }
 
 bool KrDxfInTbl_CWidth::CheckRow(int row) {
-    return CheckInteger(row, kWeightColumn, 1, kLargestWeight, "無効な線幅番号です %d : %s");
+    return CheckInteger(row, kWeightColumn, 1, kDxfInLargestWeight, kBadLineWeight);
 }
 
 void KrDxfInTbl_CWidth::Store() {

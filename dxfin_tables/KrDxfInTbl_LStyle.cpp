@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "dxfin_tables/EditorTexts.h"
+#include "dxfin_tables/LineWeights.h"
 #include "resources/dxfin_tables/KrDxfInTbl_LStyle.ids.h"
 #include "tables/SlotText.h"
 
@@ -11,7 +12,6 @@ namespace {
 enum Column { kRowColumn, kNameColumn, kFontColumn, kWeightColumn };
 
 constexpr int kLargestFont = 63;
-constexpr int kLargestWeight = 16;
 constexpr kiro::ui::GridNames kNames = {"線種名が入力されていません %d : ",
                                         "線種名が重複しています %d,%d : %s",
                                         "=",
@@ -31,7 +31,7 @@ std::vector<kiro::ui::GridColumn> KrDxfInTbl_LStyle::Columns() const {
     return {{"番号", 1.5},
             {"線種名", 5.5, 20, "線種名を入力してください"},
             {"線種", 1.5, 4, "線種を入力してください", kLargestFont, "線種を選択してください"},
-            {"線幅", 1.5, 4, "線幅を入力してください", kLargestWeight, "線幅を選択してください"}};
+            {"線幅", 1.5, 4, "線幅を入力してください", kDxfInLargestWeight, "線幅を選択してください"}};
 }
 
 void KrDxfInTbl_LStyle::FillRow(int row) {
@@ -48,7 +48,7 @@ void KrDxfInTbl_LStyle::FillNewRow(int row) {
 bool KrDxfInTbl_LStyle::CheckRow(int row) {
     return CheckName(row, kNameColumn, kNames) &&
            CheckInteger(row, kFontColumn, 1, kLargestFont, "無効な線種番号です %d : %s") &&
-           CheckInteger(row, kWeightColumn, 1, kLargestWeight, "無効な線幅番号です %d : %s");
+           CheckInteger(row, kWeightColumn, 1, kDxfInLargestWeight, kBadLineWeight);
 }
 
 void KrDxfInTbl_LStyle::Store() {

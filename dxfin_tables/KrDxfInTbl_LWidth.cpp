@@ -3,13 +3,12 @@
 #include <algorithm>
 
 #include "dxfin_tables/EditorTexts.h"
+#include "dxfin_tables/LineWeights.h"
 #include "resources/dxfin_tables/KrDxfInTbl_LWidth.ids.h"
 
 namespace {
 
 enum Column { kRowColumn, kWidthColumn, kWeightColumn };
-
-constexpr int kLargestWeight = 16;
 
 }  // namespace
 
@@ -20,9 +19,7 @@ kiro::ui::GridEditor::Shape KrDxfInTbl_LWidth::Form() const {
 }
 
 std::vector<kiro::ui::GridColumn> KrDxfInTbl_LWidth::Columns() const {
-    return {{"番号", 3.0},
-            {"線幅", 4.0},
-            {"線幅", 3.0, 4, "線幅を入力して下さい。", kLargestWeight, "線幅を選択して下さい。"}};
+    return {{"番号", 3.0}, {"線幅", 4.0}, LineWeightColumn(3.0)};
 }
 
 int KrDxfInTbl_LWidth::RowCount() const { return kDxfInLineWidthCount; }
@@ -34,7 +31,7 @@ void KrDxfInTbl_LWidth::FillRow(int row) {
 }
 
 bool KrDxfInTbl_LWidth::CheckRow(int row) {
-    return CheckInteger(row, kWeightColumn, 1, kLargestWeight, "無効な線幅番号です %d : %s");
+    return CheckInteger(row, kWeightColumn, 1, kDxfInLargestWeight, kBadLineWeight);
 }
 
 void KrDxfInTbl_LWidth::Store() {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "dxfin_tables/EditorTexts.h"
+#include "dxfin_tables/LineWeights.h"
 #include "resources/dxfin_tables/KrDxfInTbl_PWidth.ids.h"
 
 namespace {
@@ -10,7 +11,6 @@ namespace {
 enum Column { kRowColumn, kWidthColumn, kWeightColumn };
 
 constexpr int kMostRows = 50;
-constexpr int kLargestWeight = 16;
 constexpr double kLargestWidth = 999.0;
 
 }  // namespace
@@ -23,9 +23,7 @@ kiro::ui::GridEditor::Shape KrDxfInTbl_PWidth::Form() const {
 }
 
 std::vector<kiro::ui::GridColumn> KrDxfInTbl_PWidth::Columns() const {
-    return {{"番号", 3.0},
-            {"線幅", 4.0, 10, "ポリラインの線幅を入力して下さい。"},
-            {"線幅", 3.0, 4, "線幅を入力して下さい。", kLargestWeight, "線幅を選択して下さい。"}};
+    return {{"番号", 3.0}, {"線幅", 4.0, 10, "ポリラインの線幅を入力して下さい。"}, LineWeightColumn(3.0)};
 }
 
 void KrDxfInTbl_PWidth::FillRow(int row) {
@@ -80,7 +78,7 @@ bool KrDxfInTbl_PWidth::CheckRow(int row) {
         return Fail(row, kWidthColumn, Formatted("線幅が1つ前より小さい値になってます %d : %s", row + 1, text));
     }
     Pass(row, kWidthColumn);
-    return row == Rows() - 1 || CheckInteger(row, kWeightColumn, 1, kLargestWeight, "無効な線幅番号です %d : %s");
+    return row == Rows() - 1 || CheckInteger(row, kWeightColumn, 1, kDxfInLargestWeight, kBadLineWeight);
 }
 
 void KrDxfInTbl_PWidth::Store() {

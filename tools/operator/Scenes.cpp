@@ -4,6 +4,7 @@
 #include <functional>
 #include <vector>
 
+#include "BareDialog.h"
 #include "Calls.h"
 #include "Driver.h"
 #include "Picture.h"
@@ -16,8 +17,6 @@ namespace kiro {
 namespace {
 
 using namespace drive;
-Windows AsItOpens(const std::wstring&) { return {Settle()}; }
-
 Windows Filled(const std::wstring& drawing) {
     const HWND dialog = Settle();
     Focus(dialog, kFileNameEdit);
@@ -146,15 +145,27 @@ constexpr Scene kScenes[] = {
      AsItOpens},
 };
 
+// What the user finds in a dialog that no command opens.
+void OpenBare(int templateId) {
+    const HMODULE library = GetModuleHandleW(L"kirovanteo.dll");
+    const HANDLE context = MakeStyleContext(library);
+    ULONG_PTR cookie = 0;
+    ActivateActCtx(context, &cookie);
+    OpenBareDialog(library, templateId, nullptr);
+    DeactivateActCtx(0, cookie);
+    ReleaseActCtx(context);
+}
+
 bool Paint(const Scene& scene, const std::filesystem::path& folder, const std::wstring& drawing) {
     KiroHostSetModified(scene.modified);
     try {
         const Json input = Json::parse(reinterpret_cast<const char*>(scene.input));
-        Drive([&] { CallExport(*FindExport(scene.command), input); },
-              [&] {
-                  Picture(scene.play(drawing), folder / (std::string(scene.name) + ".png"));
-                  CancelEverything();
-              });
+        Drive(
+            [&] { scene.command ? void(CallExport(*FindExport(scene.command), input)) : OpenBare(scene.bareTemplate); },
+            [&] {
+                Picture(scene.play(drawing), folder / (std::string(scene.name) + ".png"));
+                CancelEverything();
+            });
         return true;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s: %s\n", scene.name, error.what());
@@ -163,6 +174,8 @@ bool Paint(const Scene& scene, const std::filesystem::path& folder, const std::w
 }
 
 }  // namespace
+
+Windows AsItOpens(const std::wstring&) { return {Settle()}; }
 
 int PaintScenes(const std::filesystem::path& folder, const std::wstring& drawing) {
     std::filesystem::create_directories(folder);

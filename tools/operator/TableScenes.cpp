@@ -3,6 +3,7 @@
 #include "Scenes.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
 #include "resources/dxfin/KrDxfInAttr.ids.h"
+#include "resources/dxfin_tables/KrDxfInTable.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Layer.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Line.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
@@ -101,6 +102,7 @@ constexpr Scene kScenes[] = {
     {"table-line-widths", "DxfInputDlg", u8"{}", Alone<kLineTypeChangeButton, kWidthsOnRadio, kLineWidthsButton>},
     {"table-fonts", "DxfInputDlg", u8"{}", Alone<kTextWidthTableRadio, kTextWidthChangeButton>},
     {"table-fonts-help", "DxfInputDlg", u8"{}", Alone<kTextWidthTableRadio, kTextWidthChangeButton, kExplainButton>},
+    {"table-launcher", nullptr, u8"{}", AsItOpens, false, kInTableDialog},
     {"table-arrows", "DxfInputDlg", u8"{}", Alone<kArrowChangeButton>},
 };
 

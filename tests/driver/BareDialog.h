@@ -1,0 +1,14 @@
+// A library's dialog templates as bare system windows, without the library's code.
+#pragma once
+
+#include <windows.h>
+
+namespace kiro::drive {
+
+// The controls of the style that a library's manifest asks for, as its commands have them. The caller releases it.
+HANDLE MakeStyleContext(HMODULE library);
+
+// Runs a template until it is cancelled, in the style that is active. fill may put something into its controls.
+void OpenBareDialog(HMODULE library, int templateId, HWND owner, void (*fill)(HWND dialog) = nullptr);
+
+}  // namespace kiro::drive
