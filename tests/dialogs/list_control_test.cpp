@@ -217,12 +217,19 @@ TEST_F(Grids, ClicksAreTheDialogsUntilItCallsClickItem) {
         Focus(dialog, kList);
         Send(grid.List(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(grid.List()), -1);
         EXPECT_EQ((Events{"menu 3 key"}), TakeEvents());
+        // A press that moves a little is no click, and yet the list view has selected its row.
+        const RECT cell = grid.Area(5, 1);
+        NMLISTVIEW drag{};
+        drag.hdr = {grid.List(), kList, static_cast<UINT>(LVN_BEGINDRAG)};
+        drag.ptAction = {cell.left + 3, cell.top + 3};
+        Send(dialog, WM_NOTIFY, kList, reinterpret_cast<LPARAM>(&drag));
+        EXPECT_EQ((Events{"moved 5,1"}), TakeEvents());
         const Grid second(dialog, kOther);
         second.DoubleClick(1, 1);  // choices alone: they are shown at once
         EXPECT_TRUE(second.IsDropped());
         Key(VK_ESCAPE);
         Focus(dialog, IDCANCEL);
-        grid.Click(3, 2);  // brings the focus only
+        grid.Click(5, 1);  // brings the focus only
         EXPECT_FALSE(grid.IsOpen());
         Click(dialog, IDCANCEL);
     });
