@@ -17,15 +17,16 @@ struct Column {
 };
 struct Layout {
     const Editor& editor;
-    int rows;                         // of an empty table file
+    int rows;
     int row;                          // one that can be edited
     std::vector<std::wstring> start;  // its cells
     std::vector<Column> columns;
+    const char* file = "";
 };
 
 const Column kWeightColumn = {L"線幅", 3, 4, L"線幅を入力して下さい。", 16, L"1", L"16", L"線幅を選択して下さい。"};
 const std::vector<Column> kFontColumns = {{L"番号", 0.65},
-                                          {L"書体名", 1.5},
+                                          {L"書体名", 1.5, 20},
                                           {L"横／縦", 0.84, 0, L"", 2, L"横", L"縦", L"横／縦を選択してください。"},
                                           {L"幅係数(漢字)", 1.5, 10, L"文字幅係数（漢字）を入力して下さい。"},
                                           {L"幅係数(英数)", 1.5, 10, L"文字幅係数（英数）を入力して下さい。"},
@@ -35,20 +36,22 @@ const std::vector<Column> kFontColumns = {{L"番号", 0.65},
 
 const Layout kLayouts[] = {
     {kClassEditor,
+     2,
      1,
-     0,
-     {L"1", L"OTHER", L"256"},
+     {L"2", L"壁", L"5"},
      {{L"番号", 1},
-      {L"レイヤ名", 6},
-      {L"クラス番号", 3, 4, L"クラス番号を入力してください", 256, L"1", L"256", L"クラス番号を選択してください"}}},
+      {L"レイヤ名", 6, 24, L"レイヤ名を入力してください"},
+      {L"クラス番号", 3, 4, L"クラス番号を入力してください", 256, L"1", L"256", L"クラス番号を選択してください"}},
+     "LAYER 壁 = 5\n"},
     {kRevisionEditor,
+     2,
      1,
-     0,
-     {L"1", L"OTHER", L"256"},
+     {L"2", L"壁", L"5"},
      {{L"番号", 1},
-      {L"レイヤ名", 6},
+      {L"レイヤ名", 6, 24, L"レイヤ名を入力してください"},
       {L"レビジョン番号", 3, 4, L"レビジョン番号を入力してください", 256, L"1", L"256",
-       L"レビジョン番号を選択してください"}}},
+       L"レビジョン番号を選択してください"}},
+     "LAYER-REVISION 壁 = 5\n"},
     {kColorRevisionEditor,
      255,
      254,
@@ -77,16 +80,23 @@ const Layout kLayouts[] = {
      {{L"番号", 3}, {L"線幅", 4, 10, L"ポリラインの線幅を入力して下さい。"}, kWeightColumn}},
     {kColorWidthEditor, 255, 254, {L"255", L"1"}, {{L"色番号", 3}, kWeightColumn}},
     {kLineWidthEditor, 24, 23, {L"24", L"2.11", L"1"}, {{L"番号", 3}, {L"線幅", 4}, kWeightColumn}},
-    {kFontEditor, 4, 3, {L"4", L"TBIGFONT", L"縦", L"1.1875", L"1", L"0.4", L"0.95", L"0.75"}, kFontColumns},
-    {kArrowEditor,
+    {kFontEditor,
+     5,
      4,
-     3,
-     {L"4", L"OTHER", L"1", L"180", L"3"},
+     {L"5", L"図面", L"縦", L"1.1875", L"1", L"0.4", L"0.95", L"0.75"},
+     kFontColumns,
+     "STYLE=図面,1.1875,2,1,0.2,1.4,1,1,0.95,0.75\n"},
+    {kArrowEditor,
+     5,
+     4,
+     {L"5", L"記号", L"7", L"180", L"2.5"},
      {{L"番号", 1},
-      {L"矢印名（複合図形名）", 5},
+      {L"矢印名（複合図形名）", 5, 20, L"矢印名（複合図形名を入力して下さい。", 20, L"_CLOSEDFILLED", L"_NONE",
+       L"矢印名を選択してください"},
       {L"マーク番号", 1.5, 4, L"マーク番号を入力して下さい。"},
       {L"角度", 1, 0, L"", 2, L"0", L"180", L"角度を選択してください"},
-      {L"サイズ", 1.5, 10, L"サイズを入力して下さい。"}}},
+      {L"サイズ", 1.5, 10, L"サイズを入力して下さい。"}},
+     "ARROW 記号=7,180,250\n"},
 };
 
 std::wstring Title(const Grid& grid, int column) {
@@ -148,7 +158,7 @@ struct Entry {
 TEST_F(ImportEditors, ColumnsOfferWhatTheyTake) {
     for (const Layout& layout : kLayouts) {
         SCOPED_TRACE(testing::PrintToString(std::wstring(layout.editor.title)));
-        std::filesystem::remove(TableFile(layout.editor.file));
+        WriteTable(layout.editor.file, layout.file);
         Edit(layout.editor, false, [&](HWND dialog, const Grid& grid) {
             EXPECT_EQ(layout.rows, grid.Rows());
             EXPECT_EQ(layout.start, Row(grid, layout.row));
