@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "hostlayer/include/KiroHost.h"
-#include "tests/driver/BareDialog.h"
-#include "tests/driver/Driver.h"
+#include "driver/BareDialog.h"
+#include "driver/Driver.h"
 
 namespace {
 

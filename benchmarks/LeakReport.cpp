@@ -1,7 +1,7 @@
 #include "benchmarks/LeakReport.h"
 
 #include "benchmarks/Measure.h"
-#include "tests/driver/Leaks.h"
+#include "driver/Leaks.h"
 
 namespace {
 

@@ -27,7 +27,7 @@
 #include "resources/peliondb/KrPlOut.ids.h"
 #include "resources/varosdb/KrVrIn.ids.h"
 #include "resources/varosdb/KrVrOut.ids.h"
-#include "tests/driver/Driver.h"
+#include "driver/Driver.h"
 
 using namespace kiro::drive;
 

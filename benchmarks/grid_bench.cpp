@@ -41,8 +41,8 @@
 #include "resources/dxfin_tables/KrDxfInTbl_Line.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_PWidth.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
-#include "tests/dialogs/GridDriver.h"
-#include "tests/driver/Driver.h"
+#include "driver/GridDriver.h"
+#include "driver/Driver.h"
 
 using namespace kiro::drive;
 

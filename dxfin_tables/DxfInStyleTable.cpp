@@ -4,8 +4,8 @@
 #include <iterator>
 #include <limits>
 
-#include "tables/Numbers.h"
-#include "tables/SlotText.h"
+#include "text/Numbers.h"
+#include "text/SlotText.h"
 #include "tables/TableRecords.h"
 
 namespace {

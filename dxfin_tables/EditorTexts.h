@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "tables/Numbers.h"
-#include "tables/TextFormat.h"
+#include "text/Numbers.h"
+#include "text/TextFormat.h"
 
 // A number as "%G" writes it.
 inline std::string NumberText(double number) {

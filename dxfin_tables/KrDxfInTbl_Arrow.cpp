@@ -7,7 +7,7 @@
 #include "dxfin_tables/KrDxfInTbl_IO.h"
 #include "entry/host/kirodxf.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Arrow.ids.h"
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 
 namespace {
 

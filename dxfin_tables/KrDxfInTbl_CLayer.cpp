@@ -5,7 +5,7 @@
 
 #include "dxfin_tables/EditorTexts.h"
 #include "resources/dxfin_tables/KrDxfInTbl_CLayer.ids.h"
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 
 namespace {
 

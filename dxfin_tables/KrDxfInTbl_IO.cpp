@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "entry/host/kirodxf.h"
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 #include "ui/MessageBoxes.h"
 
 namespace {

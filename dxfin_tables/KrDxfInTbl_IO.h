@@ -9,7 +9,7 @@
 #include "dxfin_tables/DxfInLayerTable.h"
 #include "dxfin_tables/DxfInLineTable.h"
 #include "dxfin_tables/DxfInStyleTable.h"
-#include "tables/TableIo.h"
+#include "tablehub/TableIo.h"
 
 class KrDxfInTbl_IO final : public TableIo {
   public:

@@ -5,7 +5,7 @@
 #include "dxfin_tables/EditorTexts.h"
 #include "dxfin_tables/LineWeights.h"
 #include "resources/dxfin_tables/KrDxfInTbl_LStyle.ids.h"
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "dxfin_tables/KrDxfInTbl_IO.h"
 #include "dxfin_tables/KrDxfInTbl_TFont2.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include "dxfin_tables/KrDxfInTbl_Layer.h"
 #include "entry/host/FixedText.h"
-#include "tables/TableIo.h"
+#include "tablehub/TableIo.h"
 #include "ui/MessageBoxes.h"
 
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "tables/Numbers.h"
-#include "tables/SlotText.h"
+#include "text/Numbers.h"
+#include "text/SlotText.h"
 #include "tables/TableRecords.h"
 
 namespace {

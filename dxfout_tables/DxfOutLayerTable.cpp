@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "tables/Numbers.h"
-#include "tables/SlotText.h"
+#include "text/Numbers.h"
+#include "text/SlotText.h"
 #include "tables/TableRecords.h"
 
 namespace {

@@ -7,8 +7,8 @@
 #include <limits>
 #include <utility>
 
-#include "tables/Numbers.h"
-#include "tables/SlotText.h"
+#include "text/Numbers.h"
+#include "text/SlotText.h"
 #include "tables/TableRecords.h"
 
 namespace {

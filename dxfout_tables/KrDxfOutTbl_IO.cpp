@@ -6,7 +6,7 @@
 
 #include "entry/host/ParamBlocks.h"
 #include "entry/host/kirodxf.h"
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 
 namespace {
 

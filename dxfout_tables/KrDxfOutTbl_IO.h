@@ -10,7 +10,7 @@
 #include "dxfout_tables/DxfOutLineTable.h"
 #include "dxfout_tables/DxfOutStyleTable.h"
 #include "entry/host/TARNAINFO.h"
-#include "tables/TableIo.h"
+#include "tablehub/TableIo.h"
 
 // The utility object that an IO object brings along.
 class OwnedUtility {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cassert>
 
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 
 FieldText::FieldText(std::string_view part, std::size_t count, std::string_view suffix) : part_(part) {
     assert(part.size() <= TableLines::kLargestPiece && suffix.size() <= kLongestSuffix);

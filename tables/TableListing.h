@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "tables/TextFormat.h"
+#include "text/TextFormat.h"
 
 // Where a listing goes: a file in the program, memory in tests.
 class ListingSink {

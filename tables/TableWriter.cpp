@@ -1,6 +1,6 @@
 #include "tables/TableWriter.h"
 
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 
 TableWriter::TableWriter(const TableHeader& header, std::size_t piece) {
     constexpr std::size_t kAround = std::string_view("/ File name : \n").size();

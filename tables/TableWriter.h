@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "tables/TextFormat.h"
+#include "text/TextFormat.h"
 
 struct TableHeader {
     std::string_view path;  // full path of the file, code page 932

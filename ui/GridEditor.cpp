@@ -6,7 +6,7 @@
 #include <cstring>
 #include <unordered_map>
 
-#include "tables/TextFormat.h"
+#include "text/TextFormat.h"
 #include "ui/MessageBoxes.h"
 
 namespace kiro::ui {

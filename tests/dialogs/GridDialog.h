@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "entry/host/KrListControl.h"
-#include "tests/dialogs/GridDriver.h"
-#include "tests/driver/Picture.h"
+#include "driver/GridDriver.h"
+#include "driver/Picture.h"
 
 using namespace kiro::drive;
 namespace drive = kiro::drive;

@@ -7,7 +7,7 @@
 #include "resources/dxfin_tables/KrDxfInTbl_Line.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
 #include "resources/grid.ids.h"
-#include "tests/dialogs/GridDriver.h"
+#include "driver/GridDriver.h"
 #include "tests/dialogs/ImportTables.h"
 
 // Where an editor is found, and what it says.

@@ -11,7 +11,7 @@
 
 #include "entry/host/kirovanteo.h"
 #include "hostlayer/include/KiroHost.h"
-#include "tests/driver/Driver.h"
+#include "driver/Driver.h"
 
 class TestHost : public testing::Test {
   protected:

@@ -2,7 +2,7 @@
 #include <cstdio>
 
 #include "tests/dialogs/GridDialog.h"
-#include "tests/driver/Leaks.h"
+#include "driver/Leaks.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "dxfout_tables/KrDxfOutTbl_IO.h"
 #include "entry/host/ParamBlocks.h"
 #include "tables/FileReplace.h"
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 #include "tests/dialogs/TestHost.h"
 
 namespace fs = std::filesystem;

@@ -8,7 +8,7 @@
 #include <fstream>
 #include <functional>
 
-#include "Driver.h"
+#include "driver/Driver.h"
 #include "entry/host/KrUtility.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirocontrol.h"

@@ -1,13 +1,13 @@
 // The operator itself: a test that goes wrong has to end, and to say what went wrong.
-#include "Driver.h"
+#include "driver/Driver.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 
-#include "Leaks.h"
-#include "Picture.h"
+#include "driver/Leaks.h"
+#include "driver/Picture.h"
 
 namespace kiro::drive {
 namespace {

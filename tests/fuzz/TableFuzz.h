@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 #include "tables/TableListing.h"
 
 inline void Require(bool holds) {

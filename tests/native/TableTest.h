@@ -10,7 +10,7 @@
 #include <random>
 #include <sstream>
 
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 #include "tables/TableListing.h"
 #include "tables/TableWriter.h"
 

@@ -8,7 +8,7 @@
 #include "dxfout_tables/DxfOutLayerTable.h"
 #include "dxfout_tables/DxfOutLineTable.h"
 #include "dxfout_tables/DxfOutStyleTable.h"
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 #include "tests/native/TableTest.h"
 
 using namespace std::string_literals;

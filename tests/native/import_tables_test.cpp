@@ -8,8 +8,8 @@
 #include "dxfin_tables/DxfInLineTable.h"
 #include "dxfin_tables/DxfInStyleTable.h"
 #include "tables/FieldText.h"
-#include "tables/Numbers.h"
-#include "tables/SlotText.h"
+#include "text/Numbers.h"
+#include "text/SlotText.h"
 #include "tables/TableLines.h"
 #include "tests/native/TableTest.h"
 

@@ -7,7 +7,7 @@
 #include "dxfout_tables/DxfOutLineTable.h"
 #include "dxfout_tables/DxfOutStyleTable.h"
 #include "entry/host/kirodxf.h"
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 
 namespace kirotable {
 

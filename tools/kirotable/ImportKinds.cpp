@@ -7,7 +7,7 @@
 #include "dxfin_tables/DxfInLineTable.h"
 #include "dxfin_tables/DxfInStyleTable.h"
 #include "entry/host/kirodxf.h"
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 
 namespace kirotable {
 

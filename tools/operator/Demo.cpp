@@ -1,7 +1,7 @@
 #include "Demo.h"
 
-#include "Driver.h"
-#include "Picture.h"
+#include "driver/Driver.h"
+#include "driver/Picture.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
 
 namespace kiro {

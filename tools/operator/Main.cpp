@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "Demo.h"
-#include "Driver.h"
+#include "driver/Driver.h"
 #include "Scenes.h"
 #include "hostlayer/include/KiroHost.h"
 

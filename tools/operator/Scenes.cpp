@@ -4,10 +4,10 @@
 #include <functional>
 #include <vector>
 
-#include "BareDialog.h"
+#include "driver/BareDialog.h"
 #include "Calls.h"
-#include "Driver.h"
-#include "Picture.h"
+#include "driver/Driver.h"
+#include "driver/Picture.h"
 #include "hostlayer/include/KiroHost.h"
 #include "resources/catia/KrDxfPass.ids.h"
 #include "resources/dxfin/KrDxfIn.ids.h"

@@ -1,5 +1,5 @@
 // The conversion tables behind the import dialog, each with the demonstration's tables.
-#include "Driver.h"
+#include "driver/Driver.h"
 #include "Scenes.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
 #include "resources/dxfin/KrDxfInAttr.ids.h"
@@ -8,7 +8,7 @@
 #include "resources/dxfin_tables/KrDxfInTbl_Line.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
 #include "resources/grid.ids.h"
-#include "tests/dialogs/GridDriver.h"
+#include "driver/GridDriver.h"
 
 namespace kiro {
 namespace {

@@ -17,7 +17,7 @@
 
 #include "hostlayer/kirodlglib/KrGridMessages.h"
 #include "hostlayer/kirodlglib/KrGridRows.h"
-#include "tests/driver/Driver.h"
+#include "driver/Driver.h"
 
 namespace kiro::drive {
 

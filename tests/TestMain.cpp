@@ -1,7 +1,7 @@
 // The main function of the test programs that drive windows.
 #include <gtest/gtest.h>
 
-#include "tests/driver/Driver.h"
+#include "driver/Driver.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "tables/SlotText.h"
+#include "text/SlotText.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
-#include "tables/TableIo.h"
+#include "tablehub/TableIo.h"
 
 #include "tables/FileReplace.h"
-#include "tables/TextFormat.h"
+#include "text/TextFormat.h"
 #include "ui/MessageBoxes.h"
 #include "ui/Text.h"
 

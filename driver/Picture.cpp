@@ -1,4 +1,4 @@
-#include "Picture.h"
+#include "driver/Picture.h"
 
 // gdiplus.h uses the min and max of windows.h.
 #include <algorithm>
@@ -12,7 +12,7 @@ using std::min;
 #include <memory>
 #include <type_traits>
 
-#include "Driver.h"
+#include "driver/Driver.h"
 
 namespace kiro::drive {
 namespace {

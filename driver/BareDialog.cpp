@@ -1,4 +1,4 @@
-#include "BareDialog.h"
+#include "driver/BareDialog.h"
 
 namespace kiro::drive {
 

@@ -1,4 +1,4 @@
-#include "Leaks.h"
+#include "driver/Leaks.h"
 
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-#include "tables/Numbers.h"
+#include "text/Numbers.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "tables/TextFormat.h"
+#include "text/TextFormat.h"
 
 #include <algorithm>
 #include <charconv>
