@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstring>
 
+#include "tables/TableRecords.h"
 #include "text/Numbers.h"
 #include "text/SlotText.h"
-#include "tables/TableRecords.h"
 
 namespace {
 
@@ -27,18 +27,6 @@ constexpr std::string_view kColorRevisionForm =
     " ***** 書式が違います *****       COLOR-REVISION  color# = revision#\n";
 constexpr std::string_view kColorForm = " ***** 書式が違います *****       COLOR  color# = R, G, B\n";
 
-struct LayerList {
-    std::int32_t& count;
-    std::int32_t (&numbers)[kDxfInLayerSlots];
-    char (&names)[kDxfInLayerSlots][257];
-};
-
-LayerList ClassesOf(DxfInLayerTable& table) { return {table.layerClassCount, table.layerClass, table.layerClassName}; }
-
-LayerList RevisionsOf(DxfInLayerTable& table) {
-    return {table.layerRevisionCount, table.layerRevision, table.layerRevisionName};
-}
-
 class LayerReader : public RecordReader<DxfInLayerTable> {
   public:
     using RecordReader::RecordReader;
@@ -53,7 +41,7 @@ class LayerReader : public RecordReader<DxfInLayerTable> {
     Reading Switch(FieldText& fields);
 
   private:
-    Reading Layer(FieldText& fields, LayerList list, std::string_view badNumber);
+    Reading Layer(FieldText& fields, DxfInLayerList list, std::string_view badNumber);
     Reading Color(FieldText& fields, std::int32_t (&numbers)[kDxfInColors], std::string_view badNumber,
                   std::string_view form);
 };
@@ -74,7 +62,7 @@ constexpr Keyword<LayerReader> kKeywords[] = {
     {"LAYER_SWITCH ", &LayerReader::Switch, 14, 64},
 };
 
-Reading LayerReader::Layer(FieldText& fields, LayerList list, std::string_view badNumber) {
+Reading LayerReader::Layer(FieldText& fields, DxfInLayerList list, std::string_view badNumber) {
     const auto parts = fields.Cut("=,");
     if (!parts) return Refuse(kLayerForm);
     const auto [name, numberText] = *parts;
@@ -127,7 +115,7 @@ Reading LayerReader::Switch(FieldText& fields) {
     return Reading::kGoOn;
 }
 
-void SetDefaults(LayerList list) {
+void SetDefaults(DxfInLayerList list) {
     list.count = 0;
     std::memset(list.numbers, 0, sizeof list.numbers);
     std::memset(list.names, 0, sizeof list.names);

@@ -35,6 +35,19 @@ struct DxfInLayerTable {
     DxfInPalette colorRgb;
 };
 
+// One of the two lists.
+struct DxfInLayerList {
+    std::int32_t& count;
+    std::int32_t (&numbers)[kDxfInLayerSlots];
+    char (&names)[kDxfInLayerSlots][257];
+};
+inline DxfInLayerList ClassesOf(DxfInLayerTable& table) {
+    return {table.layerClassCount, table.layerClass, table.layerClassName};
+}
+inline DxfInLayerList RevisionsOf(DxfInLayerTable& table) {
+    return {table.layerRevisionCount, table.layerRevision, table.layerRevisionName};
+}
+
 // Sets the defaults (all but noFileRead and fileName) and reads the bytes of the file over them. A file that is missing
 // or is not to be read is an empty one.
 void ParseDxfInLayerTable(std::string_view file, const DxfInPalette& palette, DxfInLayerTable& table,

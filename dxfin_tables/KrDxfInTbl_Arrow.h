@@ -2,30 +2,27 @@
 #pragma once
 
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "dxfin_tables/DxfInArrowTable.h"
+#include "dxfin_tables/KrDxfInTbl_IO.h"
 #include "ui/GridEditor.h"
 
-class KrDxfInTbl_Arrow final : public kiro::ui::GridEditor {
+struct DxfInArrowRow : kiro::ui::GridRow<5> {
+    static DxfInArrowRow New();
+    void Check(const kiro::ui::RowCheck& check) const;
+};
+
+class KrDxfInTbl_Arrow final : public kiro::ui::GridEditor<DxfInArrowRow> {
   public:
     KrDxfInTbl_Arrow();
 
   private:
     void Load() override;
-    Shape Form() const override;
-    std::vector<kiro::ui::GridColumn> Columns() const override;
-    int RowCount() const override { return table_->arrowCount; }
-    void FillRow(int row) override;
-    void FillNewRow(int row) override;
+    void Dress() override;
     const char* ClickText(int row, int column) const override;
-    bool CheckRow(int row) override;
     void Store() override;
-    bool Save() override;
-
-    bool CheckGiven(int row);
+    bool Save() override { return io_->WriteArrowTable(*table_); }
 
     std::unique_ptr<DxfInArrowTable> table_;
-    std::vector<const char*> names_;  // what the host offers, up to a null
+    std::optional<KrDxfInTbl_IO> io_;
 };

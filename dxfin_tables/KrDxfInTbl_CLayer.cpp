@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "dxfin_tables/EditorTexts.h"
 #include "resources/dxfin_tables/KrDxfInTbl_CLayer.ids.h"
+#include "text/Numbers.h"
 #include "text/SlotText.h"
 
 namespace {
@@ -13,84 +13,95 @@ enum Column { kRowColumn, kNameColumn, kNumberColumn };
 
 constexpr int kLargestNumber = 256;
 constexpr char kMissing[] = "レイヤ名が入力されていません %d : ";
-constexpr char kRepeated[] = "レイヤ名が重複しています %d,%d : %s";
+constexpr kiro::ui::GridRepeat kRepeated = {"レイヤ名が重複しています %d,%d : %s", true};
 constexpr char kSeparated[] = "レイヤ名に空白と「=」は使えません %d : %s";
+
+constexpr kiro::ui::GridColumn kClassColumns[] = {
+    {"番号", 1.0},
+    {"レイヤ名", 6.0, 24},
+    {"クラス番号", 3.0, 4, "クラス番号を入力してください", {1, kLargestNumber}, "クラス番号を選択してください"}};
+constexpr kiro::ui::GridColumn kRevisionColumns[] = {{"番号", 1.0},
+                                                     {"レイヤ名", 6.0, 24},
+                                                     {"レビジョン番号",
+                                                      3.0,
+                                                      4,
+                                                      "レビジョン番号を入力してください",
+                                                      {1, kLargestNumber},
+                                                      "レビジョン番号を選択してください"}};
 
 }  // namespace
 
 struct KrDxfInTbl_CLayer::Mode {
-    const char* title;
-    const char* header;
-    const char* choosePrompt;
-    const char* typePrompt;
-    int (KrListControl::*check)(int row, const char* text);
-    kiro::ui::GridNames names;
+    kiro::ui::GridForm form;
+    kiro::ui::RowCheck::HostCheck check;
+    kiro::ui::GridStorable storable;
 };
 const KrDxfInTbl_CLayer::Mode KrDxfInTbl_CLayer::kClasses = {
-    "レイヤのクラス割当て",
-    "クラス番号",
-    "クラス番号を選択してください",
-    "クラス番号を入力してください",
+    {kDxfInLayerGridDialog, "レイヤのクラス割当て", "レイヤのクラス割当て", kClassColumns, kDxfInLayerSlots, true},
     &KrListControl::CheckClassNumber,
-    {kMissing, kRepeated, "=", kSeparated, kDxfInLongestClassLayer, "レイヤ名が長すぎます（半角68文字以内） %d : %s"}};
+    {"=", kSeparated, kDxfInLongestClassLayer, "レイヤ名が長すぎます（半角68文字以内） %d : %s"}};
 const KrDxfInTbl_CLayer::Mode KrDxfInTbl_CLayer::kRevisions = {
-    "レイヤのレビジョン割当て",
-    "レビジョン番号",
-    "レビジョン番号を選択してください",
-    "レビジョン番号を入力してください",
+    {kDxfInLayerGridDialog, "レイヤのレビジョン割当て", "レイヤのレビジョン割当て", kRevisionColumns, kDxfInLayerSlots,
+     true},
     &KrListControl::CheckRevisionNumber,
-    {kMissing, kRepeated, "=", kSeparated, kDxfInLongestRevisionLayer,
-     "レイヤ名が長すぎます（半角58文字以内） %d : %s"}};
+    {"=", kSeparated, kDxfInLongestRevisionLayer, "レイヤ名が長すぎます（半角58文字以内） %d : %s"}};
 
-KrDxfInTbl_CLayer::KrDxfInTbl_CLayer(DxfInLayerTable& table)
-    : GridEditor(kDxfInLayerGridDialog),
-      mode_(table.layerSwitch == 1 ? kRevisions : kClasses),
-      count_(table.layerSwitch == 1 ? table.layerRevisionCount : table.layerClassCount),
-      numbers_(table.layerSwitch == 1 ? table.layerRevision : table.layerClass),
-      names_(table.layerSwitch == 1 ? table.layerRevisionName : table.layerClassName) {}
+DxfInLayerRow DxfInLayerRow::New() {
+    DxfInLayerRow row;
+    row[kNumberColumn] = "1";
+    return row;
+}
 
 // As many layers as the table holds, also where the row of "OTHER" is not shown.
-kiro::ui::GridEditor::Shape KrDxfInTbl_CLayer::Form() const {
-    return {mode_.title, mode_.title, HasOther() ? kDxfInLayerSlots : kDxfInLayerSlots - 1, true, HasOther() ? 1 : 0};
+kiro::ui::GridForm KrDxfInTbl_CLayer::FormOf(const DxfInLayerTable& table) {
+    const bool revisions = table.layerSwitch == 1;
+    kiro::ui::GridForm form = (revisions ? kRevisions : kClasses).form;
+    if ((revisions ? table.layerRevision : table.layerClass)[0] != 0) {
+        form.fixedRows = 1;
+    } else {
+        --form.limit;
+    }
+    return form;
 }
 
-std::vector<kiro::ui::GridColumn> KrDxfInTbl_CLayer::Columns() const {
-    return {{"番号", 1.0},
-            {"レイヤ名", 6.0, 24, ""},
-            {mode_.header, 3.0, 4, mode_.typePrompt, kLargestNumber, mode_.choosePrompt}};
+KrDxfInTbl_CLayer::KrDxfInTbl_CLayer(DxfInLayerTable& table)
+    : GridEditor(FormOf(table)),
+      mode_(table.layerSwitch == 1 ? kRevisions : kClasses),
+      list_(table.layerSwitch == 1 ? RevisionsOf(table) : ClassesOf(table)),
+      hasOther_(list_.numbers[0] != 0) {
+    for (int entry = hasOther_ ? 0 : 1; entry <= std::clamp(list_.count, 0, kDxfInLayerSlots - 1); ++entry) {
+        DxfInLayerRow row;
+        row[kNameColumn] = entry == 0 ? "OTHER" : SlotText(list_.names[entry]);
+        row[kNumberColumn] = std::to_string(list_.numbers[entry]);
+        rows_.Add(std::move(row));
+    }
 }
 
-int KrDxfInTbl_CLayer::RowCount() const { return std::clamp(count_, 0, kDxfInLayerSlots - 1) + (HasOther() ? 1 : 0); }
-
-void KrDxfInTbl_CLayer::FillRow(int row) {
-    const int entry = HasOther() ? row : row + 1;
-    SetTextAt(row, kNameColumn, entry == 0 ? "OTHER" : SlotText(names_[entry]));
-    SetTextAt(row, kNumberColumn, std::to_string(numbers_[entry]));
-    if (entry == 0) Grid().SetAvailableFlag(row, kNameColumn, 0);
+void KrDxfInTbl_CLayer::Dress() {
+    if (hasOther_) Grid().Control().SetAvailableFlag(0, kNameColumn, 0);
 }
-
-void KrDxfInTbl_CLayer::FillNewRow(int row) { SetTextAt(row, kNumberColumn, "1"); }
 
 const char* KrDxfInTbl_CLayer::ClickText(int row, int column) const {
     if (column != kNameColumn) return "";
     return row == 0 ? "レイヤ名を変更できません" : "レイヤ名を入力してください";
 }
 
-bool KrDxfInTbl_CLayer::CheckRow(int row) {
-    if (!CheckName(row, kNameColumn, mode_.names)) return false;
-    // The grid shows the message.
-    const bool valid = (Grid().*mode_.check)(row, TextAt(row, kNumberColumn).c_str()) != 0;
-    return valid ? Pass(row, kNumberColumn) : Fail(row, kNumberColumn, "");
+void KrDxfInTbl_CLayer::CheckRow(const kiro::ui::RowCheck& check) {
+    if (check.Given(kNameColumn, kMissing) && check.Unlike(kNameColumn, kRepeated) &&
+        check.Storable(kNameColumn, mode_.storable)) {
+        check.ByHost(kNumberColumn, mode_.check);
+    }
 }
 
 // Deliberately the first row is entry 0, whether it is the row of "OTHER" or not.
 void KrDxfInTbl_CLayer::Store() {
-    const int rows = Rows();
-    std::memset(numbers_, 0, sizeof numbers_);
-    std::memset(names_, 0, sizeof names_);
-    for (int row = 0; row < rows; ++row) {
-        StoreText(names_[row], TextAt(row, kNameColumn));
-        numbers_[row] = NumberAt(row, kNumberColumn);
+    std::memset(list_.numbers, 0, sizeof list_.numbers);
+    std::memset(list_.names, 0, sizeof list_.names);
+    int entry = 0;
+    for (const DxfInLayerRow& row : rows_) {
+        StoreText(list_.names[entry], row[kNameColumn]);
+        list_.numbers[entry] = ReadInteger(row[kNumberColumn]).value_or(0);
+        ++entry;
     }
-    count_ = std::max(rows - 1, 0);
+    list_.count = std::max(entry - 1, 0);
 }

@@ -1,13 +1,14 @@
 // Layers to classes, or layers to revisions: whichever the table's switch says.
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "dxfin_tables/DxfInLayerTable.h"
 #include "ui/GridEditor.h"
 
-class KrDxfInTbl_CLayer final : public kiro::ui::GridEditor {
+struct DxfInLayerRow : kiro::ui::GridRow<3> {
+    static DxfInLayerRow New();
+};
+
+class KrDxfInTbl_CLayer final : public kiro::ui::GridEditor<DxfInLayerRow> {
   public:
     explicit KrDxfInTbl_CLayer(DxfInLayerTable& table);  // changed when the dialog is confirmed
 
@@ -16,20 +17,14 @@ class KrDxfInTbl_CLayer final : public kiro::ui::GridEditor {
     struct Mode;
     static const Mode kClasses;
     static const Mode kRevisions;
+    static kiro::ui::GridForm FormOf(const DxfInLayerTable& table);
 
-    Shape Form() const override;
-    std::vector<kiro::ui::GridColumn> Columns() const override;
-    int RowCount() const override;
-    void FillRow(int row) override;
-    void FillNewRow(int row) override;
+    void Dress() override;
     const char* ClickText(int row, int column) const override;
-    bool CheckRow(int row) override;
+    void CheckRow(const kiro::ui::RowCheck& check) override;
     void Store() override;
 
-    bool HasOther() const { return numbers_[0] != 0; }
-
     const Mode& mode_;
-    std::int32_t& count_;
-    std::int32_t (&numbers_)[kDxfInLayerSlots];
-    char (&names_)[kDxfInLayerSlots][257];
+    DxfInLayerList list_;
+    bool hasOther_;  // entry 0 has a row
 };

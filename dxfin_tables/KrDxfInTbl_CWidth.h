@@ -1,22 +1,10 @@
 // Colours to line weights.
 #pragma once
 
-#include <vector>
-
 #include "dxfin_tables/DxfInLineTable.h"
-#include "ui/GridEditor.h"
+#include "ui/NumberEditor.h"
 
-class KrDxfInTbl_CWidth final : public kiro::ui::GridEditor {
+class KrDxfInTbl_CWidth final : public kiro::ui::NumberEditor {
   public:
     explicit KrDxfInTbl_CWidth(DxfInLineTable& table);  // changed when the dialog is confirmed
-
-  private:
-    Shape Form() const override;
-    std::vector<kiro::ui::GridColumn> Columns() const override;
-    int RowCount() const override;
-    void FillRow(int row) override;
-    bool CheckRow(int row) override;
-    void Store() override;
-
-    DxfInLineTable& table_;
 };

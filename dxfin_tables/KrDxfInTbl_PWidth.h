@@ -4,24 +4,23 @@
 
 #include <optional>
 #include <unordered_map>
-#include <vector>
 
 #include "dxfin_tables/DxfInLineTable.h"
 #include "ui/GridEditor.h"
 
-class KrDxfInTbl_PWidth final : public kiro::ui::GridEditor {
+struct DxfInBoundaryRow : kiro::ui::GridRow<3> {
+    static DxfInBoundaryRow New();
+};
+
+class KrDxfInTbl_PWidth final : public kiro::ui::GridEditor<DxfInBoundaryRow> {
   public:
     explicit KrDxfInTbl_PWidth(DxfInLineTable& table);  // changed when the dialog is confirmed
 
   private:
-    Shape Form() const override;
-    std::vector<kiro::ui::GridColumn> Columns() const override;
-    int RowCount() const override { return table_.polyWidthCount + 1; }
-    void FillRow(int row) override;
-    void FillNewRow(int row) override;
+    void Dress() override;
     void RowsMoved() override;
     void BeforeCheck() override;
-    bool CheckRow(int row) override;
+    void CheckRow(const kiro::ui::RowCheck& check) override;
     void Store() override;
 
     std::optional<double> WidthAt(int row) const;

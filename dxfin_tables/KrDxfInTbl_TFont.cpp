@@ -4,7 +4,6 @@
 #include <cstring>
 
 #include "dxfin_tables/EditorTexts.h"
-#include "dxfin_tables/KrDxfInTbl_IO.h"
 #include "dxfin_tables/KrDxfInTbl_TFont2.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
 #include "text/SlotText.h"
@@ -16,13 +15,22 @@ constexpr int kVertical = 2;  // the direction of a style
 
 enum Column { kRowColumn, kNameColumn, kDirectionColumn, kFirstFactor };
 
-constexpr kiro::ui::GridNames kNames = {"書体名が入力されていません %d",
-                                        "書体名が重複しています %d : %s",
-                                        ",",
-                                        "書体名に空白と「,」は使えません %d : %s",
-                                        kDxfInLongestStyle,
-                                        "書体名が長すぎます（半角45文字以内） %d : %s"};
 constexpr const char* kDirections[] = {"横", "縦", nullptr};
+
+constexpr kiro::ui::GridColumn kColumns[] = {{"番号", 0.65},
+                                             {"書体名", 1.5, 20},
+                                             {"横／縦", 0.84, 0, "", {}, "横／縦を選択してください。", kDirections},
+                                             {"幅係数(漢字)", 1.5, 10, "文字幅係数（漢字）を入力して下さい。"},
+                                             {"幅係数(英数)", 1.5, 10, "文字幅係数（英数）を入力して下さい。"},
+                                             {"行間隔", 0.9, 10, "行間隔係数を入力して下さい。"},
+                                             {"描画係数(漢字)", 1.7, 10, "文字描画係数（漢字）を入力して下さい。"},
+                                             {"描画係数(英数)", 1.7, 10, "文字描画係数（英数）を入力して下さい。"}};
+constexpr kiro::ui::GridForm kForm = {
+    kDxfInTextFontDialog, "文字フォント割当て", "文字フォント割当て", kColumns, kDxfInStyles, true, kFixedRows};
+
+constexpr kiro::ui::GridRepeat kRepeated = {"書体名が重複しています %d : %s", false};
+constexpr kiro::ui::GridStorable kStorable = {",", "書体名に空白と「,」は使えません %d : %s", kDxfInLongestStyle,
+                                              "書体名が長すぎます（半角45文字以内） %d : %s"};
 constexpr char kBadWidth[] = "無効な文字幅係数です %d : %s";
 constexpr char kBadSpacing[] = "無効な行間隔係数です %d : %s";
 constexpr char kBadDrawing[] = "無効な文字描画係数です %d : %s";
@@ -45,81 +53,67 @@ constexpr Factor kFactors[] = {{kStyleR1, 0.0, "1.1875", 0.1, 10.0, 0, kBadWidth
 
 }  // namespace
 
-KrDxfInTbl_TFont::KrDxfInTbl_TFont() : GridEditor(kDxfInTextFontDialog), table_(std::make_unique<DxfInStyleTable>()) {
+DxfInStyleRow DxfInStyleRow::New() {
+    DxfInStyleRow row{{}, kDxfInNewStyle};
+    row[kDirectionColumn] = kDirections[0];
+    int column = kFirstFactor;
+    for (const Factor& factor : kFactors) row[column++] = factor.start;
+    return row;
+}
+
+void DxfInStyleRow::Check(const kiro::ui::RowCheck& check) const {
+    if (!check.Given(kNameColumn, "書体名が入力されていません %d") || !check.Unlike(kNameColumn, kRepeated) ||
+        !check.Storable(kNameColumn, kStorable)) {
+        return;
+    }
+    int column = kFirstFactor;
+    for (const Factor& factor : kFactors) {
+        const double high = factor.widthColumn ? RealOf((*this)[factor.widthColumn]) : factor.high;
+        if (!check.Real(column++, factor.low, high, factor.bad)) return;
+    }
+}
+
+KrDxfInTbl_TFont::KrDxfInTbl_TFont() : GridEditor(kForm), table_(std::make_unique<DxfInStyleTable>()) {
     On(kExplainButton, BN_CLICKED, &KrDxfInTbl_TFont::Explain);
 }
 
 void KrDxfInTbl_TFont::Load() {
-    KrDxfInTbl_IO(Utility(), Handle()).ReadStyleTable(*table_);
-    for (int row = 0; row < table_->styleCount; ++row) {
-        DxfInStyleValues& values = values_.emplace_back();
-        std::copy_n(table_->styleInts[row], 8, values.ints);
-        std::copy_n(table_->styleReals[row], 8, values.reals);
+    io_.emplace(Utility(), Handle());
+    io_->ReadStyleTable(*table_);
+    for (int style = 0; style < table_->styleCount; ++style) {
+        DxfInStyleRow row;
+        std::copy_n(table_->styleInts[style], 8, row.values.ints);
+        std::copy_n(table_->styleReals[style], 8, row.values.reals);
+        row[kNameColumn] = SlotText(table_->styleName[style]);
+        row[kDirectionColumn] = kDirections[row.values.ints[kStyleI1] == 0 ? 0 : 1];
+        int column = kFirstFactor;
+        for (const Factor& factor : kFactors) row[column++] = NumberText(row.values.reals[factor.real] - factor.stored);
+        rows_.Add(std::move(row));
     }
 }
 
-kiro::ui::GridEditor::Shape KrDxfInTbl_TFont::Form() const {
-    return {"文字フォント割当て", "文字フォント割当て", kDxfInStyles, true, kFixedRows};
-}
-
-std::vector<kiro::ui::GridColumn> KrDxfInTbl_TFont::Columns() const {
-    return {{"番号", 0.65},
-            {"書体名", 1.5, 20, ""},
-            {"横／縦", 0.84, 0, "", 0, "横／縦を選択してください。", kDirections},
-            {"幅係数(漢字)", 1.5, 10, "文字幅係数（漢字）を入力して下さい。"},
-            {"幅係数(英数)", 1.5, 10, "文字幅係数（英数）を入力して下さい。"},
-            {"行間隔", 0.9, 10, "行間隔係数を入力して下さい。"},
-            {"描画係数(漢字)", 1.7, 10, "文字描画係数（漢字）を入力して下さい。"},
-            {"描画係数(英数)", 1.7, 10, "文字描画係数（英数）を入力して下さい。"}};
-}
-
-void KrDxfInTbl_TFont::FillRow(int row) {
-    const DxfInStyleValues& values = values_[static_cast<std::size_t>(row)];
-    SetTextAt(row, kNameColumn, SlotText(table_->styleName[row]));
-    SetTextAt(row, kDirectionColumn, kDirections[values.ints[kStyleI1] == 0 ? 0 : 1]);
-    int column = kFirstFactor;
-    for (const Factor& factor : kFactors)
-        SetTextAt(row, column++, NumberText(values.reals[factor.real] - factor.stored));
-    if (row < kFixedRows) Grid().SetAvailableFlag(row, kNameColumn, 0);
-}
-
-void KrDxfInTbl_TFont::FillNewRow(int row) {
-    values_.insert(values_.begin() + row, kDxfInNewStyle);
-    SetTextAt(row, kDirectionColumn, kDirections[0]);
-    int column = kFirstFactor;
-    for (const Factor& factor : kFactors) SetTextAt(row, column++, factor.start);
+void KrDxfInTbl_TFont::Dress() {
+    for (int row = 0; row < kFixedRows; ++row) Grid().Control().SetAvailableFlag(row, kNameColumn, 0);
 }
 
 const char* KrDxfInTbl_TFont::ClickText(int row, int column) const {
     return column == kNameColumn && row < kFixedRows ? "書体名は変更できません。" : "";
 }
 
-bool KrDxfInTbl_TFont::CheckRow(int row) {
-    if (!CheckName(row, kNameColumn, kNames)) return false;
-    int column = kFirstFactor;
-    for (const Factor& factor : kFactors) {
-        const double high = factor.widthColumn ? RealOf(TextAt(row, factor.widthColumn)) : factor.high;
-        if (!CheckReal(row, column++, factor.low, high, factor.bad)) return false;
-    }
-    return true;
-}
-
 void KrDxfInTbl_TFont::Store() {
-    const int rows = Rows();
     std::memset(table_->styleName, 0, sizeof table_->styleName);
-    for (int row = 0; row < rows; ++row) {
-        DxfInStyleValues& values = values_[static_cast<std::size_t>(row)];
-        StoreText(table_->styleName[row], TextAt(row, kNameColumn));
-        values.ints[kStyleI1] = TextAt(row, kDirectionColumn) == kDirections[0] ? 0 : kVertical;
+    table_->styleCount = 0;
+    for (const DxfInStyleRow& row : rows_) {
+        const int style = table_->styleCount++;
+        DxfInStyleValues values = row.values;
+        StoreText(table_->styleName[style], row[kNameColumn]);
+        values.ints[kStyleI1] = row[kDirectionColumn] == kDirections[0] ? 0 : kVertical;
         int column = kFirstFactor;
-        for (const Factor& factor : kFactors) values.reals[factor.real] = RealOf(TextAt(row, column++)) + factor.stored;
-        std::copy_n(values.ints, 8, table_->styleInts[row]);
-        std::copy_n(values.reals, 8, table_->styleReals[row]);
+        for (const Factor& factor : kFactors) values.reals[factor.real] = RealOf(row[column++]) + factor.stored;
+        std::copy_n(values.ints, 8, table_->styleInts[style]);
+        std::copy_n(values.reals, 8, table_->styleReals[style]);
     }
-    table_->styleCount = rows;
 }
-
-bool KrDxfInTbl_TFont::Save() { return KrDxfInTbl_IO(Utility(), Handle()).WriteStyleTable(*table_); }
 
 void KrDxfInTbl_TFont::Explain() {
     if (Grid().EndEdit()) KrDxfInTbl_TFont2().DoModal(Handle());

@@ -2,30 +2,31 @@
 #pragma once
 
 #include <memory>
-#include <vector>
 
 #include "dxfin_tables/DxfInStyleTable.h"
+#include "dxfin_tables/KrDxfInTbl_IO.h"
 #include "ui/GridEditor.h"
 
-class KrDxfInTbl_TFont final : public kiro::ui::GridEditor {
+struct DxfInStyleRow : kiro::ui::GridRow<8> {
+    static DxfInStyleRow New();
+    void Check(const kiro::ui::RowCheck& check) const;
+
+    DxfInStyleValues values;  // with what the grid does not show
+};
+
+class KrDxfInTbl_TFont final : public kiro::ui::GridEditor<DxfInStyleRow> {
   public:
     KrDxfInTbl_TFont();
 
   private:
     void Load() override;
-    Shape Form() const override;
-    std::vector<kiro::ui::GridColumn> Columns() const override;
-    int RowCount() const override { return table_->styleCount; }
-    void FillRow(int row) override;
-    void FillNewRow(int row) override;
-    void RowDeleted(int row) override { values_.erase(values_.begin() + row); }
+    void Dress() override;
     const char* ClickText(int row, int column) const override;
-    bool CheckRow(int row) override;
     void Store() override;
-    bool Save() override;
+    bool Save() override { return io_->WriteStyleTable(*table_); }
 
     void Explain();
 
     std::unique_ptr<DxfInStyleTable> table_;
-    std::vector<DxfInStyleValues> values_;  // by row, with what the grid does not show
+    std::optional<KrDxfInTbl_IO> io_;
 };

@@ -2,10 +2,12 @@
 #pragma once
 
 #include "dxfin_tables/DxfInLineTable.h"
-#include "ui/GridEditor.h"
+#include "ui/NumberEditor.h"
 
 inline constexpr char kBadLineWeight[] = "無効な線幅番号です %d : %s";
 
-inline kiro::ui::GridColumn LineWeightColumn(double width) {
-    return {"線幅", width, 4, "線幅を入力して下さい。", kDxfInLargestWeight, "線幅を選択して下さい。"};
+constexpr kiro::ui::GridColumn LineWeightColumn(double width) {
+    return {"線幅", width, 4, "線幅を入力して下さい。", {1, kDxfInLargestWeight}, "線幅を選択して下さい。"};
 }
+
+inline constexpr kiro::ui::NumberRule kLineWeightRule = {1, kDxfInLargestWeight, kBadLineWeight};

@@ -37,9 +37,10 @@ void FormatArgument::Append(std::string& out, std::size_t width, int precision) 
 void AppendFormat(std::string& out, std::string_view format, std::initializer_list<FormatArgument> values) {
     for (const FormatArgument& value : values) {
         // "%" is no second byte of a double-byte character.
-        const std::size_t mark = std::min(format.find('%'), format.size());
+        const std::size_t mark = format.find('%');
+        if (mark == format.npos) break;
         out += format.substr(0, mark);
-        format.remove_prefix(std::min(mark + 1, format.size()));
+        format.remove_prefix(mark + 1);
         const int width = TakeNumber(format, 0);
         int precision = -1;
         if (format.starts_with('.')) format.remove_prefix(1), precision = TakeNumber(format, precision);

@@ -16,9 +16,9 @@ class HostDialog : public Dialog {
         if (!utility_) throw std::bad_alloc();
     }
 
-  protected:
     KrUtility& Utility() const { return *utility_; }
 
+  protected:
     // First thing of every initialisation.
     void InitUtility() {
         utility_->SetParentWindow(Handle());

@@ -1,0 +1,277 @@
+#include "ui/Grid.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+#include "resources/grid.ids.h"
+
+namespace kiro::ui {
+namespace {
+
+constexpr unsigned long kGridStyle = 33;  // grid lines and full-row selection
+
+struct MenuDeleter {
+    void operator()(HMENU menu) const { DestroyMenu(menu); }
+};
+using Menu = std::unique_ptr<HMENU__, MenuDeleter>;
+
+KrTextList ChoicesOf(const GridColumn& column) {
+    KrTextList list;
+    for (int number = column.numbers.first; number <= column.numbers.last; ++number)
+        list.InsertAt(list.GetCount(), std::to_string(number).c_str());
+    for (const char* const* choice = column.choices; choice && *choice; ++choice)
+        list.InsertAt(list.GetCount(), *choice);
+    return list;
+}
+
+}  // namespace
+
+Grid::Grid(HostDialog& dialog, int listId, GridColumns columns, GridModel& rows)
+    : dialog_(dialog),
+      listId_(listId),
+      columns_(columns),
+      rows_(rows),
+      control_(KrCreateListControl(&dialog.Utility())) {
+    if (!control_) throw std::bad_alloc();
+    dialog.BindMessage(WM_DRAWITEM, [this](WPARAM wParam, LPARAM lParam) -> std::optional<INT_PTR> {
+        if (static_cast<int>(wParam) != listId_) return std::nullopt;
+        control_->OnDrawItem(reinterpret_cast<DRAWITEMSTRUCT*>(lParam));
+        return TRUE;
+    });
+    dialog.BindMessage(WM_NOTIFY, [this](WPARAM, LPARAM lParam) { return Notified(lParam); });
+    dialog.BindMessage(WM_CONTEXTMENU, [this](WPARAM wParam, LPARAM lParam) -> std::optional<INT_PTR> {
+        return reinterpret_cast<HWND>(wParam) == List() && menu_ ? ContextMenu(lParam) : std::nullopt;
+    });
+}
+
+void Grid::CheckRowsWith(RowChecker check, std::function<void()> before) {
+    checkRow_ = std::move(check);
+    beforeCheck_ = std::move(before);
+}
+
+HWND Grid::List() const { return dialog_.Item<Window>(listId_).Handle(); }
+
+// ---- Filling ----
+
+void Grid::Init(int limit, int marks) {
+    control_->InitList(dialog_.Handle(), listId_, static_cast<int>(columns_.size()), rows_.Count(), limit, marks);
+    control_->SetExtendedStyle(kGridStyle);
+    SetColumns();
+    for (int row = 0; row < Rows(); ++row) ShowRow(row);
+    Number(0);
+    control_->DrawItem();
+}
+
+void Grid::SetColumns() {
+    int index = 0;
+    for (const GridColumn& column : columns_) {
+        control_->SetColumn(index, column.title, column.width);
+        if (column.numbers.Any() || column.choices) {
+            const KrTextList choices = ChoicesOf(column);
+            control_->SetCombo(index, 1, &choices, column.choicePrompt);
+        }
+        if (column.typed) control_->SetEdit(index, 0, column.typed, column.typedPrompt);
+        if (!column.CanEdit()) control_->SetAvailableFlag(-1, index, 0);
+        ++index;
+    }
+}
+
+void Grid::SetChoices(int column, const std::vector<std::string>& choices) {
+    KrTextList list;
+    for (const std::string& choice : choices) list.InsertAt(list.GetCount(), choice.c_str());
+    control_->SetCombo(column, 1, &list, columns_[static_cast<std::size_t>(column)].choicePrompt);
+}
+
+void Grid::ShowRow(int row) {
+    for (int column = 0; column < static_cast<int>(columns_.size()); ++column)
+        control_->SetItemText(row, column, TextAt(row, column).c_str());
+}
+
+void Grid::SetTextAt(int row, int column, std::string_view text) {
+    rows_.Text(row, column) = text;
+    control_->SetItemText(row, column, TextAt(row, column).c_str());
+}
+
+void Grid::Number(int from) {
+    for (int row = from; numbered_ && row < Rows(); ++row) SetTextAt(row, 0, std::to_string(row + 1));
+}
+
+int Grid::FirstColumnToEdit(int row) const {
+    for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
+        if (columns_[static_cast<std::size_t>(column)].CanEdit() && control_->GetAvailableFlag(row, column))
+            return column;
+    }
+    return 0;
+}
+
+// ---- Checking ----
+
+bool Grid::Check(Extent extent) {
+    if (std::exchange(valid_, true)) return faults_.empty();
+    faults_.clear();
+    sameBelow_.clear();
+    if (beforeCheck_) beforeCheck_();
+    for (int row = 0; row < Rows() && (faults_.empty() || extent == Extent::kAll); ++row) CheckRow(row);
+    control_->DrawItem();
+    return faults_.empty();
+}
+
+void Grid::CheckRow(int row) {
+    if (checkRow_) checkRow_(RowCheck(*this, row));
+}
+
+bool Grid::Pass(int row, int column) {
+    control_->SetErrorFlag(row, column, 0);
+    return true;
+}
+
+bool Grid::Fail(int row, int column, std::string message) {
+    control_->SetErrorFlag(row, column, 1);
+    faults_.push_back({row, column, std::move(message)});
+    return false;
+}
+
+void Grid::ShowFault(std::size_t index) {
+    if (index >= faults_.size()) return;
+    if (!faults_[index].message.empty()) return control_->ErrorText(faults_[index].message.c_str());
+    // What the host has found it tells only while it checks.
+    const std::vector<GridFault> found = faults_;
+    CheckRow(found[index].row);
+    faults_ = found;
+}
+
+int Grid::SameTextBelow(int row, int column) {
+    std::vector<int>& below = sameBelow_[column];
+    if (below.empty()) {
+        // One look at each row, from the bottom on.
+        below.assign(static_cast<std::size_t>(Rows()), -1);
+        std::unordered_map<std::string_view, int> nearest;
+        nearest.reserve(below.size());
+        for (int at = Rows() - 1; at >= 0; --at) {
+            const auto [found, isNew] = nearest.try_emplace(TextAt(at, column), at);
+            if (!isNew) below[static_cast<std::size_t>(at)] = std::exchange(found->second, at);
+        }
+    }
+    return below[static_cast<std::size_t>(row)];
+}
+
+// ---- What the user does ----
+
+std::optional<INT_PTR> Grid::Notified(LPARAM lParam) {
+    const auto* header = reinterpret_cast<const NMHDR*>(lParam);
+    if (static_cast<int>(header->idFrom) != listId_) return std::nullopt;
+    const auto& notice = *reinterpret_cast<const KrListNotify*>(lParam);
+    switch (header->code) {
+        case static_cast<UINT>(NM_CLICK):
+        case static_cast<UINT>(NM_DBLCLK):
+            control_->ClickItem();
+            Moved();
+            break;
+        case kKrListCellMoved:
+            Moved();
+            break;
+        case kKrListCellChanged:
+            TakeChange(notice.row, notice.column);
+            break;
+        case kKrListMarkChanged:
+            if (marked_) marked_();
+            break;
+        default:
+            break;
+    }
+    return std::nullopt;
+}
+
+void Grid::Moved() {
+    if (moved_) moved_(control_->GetSelectedItem(), control_->GetSelectedColumn());
+}
+
+void Grid::TakeChange(int row, int column) {
+    if (row < 0 || row >= Rows()) return;
+    char none[1];
+    std::string text(static_cast<std::size_t>(control_->GetItemText(row, column, none, 1)) + 1, '\0');
+    control_->GetItemText(row, column, text.data(), static_cast<int>(text.size()));
+    text.pop_back();
+    rows_.Text(row, column) = std::move(text);
+    Pass(row, column);  // its mark was for the text before
+    Changed();
+    if (changed_) changed_(row, column);
+}
+
+std::optional<INT_PTR> Grid::ContextMenu(LPARAM lParam) {
+    if (!EndEdit()) return TRUE;
+    const Menu menu(LoadMenuW(ResourceModule(), MAKEINTRESOURCEW(kGridMenu)));
+    const POINT place = MenuPlace(lParam);
+    const int command = TrackPopupMenu(GetSubMenu(menu.get(), 0), TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y, 0,
+                                       dialog_.Handle(), nullptr);
+    if (command) RowCommand(static_cast<UINT>(command));
+    return TRUE;
+}
+
+// Where the mouse is, or below the current cell when a key opened the menu.
+POINT Grid::MenuPlace(LPARAM lParam) const {
+    if (lParam != -1) return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+    RECT cell{};
+    const int row = CurrentRow();
+    if (row >= 0) ListView_GetSubItemRect(List(), row, control_->GetSelectedColumn(), LVIR_LABEL, &cell);
+    POINT place{cell.left, cell.bottom};
+    ClientToScreen(List(), &place);
+    return place;
+}
+
+// ---- Rows that come and go ----
+
+void Grid::RowCommand(UINT command) {
+    switch (command) {
+        case kAddRowCommand:
+            AddRow(false);
+            break;
+        case kInsertRowCommand:
+            AddRow(true);
+            break;
+        case kDeleteRowCommand:
+            DeleteRow();
+            break;
+        default:
+            break;
+    }
+    control_->DrawItem();
+    SetFocus(List());
+}
+
+void Grid::AddRow(bool insert) {
+    if (insert && CurrentRow() >= 0 && CurrentRow() < menu_->fixedRows)
+        return control_->ErrorText("ここには挿入できません。");
+    const bool aboveLast = !insert && menu_->addAboveLast && Rows() > 0;
+    if (aboveLast) {
+        control_->ClearSelectFlag();
+        GoTo(Rows() - 1, 1);
+    }
+    const int row = insert || aboveLast ? control_->InsertItem() : control_->AddItem();
+    if (row < 0) return control_->ErrorText("これ以上追加できません。");
+    rows_.Insert(row);
+    ShowRow(row);
+    GoTo(row, FirstColumnToEdit(row));
+    RowsChanged(row);
+}
+
+void Grid::DeleteRow() {
+    const int row = CurrentRow();
+    if (row < 0) return;
+    if (row < menu_->fixedRows) return control_->ErrorText("削除できません。");
+    if (menu_->mayDelete && !menu_->mayDelete(row)) return;
+    control_->DeleteItem();
+    rows_.Erase(row);
+    RowsChanged(row);
+}
+
+void Grid::RowsChanged(int from) {
+    Changed();
+    Number(from);
+    if (menu_->rowsMoved) menu_->rowsMoved(from);
+}
+
+}  // namespace kiro::ui

@@ -1,0 +1,117 @@
+// A grid of a dialog: the host's control over a list view, the columns it has, the rows it shows, their check, and the
+// menu by which rows come and go. A dialog may have several. Make it before the dialog is shown and call Init when that
+// is initialised.
+#pragma once
+
+#include <functional>
+#include <initializer_list>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "entry/host/KrListControl.h"
+#include "ui/GridColumn.h"
+#include "ui/GridModel.h"
+#include "ui/HostDialog.h"
+#include "ui/RowCheck.h"
+
+namespace kiro::ui {
+
+struct GridFault {
+    int row;
+    int column;
+    std::string message;  // empty: the host has shown its own
+};
+
+class Grid {
+  public:
+    // The rows may be filled until Init, and must outlive this.
+    Grid(HostDialog& dialog, int listId, GridColumns columns, GridModel& rows);
+
+    // ---- What the dialog states before Init ----
+
+    // Column 0 holds the number of the row, counted from 1.
+    void NumberRows() { numbered_ = true; }
+    // The row menu: "追加", "挿入" and "削除".
+    struct RowMenu {
+        int fixedRows = 0;                        // from the top on, that cannot be moved or deleted
+        bool addAboveLast = false;                // "追加" puts the new row above the last one
+        std::function<bool(int row)> mayDelete;   // none: every row; false when the user was told why not
+        std::function<void(int from)> rowsMoved;  // rows were added, inserted or deleted
+    };
+    void OfferRowMenu(RowMenu menu) { menu_ = std::move(menu); }
+
+    using RowChecker = std::function<void(const RowCheck& check)>;
+    void CheckRowsWith(RowChecker check, std::function<void()> before = nullptr);
+
+    // The user has moved to another cell, given one another text, or marked a row.
+    void OnCellMoved(std::function<void(int row, int column)> moved) { moved_ = std::move(moved); }
+    void OnCellChanged(std::function<void(int row, int column)> changed) { changed_ = std::move(changed); }
+    void OnMarked(std::function<void()> marked) { marked_ = std::move(marked); }
+
+    // limit: the most rows there may be. marks: kKrSelectNone, kKrSelectSingle or kKrSelectMultiple.
+    void Init(int limit, int marks = kKrSelectNone);
+
+    // ---- Rows and cells ----
+
+    KrListControl& Control() const { return *control_; }
+    HWND List() const;
+    int Rows() const { return rows_.Count(); }
+    const std::string& TextAt(int row, int column) const { return rows_.Text(row, column); }
+    void SetTextAt(int row, int column, std::string_view text);
+    void ShowRow(int row);  // after its texts were changed elsewhere
+    void SetChoices(int column, const std::vector<std::string>& choices);
+    int CurrentRow() const { return control_->GetSelectedItem(); }
+    void GoTo(int row, int column) const { control_->ClickCell(row, column); }
+    int FirstColumnToEdit(int row) const;  // where the user can start to type at once
+    bool EndEdit() const { return control_->EndEdit() != 0; }
+
+    // ---- Checking ----
+
+    // Stops at the first bad row, or goes on and finds all of them. Without a change since the last check its result
+    // still holds. True when all is well.
+    enum class Extent { kFirst, kAll };
+    bool Check(Extent extent = Extent::kFirst);
+    const std::vector<GridFault>& Faults() const { return faults_; }
+    void ShowFault(std::size_t index = 0);  // its message, in the message zone
+    void Changed() { valid_ = false; }      // something that the check looks at has changed
+
+  private:
+    friend class RowCheck;
+
+    void SetColumns();
+    void Number(int from);
+    void CheckRow(int row);
+    bool Pass(int row, int column);
+    bool Fail(int row, int column, std::string message);
+    int SameTextBelow(int row, int column);
+    std::optional<INT_PTR> Notified(LPARAM lParam);
+    void TakeChange(int row, int column);
+    void Moved();
+    std::optional<INT_PTR> ContextMenu(LPARAM lParam);
+    POINT MenuPlace(LPARAM lParam) const;
+    void RowCommand(UINT command);
+    void AddRow(bool insert);
+    void DeleteRow();
+    void RowsChanged(int from);
+
+    HostDialog& dialog_;
+    int listId_;
+    GridColumns columns_;
+    GridModel& rows_;
+    KrListControlPtr control_;
+    bool numbered_ = false;
+    std::optional<RowMenu> menu_;
+    RowChecker checkRow_;
+    std::function<void()> beforeCheck_;
+    std::function<void(int, int)> moved_;
+    std::function<void(int, int)> changed_;
+    std::function<void()> marked_;
+    bool valid_ = false;  // the result of the last check holds
+    std::vector<GridFault> faults_;
+    std::map<int, std::vector<int>> sameBelow_;  // of this check, by column: the next row with the same text, or -1
+};
+
+}  // namespace kiro::ui
