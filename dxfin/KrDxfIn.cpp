@@ -1,7 +1,7 @@
 #include "dxfin/KrDxfIn.h"
 
-#include <charconv>
 #include <cstdlib>
+#include <cstring>
 
 #include "dxfin/DrawingVersion.h"
 #include "dxfin/KrDxfInAttr.h"
@@ -14,13 +14,13 @@
 #include "resources/dxfin/KrDxfIn.ids.h"
 #include "resources/dxfin/KrDxfInAll.ids.h"
 #include "resources/dxfin/KrDxfInParam.ids.h"
+#include "tablehub/TableIo.h"
 #include "ui/MessageBoxes.h"
 
 namespace {
 
 // The caption of every refusal, also when DWG files are read.
 constexpr char kRefusalCaption[] = "ＤＸＦ読込み";
-constexpr char kTableKey[] = "#DXF:TABLE#";
 
 constexpr int kLargestPicture = 256;
 constexpr double kScaleAbove = 1e-6;  // the scale lies strictly between these
@@ -32,19 +32,19 @@ constexpr const char* kScales[] = {"1",     "1/2",   "1/3",   "1/4",    "1/5",  
                                    "1/300", "1/400", "1/500", "1/1000", "2",    "3",    "4",     "5",
                                    "10",    "20",    "30",    "40",     "50",   "100"};
 
-// The picture list holds -256 to -1 and then 1 to 256.
-int PictureAt(int index) { return index < kLargestPicture ? index - kLargestPicture : index - kLargestPicture + 1; }
-int IndexOfPicture(int picture) { return picture < 0 ? picture + kLargestPicture : picture + kLargestPicture - 1; }
+// What "一括変換" writes into the record it takes back: a cancelled import leaves the record as it came.
+template <std::size_t N>
+class ScopedField {
+  public:
+    explicit ScopedField(char (&field)[N]) : field_(field) { std::memcpy(before_, field, N); }
+    ScopedField(const ScopedField&) = delete;
+    ScopedField& operator=(const ScopedField&) = delete;
+    ~ScopedField() { std::memcpy(field_, before_, N); }
 
-// The index of the entry that reads just like the text; -1 when there is none.
-int FindPicture(const std::string& text) {
-    int picture = 0;
-    const auto end = std::from_chars(text.data(), text.data() + text.size(), picture).ptr;
-    const bool listed = picture != 0 && std::abs(picture) <= kLargestPicture;
-    // "007" is a number but no entry.
-    if (end != text.data() + text.size() || !listed || std::to_string(picture) != text) return -1;
-    return IndexOfPicture(picture);
-}
+  private:
+    char (&field_)[N];
+    char before_[N];
+};
 
 }  // namespace
 
@@ -61,15 +61,16 @@ KrDxfIn::KrDxfIn(TARNAINFO* info)
       dataType_(*this, {kDrawingRadio, kShapeRadio}),
       mode_(*this, {kNewRadio, kAddRadio}),
       matrix_(*this, {kMatrixOnRadio, kMatrixOffRadio}),
-      media_(*this, {kDiskRadio, kFloppyRadio}),
-      pictures_(*this, kPictureCombo, kPictureEdit, [this](int index) { PictureChosen(index); }),
+      medium_(*this, Utility(), kDiskRadio, kFloppyRadio, drawing_.key, [this] { MediumChosen(); }),
+      picture_(*this, kPictureEdit, kPictureCombo, -kLargestPicture, kLargestPicture,
+               [this](std::optional<int> number) { PictureChanged(number); }),
       scales_(*this, kScaleCombo, kScaleEdit, [this](int index) { ScaleChosen(index); }),
       file_(
-          *this, Utility(), {kFileNameEdit, kRecentCombo, kBrowseButton}, [this] { return FileChooser(); },
-          [this] { RefreshVersion(); }, [this] { Item<kiro::ui::Window>(kVersionText).SetText(EmptyVersionLine()); }),
+          *this, Utility(), {kFileNameEdit, kRecentCombo, kBrowseButton}, [this] { return FilePlace(); },
+          kiro::ui::FileNameField::kAnyName, [this] { RefreshVersion(); }, [this] { ShowVersion(EmptyVersionLine()); }),
       fileLabel_(*this, kFileNameLabel, kRecentMenu,
                  [this](UINT command) {
-                     if (command == kClearRecentCommand) file_.ClearRecent(Key());
+                     if (command == kClearRecentCommand) file_.ClearRecent();
                  }),
       zones_(*this, {kDataTypeZone, kModeZone, kPictureZone, kMatrixZone, kScaleZone},
              [this](int zone) { HelpZoneChanged(zone); }) {
@@ -84,19 +85,13 @@ void KrDxfIn::BindControls() {
         {kPictureEdit, "格納先ピクチャ番号を入力してください。"},
         {kTableEdit, ""},
     });
-    BindFocus(0, [this](bool) { fileLabel_.Flat(); });
     NormaliseOnKillFocus(kPictureEdit);
     NormaliseOnKillFocus(kScaleEdit);
     NormaliseOnKillFocus(kSubModelEdit);
 
-    dataType_.OnChosen([this](int) { DataTypeChosen(); });
+    dataType_.OnChosen([this](int) { file_.Clear(); });
     mode_.OnChosen([this](int) { ModeChosen(); });
-    matrix_.OnChosen([this](int index) {
-        fileLabel_.Flat();
-        pictureMatrix_ = index == 0;
-    });
-    media_.OnChosen([this](int) { MediaChosen(); });
-    On(kPictureEdit, EN_CHANGE, &KrDxfIn::PictureEditChanged);
+    matrix_.OnChosen([this](int index) { pictureMatrix_ = index == 0; });
     BindFocus(kScaleEdit, [this](bool gained) {
         if (!gained) ScaleLeft();
     });
@@ -115,11 +110,11 @@ void KrDxfIn::OnInit() {
     mode_.Select(0);
     matrix_.Select(pictureMatrix_ ? 0 : 1);
     matrix_.Enable(false);
-    media_.Select(0);
+    medium_.Init();
     InitTexts();
-    InitPictures();
+    picture_.Init(1);
     InitScales();
-    file_.Init(Key());
+    file_.Init();
     fileLabel_.Init();
 }
 
@@ -131,7 +126,7 @@ void KrDxfIn::InitTexts() {
         unsigned int characters;
         const char* text;
     } edits[] = {
-        {kPictureEdit, 12, "1"},
+        {kPictureEdit, 12, ""},
         {kScaleEdit, 20, "1"},
         {kSubModelEdit, 26, "DXFSUB"},
         {kTableEdit, 256, layerTable_.c_str()},
@@ -143,53 +138,25 @@ void KrDxfIn::InitTexts() {
     Item<kiro::ui::Edit>(kTableEdit).ShowEnd();
 }
 
-void KrDxfIn::InitPictures() {
-    const kiro::ui::ComboBox combo = pictures_.Combo();
-    for (int index = 0; index < 2 * kLargestPicture; ++index) combo.AddString(std::to_string(PictureAt(index)));
-    combo.SetCurSel(IndexOfPicture(pictureNumber_));
-}
-
 void KrDxfIn::InitScales() {
     for (const char* scale : kScales) scales_.Combo().AddString(scale);
     scales_.Combo().SetCurSel(0);
 }
 
-const char* KrDxfIn::Key() const { return IsFloppy() ? "#FLOPPY_WIN#" : drawing_.key; }
-
-kiro::ui::FileNameField::Chooser KrDxfIn::FileChooser() const {
-    if (IsShape()) return {"#DXF:SHAPE#", IsFloppy(), "シェイプファイル", kKrChooseExisting};
-    return {Key(), IsFloppy(), drawing_.comment, kKrChooseExisting};
+kiro::ui::FileNameField::Place KrDxfIn::FilePlace() const {
+    const bool floppy = medium_.IsFloppy();
+    if (IsShape()) return {medium_.Key(), "#DXF:SHAPE#", floppy, "シェイプファイル", kKrChooseExisting};
+    return {medium_.Key(), medium_.Key(), floppy, drawing_.comment, kKrChooseExisting};
 }
 
 // ---- Handlers ----
 
-void KrDxfIn::DataTypeChosen() {
-    fileLabel_.Flat();
-    file_.Clear();
-}
-
-void KrDxfIn::PictureEditChanged() {
-    const int index = FindPicture(Item<kiro::ui::Edit>(kPictureEdit).Text().value_or(std::string()));
-    if (index >= 0) TakePicture(index);
-    if (IsAddMode()) ShowScaleOf(index >= 0 ? std::optional(pictureNumber_) : std::nullopt);
-}
-
-void KrDxfIn::TakePicture(int index) {
-    pictureNumber_ = PictureAt(index);
-    pictures_.Combo().SetCurSel(index);
-    matrix_.Enable(pictureNumber_ < 0);
-}
-
-void KrDxfIn::PictureChosen(int index) {
-    fileLabel_.Flat();
-    TakePicture(index);
-    // The edit tells of the change, and the rest follows from there.
-    Item<kiro::ui::Edit>(kPictureEdit).SetText(std::to_string(pictureNumber_));
-    FocusTo(kPictureEdit);
+void KrDxfIn::PictureChanged(std::optional<int> number) {
+    if (number) matrix_.Enable(*number < 0);
+    if (IsAddMode()) ShowScaleOf(number);
 }
 
 void KrDxfIn::ModeChosen() {
-    fileLabel_.Flat();
     Item<kiro::ui::Window>(kScaleEdit).Enable(!IsAddMode());
     Item<kiro::ui::Window>(kScaleCombo).Enable(!IsAddMode());
     if (!IsAddMode()) {
@@ -210,7 +177,6 @@ void KrDxfIn::ShowScaleOf(std::optional<int> picture) {
 }
 
 void KrDxfIn::ScaleChosen(int index) {
-    fileLabel_.Flat();
     Item<kiro::ui::Edit>(kScaleEdit).SetText(scales_.Combo().GetLBText(index));
     ScaleLeft();
     FocusTo(kScaleEdit);
@@ -229,28 +195,24 @@ void KrDxfIn::ScaleLeft() {
     combo.SetCurSel(index);
 }
 
-void KrDxfIn::MediaChosen() {
-    fileLabel_.Flat();
-    if (IsFloppy()) {
-        Utility().SetFloppy(drawing_.key);
-    } else {
-        Utility().SetKeyword(drawing_.key);
-    }
-    file_.LoadRecent(Key());
+// A name without a folder is another file on the other medium.
+void KrDxfIn::MediumChosen() {
+    file_.LoadRecent();
+    if (file_.HasName()) RefreshVersion();
 }
 
 void KrDxfIn::RefreshVersion() {
-    fileLabel_.Flat();
-    const std::string path = KrInternalPath(Utility(), Key(), file_.Name());
+    const std::string path = file_.InternalPath();
     DrawingVersion version;
     const HCURSOR previous = SetCursor(LoadCursorW(nullptr, IDC_WAIT));  // a drawing on a slow share takes its time
     if (!path.empty()) version = isDwg_ ? ReadDwgVersion(path) : ReadDxfVersion(path);
     SetCursor(previous);
-    Item<kiro::ui::Window>(kVersionText).SetText(VersionLine(version));
+    ShowVersion(VersionLine(version));
 }
 
+void KrDxfIn::ShowVersion(const std::string& line) const { Item<kiro::ui::Window>(kVersionText).SetText(line); }
+
 void KrDxfIn::BrowseTable() {
-    fileLabel_.Flat();
     Utility().SetKeyword(kTableKey);
     Utility().SetComment("レイヤ変換テーブルファイル");
     Utility().SetWildcard("DXFKIRO_LAYER*");
@@ -259,13 +221,9 @@ void KrDxfIn::BrowseTable() {
     Item<kiro::ui::Edit>(kTableEdit).ShowEnd();
 }
 
-void KrDxfIn::OpenParameters() {
-    fileLabel_.Flat();
-    CommandFrame(kDxfInParamDialog).DoModal(Handle());
-}
+void KrDxfIn::OpenParameters() { CommandFrame(kDxfInParamDialog).DoModal(Handle()); }
 
 void KrDxfIn::OpenAttributes() {
-    fileLabel_.Flat();
     // A host that hands over no block: what is chosen can still be kept as the defaults.
     DxfInParamBlock kept{};
     if (!info_.importParams) DxfInReadParam(&kept);
@@ -273,10 +231,10 @@ void KrDxfIn::OpenAttributes() {
 }
 
 void KrDxfIn::OpenBatch() {
-    fileLabel_.Flat();
     const auto table = ReadText(kTableEdit, drawing_.caption);
     if (!table) return;
     // The batch dialog takes the table from the record, in the form in which it is shown here.
+    const ScopedField field(info_.layerTableFileName);
     if (!WriteFixedText(info_.layerTableFileName, *table)) {
         Refuse("レイヤ変換テーブルのファイル名が長すぎます", kTableEdit);
         return;
@@ -311,9 +269,7 @@ void KrDxfIn::HelpZoneChanged(int zone) {
 // ---- Confirmation ----
 
 void KrDxfIn::OnOk() {
-    fileLabel_.Flat();
     NormaliseAll();
-    file_.Normalise();
     Result result;
     if (!CheckPicture(result) || !CheckScale(result) || !CheckFile(result) || !CheckSubModel(result) ||
         !CheckTable(result) || !AgreesToLoseModel()) {
@@ -321,7 +277,7 @@ void KrDxfIn::OnOk() {
     }
     WriteBack(result);
     try {
-        file_.Remember(Key());
+        file_.Remember();
     } catch (...) {
         // The record is written: what remains is confirmed also when there is no memory for a list.
     }
@@ -351,23 +307,8 @@ bool KrDxfIn::CheckScale(Result& result) {
 }
 
 bool KrDxfIn::CheckFile(Result& result) {
-    if (!file_.Readable(kRefusalCaption)) return false;
-    Utility().SetKeyword(Key());
-    if (!Utility().CheckFile(file_.Name().c_str())) {
-        FocusTo(kFileNameEdit);
-        return false;
-    }
-    if (file_.IsPattern()) {
-        file_.Browse();
-        FocusTo(kFileNameEdit);
-        return false;
-    }
-    if (!Utility().CheckInputFile(file_.Name().c_str())) {
-        file_.Forget();
-        FocusTo(kFileNameEdit);
-        return false;
-    }
-    result.inputFile = KrInternalPath(Utility(), Key(), file_.Name());
+    if (!file_.Confirm(kRefusalCaption)) return false;
+    result.inputFile = file_.InternalPath();
     return (!result.inputFile.empty() && FitsFixedText(info_.inputFileName, result.inputFile)) ||
            Refuse("ファイル名が長すぎます", kFileNameEdit);
 }
@@ -391,18 +332,24 @@ bool KrDxfIn::CheckTable(Result& result) {
     const auto table = ReadText(kTableEdit, kRefusalCaption);
     if (!table) return false;
     if (table->empty()) return true;
-    result.layerTable = KrInternalPath(Utility(), kTableKey, *table);
-    if (!result.layerTable.empty() && FitsFixedText(info_.layerTableFileName, result.layerTable)) return true;
-    if (*table != layerTable_) return Refuse("レイヤ変換テーブルのファイル名が無効です", kTableBrowseButton);
+    const std::string given = ReadFixedText(info_.layerTableFileName);
+    const bool untouched = *table == layerTable_;
+    // What the screen cannot show whole goes back as it came.
+    const bool shownWhole = HxEucEncoder::Sjis2Euc(layerTable_) == given;
+    if (!untouched || shownWhole) {
+        result.layerTable = KrInternalPath(Utility(), kTableKey, *table);
+        if (!result.layerTable.empty() && FitsFixedText(info_.layerTableFileName, result.layerTable)) return true;
+        if (!untouched) return Refuse("レイヤ変換テーブルのファイル名が無効です", kTableBrowseButton);
+    }
     // No name at all, but none of this dialog's choice: the host gets back what it gave.
-    result.layerTable = ReadFixedText(info_.layerTableFileName);
+    result.layerTable = given;
     return true;
 }
 
 bool KrDxfIn::AgreesToLoseModel() {
     if (IsAddMode() || !GetActiveModel()->IsModified()) return true;
     return kiro::ui::Ask(Handle(), "モデルが保存されていません。\nモデルが壊れます。\nよろしいですか。",
-                         drawing_.caption);
+                         drawing_.caption, kiro::ui::Icon::kWarning, kiro::ui::Default::kNo);
 }
 
 void KrDxfIn::WriteBack(const Result& result) {

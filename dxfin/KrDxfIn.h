@@ -10,7 +10,9 @@
 #include "ui/FileNameField.h"
 #include "ui/HostDialog.h"
 #include "ui/HoverZones.h"
+#include "ui/Medium.h"
 #include "ui/MenuLabel.h"
+#include "ui/PictureField.h"
 #include "ui/RadioGroup.h"
 #include "ui/WideningCombo.h"
 
@@ -44,17 +46,14 @@ class KrDxfIn final : public kiro::ui::HostDialog {
     // Filling the dialog.
     void BindControls();
     void InitTexts();
-    void InitPictures();
     void InitScales();
 
     // Handlers, in screen order.
-    void DataTypeChosen();
-    void PictureEditChanged();
-    void PictureChosen(int index);
+    void PictureChanged(std::optional<int> number);
     void ModeChosen();
     void ScaleLeft();
     void ScaleChosen(int index);
-    void MediaChosen();
+    void MediumChosen();
     void RefreshVersion();
     void BrowseTable();
     void OpenParameters();
@@ -62,12 +61,10 @@ class KrDxfIn final : public kiro::ui::HostDialog {
     void OpenBatch();
     void HelpZoneChanged(int zone);
 
-    kiro::ui::FileNameField::Chooser FileChooser() const;
+    kiro::ui::FileNameField::Place FilePlace() const;
     bool IsAddMode() const { return mode_.Selected() == 1; }
     bool IsShape() const { return dataType_.Selected() == 1; }
-    bool IsFloppy() const { return media_.Selected() == 1; }
-    const char* Key() const;  // the current file-type key
-    void TakePicture(int index);
+    void ShowVersion(const std::string& line) const;
     void ShowScaleOf(std::optional<int> picture);
 
     // The checks of the confirmation, in screen order. Each tells the user what is wrong and moves the focus.
@@ -84,15 +81,14 @@ class KrDxfIn final : public kiro::ui::HostDialog {
     const Mode& drawing_;
     bool isDwg_;
     bool pictureMatrix_;
-    int pictureNumber_ = 1;
-    std::string layerTable_;
+    std::string layerTable_;    // as it is shown at the start
     bool customScale_ = false;  // the scale list starts with an entry of the user's own
 
     kiro::ui::RadioGroup dataType_;
     kiro::ui::RadioGroup mode_;
     kiro::ui::RadioGroup matrix_;
-    kiro::ui::RadioGroup media_;
-    kiro::ui::WideningCombo pictures_;
+    kiro::ui::Medium medium_;
+    kiro::ui::PictureField picture_;
     kiro::ui::WideningCombo scales_;
     kiro::ui::FileNameField file_;
     kiro::ui::MenuLabel fileLabel_;

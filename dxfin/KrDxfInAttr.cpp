@@ -1,7 +1,6 @@
 #include "dxfin/KrDxfInAttr.h"
 
-#include <algorithm>
-#include <string>
+#include <vector>
 
 #include "dxfin_tables/KrDxfInTbl_Arrow.h"
 #include "dxfin_tables/KrDxfInTbl_Line.h"
@@ -22,6 +21,12 @@ constexpr int kTextWidthByTable = 1;
 constexpr int kPages[] = {kLayerConversionHelp, kLineTypeConversionHelp, kLineWidthConversionHelp,
                           kColorConversionHelp, kArrowConversionHelp,    kTextWidthConversionHelp};
 
+std::vector<std::int32_t> LineWeights() {
+    std::vector<std::int32_t> weights;
+    for (int index = 0; const int weight = DxfGetLineWeight(index); ++index) weights.push_back(weight);
+    return weights;
+}
+
 }  // namespace
 
 KrDxfInAttr::KrDxfInAttr(DxfInParamBlock& params)
@@ -30,25 +35,24 @@ KrDxfInAttr::KrDxfInAttr(DxfInParamBlock& params)
       layer_(*this, {kLayerAutoRadio, kLayerBothRadio, kLayerTableRadio}),
       target_(*this, {kTargetClassRadio, kTargetRevisionRadio}),
       textWidth_(*this, {kTextWidthAutoRadio, kTextWidthTableRadio}),
-      choices_{
-          {&DxfInParamBlock::layerConversion, layer_, {0, 1, 2}},
-          {&DxfInParamBlock::layerTarget, target_, {0, 1}},
-          {&DxfInParamBlock::lineTypeConversion,
-           {*this, {kLineTypeAutoRadio, kLineTypeBothRadio, kLineTypeTableRadio}},
-           {0, 1, 2}},
-          {&DxfInParamBlock::lineWidthConversion,
-           {*this, {kLineWidthAuto1Radio, kLineWidthAuto2Radio, kLineWidthTableRadio}},
-           {0, 1, 2}},
-          {&DxfInParamBlock::colorConversion,
-           {*this, {kColorAuto1Radio, kColorAuto2Radio, kColorTableRadio}},
-           {0, 1, 2}},
-          {&DxfInParamBlock::arrowConversion, {*this, {kArrowAutoRadio, kArrowTableRadio}}, {0, 2}},
-          {&DxfInParamBlock::textWidthConversion, textWidth_, {0, 2}},
-      },
+      words_(*this),
       zones_(*this,
              {kLayerHelpLabel, kLineTypeHelpLabel, kLineWidthHelpLabel, kColorHelpLabel, kArrowHelpLabel,
               kTextWidthHelpLabel},
              [this](int zone) { HelpZoneChanged(zone); }) {
+    using Block = DxfInParamBlock;
+    const auto group = [this](std::initializer_list<int> ids) { return kiro::ui::RadioGroup(*this, ids); };
+    words_.Radios(&Block::layerConversion, layer_, {0, 1, 2});
+    words_.Radios(&Block::layerTarget, target_, {0, 1});
+    words_.CheckBox(&Block::convertLayerNames, kLayerNamesCheck);
+    words_.Radios(&Block::lineTypeConversion, group({kLineTypeAutoRadio, kLineTypeBothRadio, kLineTypeTableRadio}),
+                  {0, 1, 2});
+    words_.Radios(&Block::lineWidthConversion,
+                  group({kLineWidthAuto1Radio, kLineWidthAuto2Radio, kLineWidthTableRadio}), {0, 1, 2});
+    words_.Numbers(&Block::defaultLineWeight, kDefaultWeightCombo, LineWeights());
+    words_.Radios(&Block::colorConversion, group({kColorAuto1Radio, kColorAuto2Radio, kColorTableRadio}), {0, 1, 2});
+    words_.Radios(&Block::arrowConversion, group({kArrowAutoRadio, kArrowTableRadio}), {0, 2});
+    words_.Radios(&Block::textWidthConversion, textWidth_, {0, 2});
     BindControls();
 }
 
@@ -70,30 +74,11 @@ void KrDxfInAttr::BindControls() {
 
 void KrDxfInAttr::OnInit() {
     Utility().SetParentWindow(Handle());
-    InitChoices();
-    InitWeights();
-    Item<kiro::ui::Button>(kLayerNamesCheck).SetCheck(params_.convertLayerNames != 0);
+    words_.Show(params_);
+    // What could not be confirmed is not offered at the start.
+    if (LacksFontTable()) textWidth_.Select(kTextWidthByTable);
     LayerChosen();
     TextWidthFollows();
-}
-
-// A value that no button has shows the first one.
-void KrDxfInAttr::InitChoices() {
-    for (const Choice& choice : choices_) {
-        const auto found = std::find(choice.values.begin(), choice.values.end(), params_.*choice.word);
-        choice.radios.Select(found == choice.values.end() ? kAutomatic
-                                                          : static_cast<int>(found - choice.values.begin()));
-    }
-}
-
-void KrDxfInAttr::InitWeights() {
-    const auto combo = Item<kiro::ui::ComboBox>(kDefaultWeightCombo);
-    int selected = 0;
-    for (int index = 0; const int weight = DxfGetLineWeight(index); ++index) {
-        combo.AddString(std::to_string(weight));
-        if (weight == params_.defaultLineWeight) selected = index;
-    }
-    combo.SetCurSel(selected);
 }
 
 // The target is for layers that no table assigns.
@@ -103,8 +88,10 @@ void KrDxfInAttr::LayerChosen() {
     for (const int id : {kLayerNewButton, kLayerChangeButton}) Item<kiro::ui::Button>(id).Enable(!automatic);
 }
 
+bool KrDxfInAttr::LacksFontTable() const { return textWidth_.Selected() == kAutomatic && !params_.fontTablePresent; }
+
 void KrDxfInAttr::TextWidthChosen() {
-    if (textWidth_.Selected() == kAutomatic && !params_.fontTablePresent) {
+    if (LacksFontTable()) {
         kiro::ui::Tell(Handle(), "ファイル DXFFONTTABLE.DAT がありません。", kCaption);
         // The focus goes along: a radio button that has it without being selected is clicked when it comes back.
         textWidth_.Select(kTextWidthByTable);
@@ -125,33 +112,17 @@ void KrDxfInAttr::HelpZoneChanged(int zone) {
     help_->Open(Handle(), zones_.Zone(zone));
 }
 
-DxfInParamBlock KrDxfInAttr::Chosen() const {
-    DxfInParamBlock words = params_;
-    for (const Choice& choice : choices_) {
-        words.*choice.word = choice.values[static_cast<std::size_t>(choice.radios.Selected())];
-    }
-    words.convertLayerNames = Item<kiro::ui::Button>(kLayerNamesCheck).IsChecked();
-    words.defaultLineWeight = DxfGetLineWeight(Item<kiro::ui::ComboBox>(kDefaultWeightCombo).GetCurSel());
-    return words;
-}
-
 void KrDxfInAttr::OnOk() {
-    if (textWidth_.Selected() == kAutomatic && !params_.fontTablePresent) {
+    if (LacksFontTable()) {
         kiro::ui::Tell(Handle(), "ファイル DXFFONTTABLE.DAT がありません。\n文字幅変換の自動変換は選択できません。",
                        kCaption);
+        FocusTo(kTextWidthTableRadio);
         return;
     }
-    const DxfInParamBlock words = Chosen();
-    if (Item<kiro::ui::Button>(kKeepSettingsCheck).IsChecked() && !Keep(words)) return;
+    DxfInParamBlock words = params_;
+    words_.Read(words);
+    const bool keep = Item<kiro::ui::Button>(kKeepSettingsCheck).IsChecked();
+    if (keep && !kiro::ui::KeepAsDefault(Handle(), kCaption, words, params_, setdxfinparam, DxfInWriteParam)) return;
     params_ = words;
     End(IDOK);
-}
-
-// On a failure the dialog stays open: the user can take the mark off "設定を保存する" and go on.
-bool KrDxfInAttr::Keep(const DxfInParamBlock& words) {
-    setdxfinparam(&words);
-    if (DxfInWriteParam() == 0) return true;
-    setdxfinparam(&params_);
-    kiro::ui::Tell(Handle(), "設定を保存できません。", kCaption);
-    return false;
 }

@@ -5,32 +5,33 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "dxfin_tables/DxfInLayerTable.h"
 #include "dxfin_tables/KrDxfInTbl_IO.h"
-#include "ui/HostDialog.h"
+#include "tablehub/LayerTableOpening.h"
+#include "tablehub/TableHub.h"
 #include "ui/RadioGroup.h"
 
-class KrDxfInTbl_Layer final : public kiro::ui::HostDialog {
+class KrDxfInTbl_Layer final : public TableHub {
   public:
     // Of the table only fileName and noFileRead count: the rest comes from the file.
     // allowBoth 0: only the mode forcedMode can be chosen (0: layers become classes, otherwise revisions).
     KrDxfInTbl_Layer(const DxfInLayerTable& table, std::int32_t allowBoth, std::int32_t forcedMode);
 
-  private:
-    void OnInit() override;
-    void OnOk() override;
-    void OnCancel() override;
+    // Lets the user choose a table and opens it. The owner is the utility's parent window.
+    static void Choose(KrUtility& utility, HWND owner, LayerTableUse use);
 
-    void ShowMode();
+  private:
+    void Read() override;
+    void Show() override;
+    bool Write() override { return io_->WriteLayerTable(*table_); }
+
     void ModeChosen(int index);
-    void EditLayers();
-    void EditColors();
 
     std::int32_t allowBoth_;
     std::int32_t forcedMode_;
     std::unique_ptr<DxfInLayerTable> table_;
     std::optional<KrDxfInTbl_IO> io_;
-    bool tableChanged_ = false;
     kiro::ui::RadioGroup mode_;
 };

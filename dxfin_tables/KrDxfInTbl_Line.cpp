@@ -5,7 +5,6 @@
 #include "dxfin_tables/KrDxfInTbl_LWidth.h"
 #include "dxfin_tables/KrDxfInTbl_PWidth.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Line.ids.h"
-#include "ui/MessageBoxes.h"
 
 namespace {
 
@@ -14,65 +13,44 @@ constexpr int kOff = 1;
 
 }  // namespace
 
+// "取消" deliberately asks nothing, unlike that of the layer table.
 KrDxfInTbl_Line::KrDxfInTbl_Line()
-    : HostDialog(kLineTableDialog),
+    : TableHub(kLineTableDialog, {"線種・線幅割当て", "変更内容を保存しますか？", nullptr}),
       table_(std::make_unique<DxfInLineTable>()),
-      polylines_(*this, {kPolylinesOnRadio, kPolylinesOffRadio}),
-      colors_(*this, {kColorsOnRadio, kColorsOffRadio}),
-      widths_(*this, {kWidthsOnRadio, kWidthsOffRadio}) {
+      polylines_{
+          &DxfInLineTable::polWidthSwitch, {*this, {kPolylinesOnRadio, kPolylinesOffRadio}}, kPolylineWidthsButton},
+      colors_{&DxfInLineTable::colWidthSwitch, {*this, {kColorsOnRadio, kColorsOffRadio}}, kColorWidthsButton},
+      widths_{&DxfInLineTable::widWidthSwitch, {*this, {kWidthsOnRadio, kWidthsOffRadio}}, kLineWidthsButton} {
     // Colours and line widths are never converted together.
-    polylines_.OnChosen([this](int index) { ConvertPolylines(index == kOn); });
-    colors_.OnChosen([this](int index) {
-        ConvertColors(index == kOn);
-        if (index == kOn) ConvertWidths(false);
-    });
-    widths_.OnChosen([this](int index) {
-        ConvertWidths(index == kOn);
-        if (index == kOn) ConvertColors(false);
-    });
-    Edit<KrDxfInTbl_LStyle>(kLineTypesButton);
-    Edit<KrDxfInTbl_PWidth>(kPolylineWidthsButton);
-    Edit<KrDxfInTbl_CWidth>(kColorWidthsButton);
-    Edit<KrDxfInTbl_LWidth>(kLineWidthsButton);
+    OnSwitch(polylines_, nullptr);
+    OnSwitch(colors_, &widths_);
+    OnSwitch(widths_, &colors_);
+    Edit(kLineTypesButton, [this] { return KrDxfInTbl_LStyle(*table_); });
+    Edit(kPolylineWidthsButton, [this] { return KrDxfInTbl_PWidth(*table_); });
+    Edit(kColorWidthsButton, [this] { return KrDxfInTbl_CWidth(*table_); });
+    Edit(kLineWidthsButton, [this] { return KrDxfInTbl_LWidth(*table_); });
 }
 
-template <class Editor>
-void KrDxfInTbl_Line::Edit(int buttonId) {
-    Bind(buttonId, BN_CLICKED, [this] { Editor(*table_).DoModal(Handle()); });
+void KrDxfInTbl_Line::OnSwitch(Switch& which, const Switch* excludes) {
+    which.radios.OnChosen([this, &which, excludes](int index) {
+        Convert(which, index == kOn);
+        if (index == kOn && excludes) Convert(*excludes, false);
+        Changed();
+    });
 }
 
-void KrDxfInTbl_Line::OnInit() {
-    Utility().SetParentWindow(Handle());
+void KrDxfInTbl_Line::Read() {
     io_.emplace(Utility(), Handle());
     io_->ReadLineTable(*table_);
-    const bool widths = table_->widWidthSwitch == 1;
-    ConvertPolylines(table_->polWidthSwitch == 1);
-    ConvertColors(table_->colWidthSwitch == 1 && !widths);
-    ConvertWidths(widths);
+    if (table_->widWidthSwitch == 1) table_->colWidthSwitch = 0;
 }
 
-void KrDxfInTbl_Line::ConvertPolylines(bool on) {
-    table_->polWidthSwitch = on;
-    polylines_.Select(on ? kOn : kOff);
-    Item<kiro::ui::Button>(kPolylineWidthsButton).Enable(on);
+void KrDxfInTbl_Line::Show() {
+    for (const Switch* which : {&polylines_, &colors_, &widths_}) Convert(*which, (*table_).*which->word == 1);
 }
 
-void KrDxfInTbl_Line::ConvertColors(bool on) {
-    table_->colWidthSwitch = on;
-    colors_.Select(on ? kOn : kOff);
-    Item<kiro::ui::Button>(kColorWidthsButton).Enable(on);
-}
-
-void KrDxfInTbl_Line::ConvertWidths(bool on) {
-    table_->widWidthSwitch = on;
-    widths_.Select(on ? kOn : kOff);
-    Item<kiro::ui::Button>(kLineWidthsButton).Enable(on);
-}
-
-// A table that could not be written stays open, so that nothing is lost. "取消" deliberately asks nothing, unlike that
-// of the layer table.
-void KrDxfInTbl_Line::OnOk() {
-    const bool save =
-        kiro::ui::Ask(Handle(), "変更内容を保存しますか？", "線種・線幅割当て", kiro::ui::Icon::kQuestion);
-    if (!save || io_->WriteLineTable(*table_)) End(IDOK);
+void KrDxfInTbl_Line::Convert(const Switch& which, bool on) {
+    (*table_).*which.word = on;
+    which.radios.Select(on ? kOn : kOff);
+    Item<kiro::ui::Button>(which.button).Enable(on);
 }

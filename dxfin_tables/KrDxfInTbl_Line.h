@@ -7,26 +7,31 @@
 
 #include "dxfin_tables/DxfInLineTable.h"
 #include "dxfin_tables/KrDxfInTbl_IO.h"
-#include "ui/HostDialog.h"
+#include "tablehub/TableHub.h"
 #include "ui/RadioGroup.h"
 
-class KrDxfInTbl_Line final : public kiro::ui::HostDialog {
+class KrDxfInTbl_Line final : public TableHub {
   public:
     KrDxfInTbl_Line();
 
   private:
-    void OnInit() override;
-    void OnOk() override;
+    // "割当てる" and "割当てない", the switch that they set, and the editor that is of use then.
+    struct Switch {
+        std::int32_t DxfInLineTable::*word;
+        kiro::ui::RadioGroup radios;
+        int button;
+    };
 
-    void ConvertPolylines(bool on);
-    void ConvertColors(bool on);
-    void ConvertWidths(bool on);
-    template <class Editor>
-    void Edit(int buttonId);
+    void Read() override;
+    void Show() override;
+    bool Write() override { return io_->WriteLineTable(*table_); }
+
+    void OnSwitch(Switch& which, const Switch* excludes);
+    void Convert(const Switch& which, bool on);
 
     std::unique_ptr<DxfInLineTable> table_;
     std::optional<KrDxfInTbl_IO> io_;
-    kiro::ui::RadioGroup polylines_;
-    kiro::ui::RadioGroup colors_;
-    kiro::ui::RadioGroup widths_;
+    Switch polylines_;
+    Switch colors_;
+    Switch widths_;
 };

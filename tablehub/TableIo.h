@@ -14,6 +14,7 @@
 #include "tables/TableListing.h"
 
 inline constexpr char kTableKey[] = "#DXF:TABLE#";
+inline constexpr std::size_t kLongestTablePath = 260;  // what the tables' own fields hold, the NUL included
 
 // A file in the folder of a key, given by its name or its full path: its full path, or "" when there can be none.
 std::string TablePath(KrUtility& utility, const char* key, std::string_view name);

@@ -23,3 +23,16 @@ std::string_view CutAtCharacter(std::string_view text, std::size_t limit) {
     }
     return text.substr(0, end);
 }
+
+std::string_view FileNameOf(std::string_view path) {
+    std::size_t name = 0;
+    for (std::size_t at = 0; at < path.size();) {
+        if (IsLeadByte(path[at]) && at + 1 < path.size() && IsTrailByte(path[at + 1])) {
+            at += 2;
+            continue;
+        }
+        const char c = path[at++];
+        if (c == '\\' || c == '/' || c == ':') name = at;
+    }
+    return path.substr(name);
+}

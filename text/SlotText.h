@@ -8,6 +8,9 @@
 // The start of a text, at most limit bytes of it, which does not end within a double-byte character.
 std::string_view CutAtCharacter(std::string_view text, std::size_t limit);
 
+// The name of a file without its folder. A byte that is part of a double-byte character separates nothing.
+std::string_view FileNameOf(std::string_view path);
+
 // The text of a slot: up to its NUL or its end.
 template <std::size_t N>
 std::string_view SlotText(const char (&slot)[N]) {

@@ -9,10 +9,26 @@
 namespace kiro::ui {
 namespace {
 
-// The commands run on one thread, so one module is current at a time.
-HMODULE resourceModule = nullptr;
+// One value for each thread, which takes no memory: a host may unload the library when it pleases.
+class ThreadSlot {
+  public:
+    ThreadSlot() : index_(TlsAlloc()) {}
+    ThreadSlot(const ThreadSlot&) = delete;
+    ThreadSlot& operator=(const ThreadSlot&) = delete;
+    ~ThreadSlot() { TlsFree(index_); }
+
+    HMODULE Get() const { return static_cast<HMODULE>(TlsGetValue(index_)); }
+    void Set(HMODULE module) const { TlsSetValue(index_, module); }
+
+  private:
+    DWORD index_;
+};
+
+// A host with several threads may run a command on each.
+const ThreadSlot resourceModule;
 
 constexpr int kNoControl = 0;
+constexpr INT_PTR kNotShown = -1;
 
 // The notification codes of edits, combos and buttons overlap; the window class tells which is meant.
 enum class FocusEvent { kNone, kGained, kLost };
@@ -34,19 +50,28 @@ FocusEvent FocusEventOf(HWND control, int notification) {
 
 }  // namespace
 
-HMODULE ResourceModule() { return resourceModule; }
+HMODULE ResourceModule() { return resourceModule.Get(); }
 
-ScopedResourceModule::ScopedResourceModule(HMODULE module) : previous_(std::exchange(resourceModule, module)) {}
+ScopedResourceModule::ScopedResourceModule(HMODULE module) : previous_(resourceModule.Get()) {
+    resourceModule.Set(module);
+}
 
-ScopedResourceModule::~ScopedResourceModule() { resourceModule = previous_; }
+ScopedResourceModule::~ScopedResourceModule() { resourceModule.Set(previous_); }
 
 Dialog::~Dialog() { Destroy(); }
 
 INT_PTR Dialog::DoModal(HWND owner) {
     modal_ = true;
-    ended_ = false;
-    return DialogBoxParamW(ResourceModule(), MAKEINTRESOURCEW(templateId_), owner, &Dialog::Procedure,
-                           reinterpret_cast<LPARAM>(this));
+    shown_ = false;
+    result_.reset();
+    const bool ownerEnabled = owner && IsWindowEnabled(owner);
+    DialogBoxParamW(ResourceModule(), MAKEINTRESOURCEW(templateId_), owner, &Dialog::Procedure,
+                    reinterpret_cast<LPARAM>(this));
+    if (result_) return *result_;
+    // What the system gives is no result when WM_QUIT has broken off its loop: it may be 1, which is IDOK. (It has put
+    // the message back for the loops around.) Nor does it always enable the owner then.
+    if (ownerEnabled && IsWindow(owner)) EnableWindow(owner, TRUE);
+    return shown_ ? IDCANCEL : kNotShown;
 }
 
 bool Dialog::Create(HWND owner) {
@@ -76,8 +101,9 @@ void Dialog::Guide(std::initializer_list<GuidanceText> texts) {
 }
 
 void Dialog::End(INT_PTR result) {
-    if (!modal_ || ended_) return;
-    ended_ = true;
+    // A dialog whose window is gone has ended already, as cancelled.
+    if (!modal_ || !handle_ || result_) return;
+    result_ = result;
     EndDialog(handle_, result);
 }
 
@@ -124,6 +150,8 @@ INT_PTR Dialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_INITDIALOG:
             Initialise();
             return modal_;  // a modeless dialog takes no focus
+        case WM_PAINT:
+            return Paint();
         case WM_COMMAND:
             return Command(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
         case WM_NCDESTROY:
@@ -137,12 +165,24 @@ INT_PTR Dialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void Dialog::Initialise() {
     const Loading loading(*this);
+    shown_ = true;
     OnInit();
     if (modal_) CenterOnOwner();
 }
 
+INT_PTR Dialog::Paint() {
+    if (painters_.empty()) return FALSE;
+    PAINTSTRUCT paint{};
+    if (const HDC dc = BeginPaint(handle_, &paint)) {
+        for (const auto& painter : painters_) painter(dc);
+    }
+    EndPaint(handle_, &paint);
+    return TRUE;
+}
+
 INT_PTR Dialog::Command(int controlId, int notification, HWND control) {
-    if (loading_ > 0 || ended_) return FALSE;
+    if (loading_ > 0 || result_) return FALSE;
+    for (const auto& handler : anyAction_) handler();
     const FocusEvent event = control ? FocusEventOf(control, notification) : FocusEvent::kNone;
     if (event != FocusEvent::kNone) FocusChanged(controlId, event == FocusEvent::kGained);
     bool handled = event != FocusEvent::kNone;

@@ -12,13 +12,14 @@
 #include <initializer_list>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ui/Window.h"
 
 namespace kiro::ui {
 
-// The module whose templates, menus and bitmaps are shown: the library's own while a command runs.
+// The module whose templates, menus and bitmaps this thread shows: the library's own while a command runs.
 HMODULE ResourceModule();
 
 class ScopedResourceModule {
@@ -45,8 +46,8 @@ class Dialog {
     Dialog& operator=(const Dialog&) = delete;
     virtual ~Dialog();
 
-    // Runs modally over the owner (null: none) and gives what ended it: IDOK, IDCANCEL, or -1 when it could not be
-    // shown.
+    // Runs modally over the owner (null: none) and gives the result that End was given; IDCANCEL when something else
+    // ended it, such as WM_QUIT or the destruction of the owner; -1 when it could not be shown.
     INT_PTR DoModal(HWND owner);
     // Makes a modeless dialog, not shown yet; false when it cannot be made. It is destroyed by Destroy, with its owner
     // or with this object.
@@ -68,21 +69,11 @@ class Dialog {
     // An edit, combo or button that takes the focus or gives it away; 0 for the control means any of them. A button
     // tells only when it has the style BS_NOTIFY.
     void BindFocus(int controlId, std::function<void(bool gained)> handler);
+    // Whatever the user does to a control, before its own handlers run.
+    void BindAnyAction(std::function<void()> handler) { anyAction_.push_back(std::move(handler)); }
+    // Paints on the dialog itself, beside its controls.
+    void BindPaint(std::function<void(HDC)> painter) { painters_.push_back(std::move(painter)); }
 
-  protected:
-    virtual void OnInit() {}
-    virtual void OnOk() { End(IDOK); }
-    virtual void OnCancel() { End(IDCANCEL); }
-    virtual void ShowGuidance(const char*) {}  // "" clears
-
-    template <class D>
-    void On(int controlId, int notification, void (D::*handler)()) {
-        Bind(controlId, notification, [this, handler] { (static_cast<D*>(this)->*handler)(); });
-    }
-    void Guide(std::initializer_list<GuidanceText> texts);
-
-    // Ends a modal dialog. Nothing that happens to its controls afterwards runs a handler, and the first result stands.
-    void End(INT_PTR result);
     void FocusTo(int controlId) const;
 
     // The text of a control. When code page 932 cannot hold it, the user is told which character it is, the focus goes
@@ -100,8 +91,21 @@ class Dialog {
       private:
         Dialog& dialog_;
     };
-    friend class Loading;
-    friend class FileNameField;
+
+  protected:
+    virtual void OnInit() {}
+    virtual void OnOk() { End(IDOK); }
+    virtual void OnCancel() { End(IDCANCEL); }
+    virtual void ShowGuidance(const char*) {}  // "" clears
+
+    template <class D>
+    void On(int controlId, int notification, void (D::*handler)()) {
+        Bind(controlId, notification, [this, handler] { (static_cast<D*>(this)->*handler)(); });
+    }
+    void Guide(std::initializer_list<GuidanceText> texts);
+
+    // Ends a modal dialog. Nothing that happens to its controls afterwards runs a handler, and the first result stands.
+    void End(INT_PTR result);
 
   private:
     struct CommandBinding {
@@ -121,6 +125,7 @@ class Dialog {
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR Handle(UINT message, WPARAM wParam, LPARAM lParam);
     void Initialise();
+    INT_PTR Paint();
     INT_PTR Command(int controlId, int notification, HWND control);
     void FocusChanged(int controlId, bool gained);
     void CenterOnOwner() const;
@@ -128,11 +133,14 @@ class Dialog {
     int templateId_;
     HWND handle_ = nullptr;
     bool modal_ = false;
-    bool ended_ = false;
+    bool shown_ = false;             // the window has been there
+    std::optional<INT_PTR> result_;  // what End was given
     int loading_ = 0;
     std::vector<CommandBinding> commands_;
     std::vector<MessageBinding> messages_;
     std::vector<FocusBinding> focus_;
+    std::vector<std::function<void()>> anyAction_;
+    std::vector<std::function<void(HDC)>> painters_;
 };
 
 }  // namespace kiro::ui

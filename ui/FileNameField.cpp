@@ -6,22 +6,22 @@ namespace kiro::ui {
 namespace {
 
 constexpr char kPlaceholder[] = "ファイル名を入力 または［参照］でファイルを選択";
-constexpr char kAnyName[] = "*";
 constexpr unsigned int kNameLimit = 255;  // characters that can be typed
 constexpr COLORREF kPlaceholderColor = RGB(0x80, 0x80, 0x80);
 
 }  // namespace
 
-FileNameField::FileNameField(Dialog& dialog, KrUtility& utility, const Controls& controls,
-                             std::function<Chooser()> chooser, std::function<void()> nameSet,
-                             std::function<void()> cleared)
+FileNameField::FileNameField(Dialog& dialog, KrUtility& utility, const Controls& controls, std::function<Place()> place,
+                             const char* emptyName, std::function<void()> nameSet, std::function<void()> cleared)
     : dialog_(dialog),
       utility_(utility),
       controls_(controls),
-      chooser_(std::move(chooser)),
+      place_(std::move(place)),
+      emptyName_(emptyName),
       nameSet_(std::move(nameSet)),
       cleared_(std::move(cleared)),
-      recent_(dialog, controls.recentCombo, controls.edit, [this](int index) { OnRecentChosen(index); }) {
+      recent_(dialog, controls.recentCombo, controls.edit, [this](int index) { OnRecentChosen(index); }),
+      name_(emptyName) {
     dialog.BindFocus(controls.edit, [this](bool gained) { OnFocus(gained); });
     dialog.Bind(controls.edit, EN_CHANGE, [this] { OnChange(); });
     dialog.Bind(controls.browseButton, BN_CLICKED, [this] { Browse(); });
@@ -34,22 +34,25 @@ FileNameField::FileNameField(Dialog& dialog, KrUtility& utility, const Controls&
     });
 }
 
-void FileNameField::Init(const char* recentKey) {
+void FileNameField::Init() {
     NameEdit().LimitText(kNameLimit);
-    LoadRecent(recentKey);
+    LoadRecent();
     Clear();
 }
 
 void FileNameField::Clear() {
-    name_ = kAnyName;
+    name_ = emptyName_;
     entered_ = false;
     Show(kPlaceholder);
-    cleared_();
+    if (cleared_) cleared_();
 }
 
-bool FileNameField::Readable(const std::string& caption) {
-    return !entered_ || dialog_.ReadText(controls_.edit, caption).has_value();
+void FileNameField::Enable(bool on) const {
+    for (const int id : {controls_.edit, controls_.recentCombo, controls_.browseButton})
+        dialog_.Item<Window>(id).Enable(on);
 }
+
+std::string FileNameField::InternalPath() const { return KrInternalPath(utility_, place_().key, name_); }
 
 void FileNameField::OnFocus(bool gained) {
     if (gained) {
@@ -61,14 +64,15 @@ void FileNameField::OnFocus(bool gained) {
     }
     Normalise();
     if (!NameEdit().Text()) {
-        cleared_();
-    } else if (name_.empty() || name_ == kAnyName) {
+        if (cleared_) cleared_();  // a text that is no name, and stays to be put right
+    } else if (!HasName()) {
         Clear();
-    } else {
+    } else if (nameSet_) {
         nameSet_();
     }
 }
 
+// What becomes of the name when the edit loses the focus. The Enter key confirms a dialog without that.
 void FileNameField::Normalise() {
     const auto text = NameEdit().Text();
     if (!entered_ || !text) return;
@@ -90,13 +94,40 @@ void FileNameField::OnRecentChosen(int index) {
     dialog_.FocusTo(controls_.edit);
 }
 
-void FileNameField::Browse() {
-    const Chooser chooser = chooser_();
-    chooser.floppy ? utility_.SetFloppy(chooser.key) : utility_.SetKeyword(chooser.key);
-    utility_.SetComment(chooser.comment);
+bool FileNameField::Browse() {
+    const Place place = place_();
+    place.floppy ? utility_.SetFloppy(place.chooserKey) : utility_.SetKeyword(place.chooserKey);
+    utility_.SetComment(place.comment);
     utility_.SetWildcard(name_.c_str());
-    if (!utility_.FileDialog(chooser.mode)) return;
+    if (!utility_.FileDialog(place.mode)) return false;
     SetName(utility_.GetFileName());
+    return true;
+}
+
+bool FileNameField::Refuse() {
+    dialog_.FocusTo(controls_.edit);
+    return false;
+}
+
+bool FileNameField::Confirm(const std::string& caption, Pattern pattern, NameCheck check) {
+    Normalise();
+    if (entered_ && !dialog_.ReadText(controls_.edit, caption)) return false;
+    const Place place = place_();
+    utility_.SetKeyword(place.key);
+    if (check == NameCheck::kByHost && !utility_.CheckFile(name_.c_str())) return Refuse();
+    if (IsPattern()) {
+        if (!Browse() || pattern == Pattern::kStays) return Refuse();
+        utility_.SetKeyword(place.key);
+    }
+    return Access(place) || Refuse();
+}
+
+bool FileNameField::Access(const Place& place) {
+    if (place.mode == kKrChooseNew) return utility_.CheckOutputFile(name_.c_str()) != 0;
+    if (utility_.CheckInputFile(name_.c_str())) return true;
+    // Off the list that shows; the kept one follows when a name is remembered.
+    utility_.DelFilePath(&recentNames_, name_.c_str(), RecentHandle(), recentMax_);
+    return false;
 }
 
 void FileNameField::SetName(const std::string& name) {
@@ -104,7 +135,7 @@ void FileNameField::SetName(const std::string& name) {
     entered_ = true;
     Show(name);
     NameEdit().ShowEnd();
-    nameSet_();
+    if (nameSet_) nameSet_();
 }
 
 void FileNameField::Show(const std::string& text) {
@@ -113,21 +144,19 @@ void FileNameField::Show(const std::string& text) {
     InvalidateRect(NameEdit().Handle(), nullptr, TRUE);
 }
 
-void FileNameField::LoadRecent(const char* key) {
-    utility_.GetUsedFile(key, kKrUsedFiles, &recentNames_, &recentMax_, RecentHandle());
+void FileNameField::LoadRecent() {
+    utility_.GetUsedFile(place_().key, kKrUsedFiles, &recentNames_, &recentMax_, RecentHandle());
 }
 
-void FileNameField::ClearRecent(const char* key) {
+void FileNameField::ClearRecent() {
     const int none = 0;
-    utility_.SetUsedFile(key, kKrUsedFiles, &recentNames_, &none);
-    LoadRecent(key);
+    utility_.SetUsedFile(place_().key, kKrUsedFiles, &recentNames_, &none);
+    LoadRecent();
 }
 
-void FileNameField::Remember(const char* key) {
+void FileNameField::Remember() {
     utility_.SetFilePath(&recentNames_, name_.c_str(), RecentHandle(), recentMax_);
-    utility_.SetUsedFile(key, kKrUsedFiles, &recentNames_, &recentMax_);
+    utility_.SetUsedFile(place_().key, kKrUsedFiles, &recentNames_, &recentMax_);
 }
-
-void FileNameField::Forget() { utility_.DelFilePath(&recentNames_, name_.c_str(), RecentHandle(), recentMax_); }
 
 }  // namespace kiro::ui

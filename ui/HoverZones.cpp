@@ -3,6 +3,11 @@
 #include <utility>
 
 namespace kiro::ui {
+namespace {
+
+constexpr UINT kWatchMilliseconds = 50;  // how soon is noticed that the mouse has left a zone
+
+}  // namespace
 
 HoverZones::HoverZones(Dialog& dialog, std::initializer_list<int> staticIds, std::function<void(int)> changed)
     : dialog_(dialog), staticIds_(staticIds), changed_(std::move(changed)) {
@@ -13,7 +18,11 @@ HoverZones::HoverZones(Dialog& dialog, std::initializer_list<int> staticIds, std
     dialog.BindMessage(WM_MOUSEMOVE, follow);
     // The dialog gets no mouse move while the mouse is over one of its controls, but it is asked for the cursor.
     dialog.BindMessage(WM_SETCURSOR, follow);
-    dialog.BindMessage(WM_MOUSELEAVE, follow);
+    // Where the mouse goes from a zone the dialog may not be told: into another window, the explanation itself too.
+    dialog.BindMessage(WM_TIMER, [this](WPARAM wParam, LPARAM) -> std::optional<INT_PTR> {
+        if (wParam == TimerId()) Follow();
+        return std::nullopt;
+    });
     // Nothing is explained at a place where it no longer is, or in a dialog that is not worked with.
     const auto leave = [this](WPARAM, LPARAM) -> std::optional<INT_PTR> {
         Leave();
@@ -34,18 +43,17 @@ RECT HoverZones::Zone(int index) const {
 void HoverZones::Follow() {
     POINT point{};
     GetCursorPos(&point);
-    const int index = Under(point);
-    if (index >= 0) {
-        // Tells when the mouse leaves the dialog altogether.
-        TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, dialog_.Handle(), 0};
-        TrackMouseEvent(&track);
-    }
-    MoveTo(index);
+    MoveTo(Under(point));
 }
 
 void HoverZones::MoveTo(int index) {
     if (index == current_) return;
     current_ = index;
+    if (index >= 0) {
+        SetTimer(dialog_.Handle(), TimerId(), kWatchMilliseconds, nullptr);
+    } else {
+        KillTimer(dialog_.Handle(), TimerId());
+    }
     changed_(index);
 }
 

@@ -22,6 +22,7 @@ class HoverZones {
     void Leave() { MoveTo(-1); }
     void MoveTo(int index);
     int Under(POINT screenPoint) const;
+    UINT_PTR TimerId() const { return reinterpret_cast<UINT_PTR>(this); }
 
     Dialog& dialog_;
     std::vector<int> staticIds_;

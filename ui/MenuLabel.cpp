@@ -25,12 +25,8 @@ void DrawCorner(HDC dc, const RECT& rect, bool upperLeft, COLORREF color) {
 
 MenuLabel::MenuLabel(Dialog& dialog, int labelId, int menuId, std::function<void(UINT)> chosen)
     : dialog_(dialog), labelId_(labelId), menuId_(menuId), chosen_(std::move(chosen)) {
-    dialog.BindMessage(WM_PAINT, [this](WPARAM, LPARAM) -> std::optional<INT_PTR> {
-        PAINTSTRUCT paint{};
-        if (const HDC dc = BeginPaint(dialog_.Handle(), &paint)) Paint(dc);
-        EndPaint(dialog_.Handle(), &paint);
-        return TRUE;
-    });
+    dialog.BindPaint([this](HDC dc) { Paint(dc); });
+    dialog.BindAnyAction([this] { Draw(State::kFlat); });
 }
 
 void MenuLabel::Init() {
@@ -47,7 +43,7 @@ std::optional<LRESULT> MenuLabel::OnLabelMessage(UINT message) {
             return std::nullopt;
         }
         case WM_MOUSELEAVE:
-            if (state_ != State::kPressed) Flat();
+            if (state_ != State::kPressed) Draw(State::kFlat);
             return std::nullopt;
         case WM_LBUTTONDOWN:
         case WM_RBUTTONDOWN:

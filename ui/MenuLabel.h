@@ -1,5 +1,5 @@
 // A static text that acts as a menu button: the mouse over it draws a raised frame, a press draws a sunken one and
-// opens a menu at its lower right corner.
+// opens a menu at its lower right corner. Whatever else the user does in the dialog first draws it flat.
 #pragma once
 
 #include <functional>
@@ -15,9 +15,6 @@ class MenuLabel {
     // given to chosen. Bind it before the dialog is shown, call Init when it is initialised.
     MenuLabel(Dialog& dialog, int labelId, int menuId, std::function<void(UINT command)> chosen);
     void Init();
-
-    // Draws the label flat. Every other action of the dialog does this first.
-    void Flat() { Draw(State::kFlat); }
 
   private:
     enum class State { kFlat = 0, kPressed = 1, kHovered = 2 };

@@ -18,8 +18,14 @@ void Tell(HWND owner, std::string_view text, std::string_view caption, Icon icon
     Box(owner, text, caption, MB_OK | static_cast<UINT>(icon));
 }
 
-bool Ask(HWND owner, std::string_view text, std::string_view caption, Icon icon) {
-    return Box(owner, text, caption, MB_YESNO | static_cast<UINT>(icon)) == IDYES;
+Answer Question(HWND owner, std::string_view text, std::string_view caption, Icon icon, Default button) {
+    const UINT type = MB_YESNO | static_cast<UINT>(icon) | (button == Default::kNo ? MB_DEFBUTTON2 : MB_DEFBUTTON1);
+    const int answer = Box(owner, text, caption, type);
+    return answer == IDYES ? Answer::kYes : answer == IDNO ? Answer::kNo : Answer::kNone;
+}
+
+bool Ask(HWND owner, std::string_view text, std::string_view caption, Icon icon, Default button) {
+    return Question(owner, text, caption, icon, button) == Answer::kYes;
 }
 
 }  // namespace kiro::ui

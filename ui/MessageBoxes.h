@@ -13,7 +13,13 @@ void DefaultBeep();
 
 // A box with OK.
 void Tell(HWND owner, std::string_view text, std::string_view caption, Icon icon = Icon::kWarning);
-// A box with Yes and No; true for Yes.
-bool Ask(HWND owner, std::string_view text, std::string_view caption, Icon icon = Icon::kWarning);
+// A question with Yes and No. What destroys something the Enter key must not agree to.
+enum class Default { kYes, kNo };
+enum class Answer { kYes, kNo, kNone };  // none: the box was broken off, by WM_QUIT say
+Answer Question(HWND owner, std::string_view text, std::string_view caption, Icon icon = Icon::kWarning,
+                Default button = Default::kYes);
+// True for Yes.
+bool Ask(HWND owner, std::string_view text, std::string_view caption, Icon icon = Icon::kWarning,
+         Default button = Default::kYes);
 
 }  // namespace kiro::ui

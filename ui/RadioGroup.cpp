@@ -14,10 +14,6 @@ void RadioGroup::OnChosen(std::function<void(int)> chosen) {
     }
 }
 
-void RadioGroup::SelectByClickOnly() const {
-    for (const int id : controlIds_) dialog_.Item<Button>(id).SetDontClick(true);
-}
-
 void RadioGroup::Select(int index) const {
     for (std::size_t i = 0; i < controlIds_.size(); ++i) {
         dialog_.Item<Button>(controlIds_[i]).SetCheck(static_cast<int>(i) == index);
@@ -28,11 +24,6 @@ int RadioGroup::Selected() const {
     const auto checked = [this](int id) { return dialog_.Item<Button>(id).IsChecked(); };
     const auto found = std::find_if(controlIds_.begin(), controlIds_.end(), checked);
     return found == controlIds_.end() ? -1 : static_cast<int>(found - controlIds_.begin());
-}
-
-void RadioGroup::SelectByFlags(std::initializer_list<int> flags) const {
-    const auto found = std::find(flags.begin(), flags.end(), 0);
-    Select(found == flags.end() ? -1 : static_cast<int>(found - flags.begin()));
 }
 
 void RadioGroup::Enable(bool on) const {

@@ -1,6 +1,5 @@
 // One choice among radio buttons, whatever groups the template puts them into. Where every button is a group of its
-// own, the system does not keep them exclusive: this does. The record's convention for such buttons is one int32 each
-// that is 0 when the button is selected; Flag gives it.
+// own, the system does not keep them exclusive: this does.
 #pragma once
 
 #include <functional>
@@ -18,14 +17,9 @@ class RadioGroup {
     // Binds the buttons: a click selects the button, then chosen runs with its index. Call it before the dialog is
     // shown.
     void OnChosen(std::function<void(int index)> chosen);
-    // For buttons that are groups of their own: the focus alone must select none. Call it when the dialog is
-    // initialised.
-    void SelectByClickOnly() const;
 
     void Select(int index) const;  // -1: none is selected
     int Selected() const;          // -1: none is selected
-    int Flag(int index) const { return Selected() == index ? 0 : 1; }
-    void SelectByFlags(std::initializer_list<int> flags) const;  // the first that is 0
     void Enable(bool on) const;
 
   private:

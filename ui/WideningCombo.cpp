@@ -5,6 +5,8 @@
 namespace kiro::ui {
 namespace {
 
+constexpr int kFrameDistance = 2;  // pixels
+
 // SetWindowPos gives a combo the height of its closed field; the height asked for is that of the open list. The width
 // and place alone are wanted.
 void Place(HWND combo, LONG left, LONG top, LONG width) {
@@ -19,12 +21,12 @@ void Place(HWND combo, LONG left, LONG top, LONG width) {
 WideningCombo::WideningCombo(Dialog& dialog, int comboId, int editId, std::function<void(int)> chosen)
     : dialog_(dialog), comboId_(comboId), editId_(editId), chosen_(std::move(chosen)) {
     dialog.BindMessage(WM_INITDIALOG, [this](WPARAM, LPARAM) -> std::optional<INT_PTR> {
-        // As wide as its arrow: of the selected entry not even a first stroke shows beside the edit.
-        const RECT rect = Combo().RectInParent();
-        const UINT dpi = GetDpiForWindow(Combo().Handle());
-        const int arrow = GetSystemMetricsForDpi(SM_CXVSCROLL, dpi) + 2 * GetSystemMetricsForDpi(SM_CXEDGE, dpi);
-        Place(Combo().Handle(), rect.left, rect.top, arrow);
+        Init();
         return std::nullopt;
+    });
+    dialog.BindPaint([this](HDC dc) {
+        const RECT frame = Frame();
+        if (wide_) DrawFocusRect(dc, &frame);
     });
     dialog.BindFocus(comboId, [this](bool gained) { gained ? Widen() : Restore(); });
     dialog.Bind(comboId, CBN_DROPDOWN, [this] {
@@ -34,6 +36,17 @@ WideningCombo::WideningCombo(Dialog& dialog, int comboId, int editId, std::funct
     dialog.Bind(comboId, CBN_SELCHANGE, [this] { OnSelChange(); });
     dialog.Bind(comboId, CBN_SELENDOK, [this] { accepted_ = true; });
     dialog.Bind(comboId, CBN_CLOSEUP, [this] { OnCloseUp(); });
+}
+
+void WideningCombo::Init() {
+    const HWND combo = Combo().Handle();
+    // As wide as its arrow: of the selected entry not even a first stroke shows beside the edit.
+    const RECT rect = Combo().RectInParent();
+    const UINT dpi = GetDpiForWindow(combo);
+    const int arrow = GetSystemMetricsForDpi(SM_CXVSCROLL, dpi) + 2 * GetSystemMetricsForDpi(SM_CXEDGE, dpi);
+    Place(combo, rect.left, rect.top, arrow);
+    // The edit comes before it in the template and so lies above it: what the combo paints must not cover it.
+    SetWindowLongPtrW(combo, GWL_STYLE, GetWindowLongPtrW(combo, GWL_STYLE) | WS_CLIPSIBLINGS);
 }
 
 // The mouse closes the list and then tells of the new selection; the keyboard tells of each step while the list is
@@ -63,15 +76,29 @@ void WideningCombo::Widen() {
     narrow_ = Combo().RectInParent();
     const RECT edit = dialog_.Item<Window>(editId_).RectInParent();
     Place(Combo().Handle(), edit.left, narrow_.top, narrow_.right - edit.left);
-    // The edit lies above the combo. With nothing of it left to see or to click, the combo shows whole.
-    SetWindowRgn(dialog_.Item<Window>(editId_).Handle(), CreateRectRgn(0, 0, 0, 0), TRUE);
+    Repaint();
 }
 
 void WideningCombo::Restore() {
     if (!wide_) return;
     wide_ = false;
     Place(Combo().Handle(), narrow_.left, narrow_.top, narrow_.right - narrow_.left);
-    SetWindowRgn(dialog_.Item<Window>(editId_).Handle(), nullptr, TRUE);
+    Repaint();
+}
+
+void WideningCombo::Repaint() const {
+    RECT frame = Frame();
+    InvalidateRect(dialog_.Handle(), &frame, TRUE);
+    InvalidateRect(dialog_.Item<Window>(editId_).Handle(), nullptr, TRUE);
+}
+
+RECT WideningCombo::Frame() const {
+    const RECT edit = dialog_.Item<Window>(editId_).RectInParent();
+    const RECT combo = Combo().RectInParent();
+    RECT frame{};
+    UnionRect(&frame, &edit, &combo);
+    InflateRect(&frame, kFrameDistance, kFrameDistance);
+    return frame;
 }
 
 }  // namespace kiro::ui

@@ -1,5 +1,6 @@
-// The narrow combo beside an edit, of which only the arrow shows. While it has the focus it reaches over the edit, so
-// that its list is as wide as both together.
+// The narrow combo beside an edit, of which only the arrow shows. While it has the focus it reaches to the left edge of
+// the edit, so that its list is as wide as both together; the edit lies over it and stays readable, and a frame around
+// both shows where the focus is.
 #pragma once
 
 #include <functional>
@@ -17,8 +18,11 @@ class WideningCombo {
     ComboBox Combo() const { return dialog_.Item<ComboBox>(comboId_); }
 
   private:
+    void Init();
     void Widen();
     void Restore();
+    void Repaint() const;
+    RECT Frame() const;  // around edit and combo, in the dialog's client area
     void OnSelChange();
     void OnCloseUp();
     void Choose();

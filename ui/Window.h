@@ -50,9 +50,6 @@ class Button : public Window {
     using Window::Window;
     bool IsChecked() const { return Send(BM_GETCHECK) == BST_CHECKED; }
     void SetCheck(bool on) const { Send(BM_SETCHECK, on ? BST_CHECKED : BST_UNCHECKED); }
-    // The button is not clicked by merely getting the focus. Wanted where a radio button is a group of its own: there
-    // the Tab key would otherwise select one button after the other.
-    void SetDontClick(bool on) const { Send(BM_SETDONTCLICK, on); }
 };
 
 class ComboBox : public Window {

@@ -115,15 +115,9 @@ TEST_F(ImportAttributes, LayerChoiceDecidesWhatCanBeDoneAndCancelUndoesIt) {
 TEST_F(ImportAttributes, TextWidthsNeedTheFontTable) {
     const std::wstring missing = L"ファイル DXFFONTTABLE.DAT がありません。";
     record.params.fontTablePresent = 0;
-    const ImportRecord before = record;
     Attributes([&](HWND dialog) {
-        EXPECT_FALSE(IsEnabled(dialog, kTextWidthChangeButton));
-        Click(dialog, IDOK);
-        Expect(L"属性変換", missing + L"\n文字幅変換の自動変換は選択できません。", MB_ICONWARNING, IDOK);
-        EXPECT_EQ(dialog, Settle());
-        EXPECT_TRUE(before == record);
-        Click(dialog, kTextWidthTableRadio);
-        EXPECT_TRUE(IsEnabled(dialog, kTextWidthChangeButton));
+        // The other choice would only be refused.
+        EXPECT_TRUE(IsChecked(dialog, kTextWidthTableRadio) && !IsChecked(dialog, kTextWidthAutoRadio));
         Click(dialog, kTextWidthAutoRadio);
         Expect(L"属性変換", missing, MB_ICONWARNING, IDOK);
         EXPECT_EQ(dialog, Settle());
@@ -220,7 +214,8 @@ TEST_F(ImportAttributes, NewLayerTablesReplaceNoFileUnasked) {
         Click(dialog, kLayerTableRadio);
         for (const int button : {kLayerNewButton, kColorNewButton}) {
             Choose(dialog, button, kLayerFile);
-            Expect(caption, question, MB_ICONERROR, IDNO);
+            EXPECT_EQ(question, ReadBox().text);
+            Key(VK_RETURN);  // once too often
             ASSERT_EQ(dialog, Settle());
             Choose(dialog, button, kLayerFile);
             Expect(caption, question, MB_ICONERROR, IDYES);
@@ -230,8 +225,14 @@ TEST_F(ImportAttributes, NewLayerTablesReplaceNoFileUnasked) {
         }
         EXPECT_EQ("LAYER-SWITCH  1\n", Bytes(kLayerFile));
 
+        // Under another name it would not be listed. The chooser comes again.
+        Choose(dialog, kColorNewButton, L"表");
+        Expect(caption, L"レイヤ変換テーブルの名前は「DXFKIRO_LAYER」で始めてください。", MB_ICONWARNING, IDOK);
+        Click(Settle(), IDCANCEL);
+        ASSERT_EQ(dialog, Settle());
+
         // A name of 130 characters has no room in the record when each takes two bytes.
-        Choose(dialog, kColorNewButton, (home / std::wstring(130, L'表')).wstring());
+        Choose(dialog, kColorNewButton, (home / (L"dxfkiro_layer" + std::wstring(130, L'表'))).wstring());
         Expect(caption, L"ファイル名が長すぎます", MB_ICONWARNING, IDOK);
         ASSERT_EQ(dialog, Settle());
         Click(dialog, IDCANCEL);

@@ -222,6 +222,14 @@ TEST_F(ImportDialog, ConfirmedTableIsInInternalForm) {
                   Click(dialog, IDOK);
               }));
     EXPECT_EQ(first, record.info.input.layerTableFileName);
+    // A name with a character that Shift-JIS does not have goes back as it came.
+    WriteFixedText(record.info.input.layerTableFileName, "DXFKIRO_LAYER\x8F\xB0\xA1");
+    const ImportRecord before = record;
+    EXPECT_EQ(0, Run([&](HWND dialog) {
+                  GiveDrawing(dialog);
+                  Click(dialog, IDOK);
+              }));
+    EXPECT_STREQ(before.info.input.layerTableFileName, record.info.input.layerTableFileName);
 }
 
 TEST_F(ImportDialog, CancelLeavesTheRecordByteForByte) {
@@ -249,7 +257,7 @@ TEST_F(ImportDialog, AsksBeforeAnUnsavedModelIsLost) {
                   EXPECT_EQ(L"モデルが保存されていません。\nモデルが壊れます。\nよろしいですか。", box.text);
                   EXPECT_EQ(L"ＤＷＧ読込み", box.caption);
                   EXPECT_EQ((std::vector<int>{IDYES, IDNO}), box.buttons);
-                  Answer(box, IDNO);
+                  Key(VK_RETURN);  // once too often
                   EXPECT_EQ(dialog, Settle());
                   Click(dialog, kAddRadio);  // an added drawing loses nothing
                   Click(dialog, kNewRadio);
@@ -318,6 +326,9 @@ TEST_F(ImportDialog, FloppiesHaveTheirOwnList) {
                   Click(dialog, kFloppyRadio);
                   GiveName(dialog, L"f.dxf");
                   EXPECT_EQ(L"ファイルバージョン：AC1009(GX-5)", Text(dialog, kVersionText));
+                  Click(dialog, kDiskRadio);  // of that name there is none
+                  EXPECT_EQ(L"ファイルが見つかりません", Text(dialog, kVersionText));
+                  Click(dialog, kFloppyRadio);
                   Click(dialog, IDOK);
               }));
     EXPECT_TRUE(std::string(record.info.input.inputFileName).ends_with("/FLOPPY_WIN/f.dxf"));

@@ -35,10 +35,7 @@ class SampleDialog final : public kiro::ui::Dialog {
     using Dialog::End;
 
   private:
-    void OnInit() override {
-        radios.SelectByClickOnly();
-        radios.SelectByFlags({1, 0, 1});
-    }
+    void OnInit() override { radios.Select(1); }
 };
 
 class Ui : public TestHost {
@@ -63,10 +60,6 @@ TEST_F(Ui, RadioButtonsOfOwnGroupsStayExclusive) {
                   EXPECT_TRUE(IsChecked(dialog, kTwo) && !IsChecked(dialog, kOne) && !IsChecked(dialog, kThree));
                   Click(dialog, kThree);
                   EXPECT_TRUE(IsChecked(dialog, kThree) && !IsChecked(dialog, kTwo));
-                  EXPECT_EQ(1, sample->radios.Flag(1));
-                  EXPECT_EQ(0, sample->radios.Flag(2));
-                  Focus(dialog, kOne);  // passing over a button with the Tab key chooses nothing
-                  EXPECT_TRUE(IsChecked(dialog, kThree) && !IsChecked(dialog, kOne));
                   EXPECT_EQ(std::vector<int>{2}, sample->chosen);
                   Click(dialog, IDOK);
               }));
@@ -108,16 +101,62 @@ TEST_F(Ui, NothingRunsAfterTheEnd) {
 }
 
 TEST_F(Ui, QuestionsAreYesOrNo) {
-    for (const int answer : {IDYES, IDNO}) {
-        EXPECT_EQ(answer == IDYES, Drive([&] { return kiro::ui::Ask(owner, "保存しますか？", "線種設定"); },
-                                         [&] {
-                                             const Box box = ReadBox();
-                                             EXPECT_EQ(L"保存しますか？", box.text);
-                                             EXPECT_EQ(static_cast<UINT>(MB_ICONWARNING), box.icon);
-                                             EXPECT_EQ((std::vector<int>{IDYES, IDNO}), box.buttons);
-                                             Answer(box, answer);
-                                         }));
+    using kiro::ui::Default;
+    for (const auto& [answer, button] : {std::pair(IDYES, Default::kYes), std::pair(IDNO, Default::kNo)}) {
+        const auto ask = [&, preset = button] {
+            return kiro::ui::Ask(owner, "保存しますか？", "線種設定", kiro::ui::Icon::kWarning, preset);
+        };
+        EXPECT_EQ(answer == IDYES, Drive(ask, [&, chosen = answer] {
+                      const Box box = ReadBox();
+                      EXPECT_EQ(L"保存しますか？", box.text);
+                      EXPECT_EQ(static_cast<UINT>(MB_ICONWARNING), box.icon);
+                      EXPECT_EQ((std::vector<int>{IDYES, IDNO}), box.buttons);
+                      EXPECT_EQ(chosen, box.defaultButton);
+                      Key(VK_RETURN);
+                  }));
     }
+}
+
+// The quit ends what is open, as cancelled, and is there for the host's own loop.
+TEST_F(Ui, QuitAndADestroyedOwnerCancel) {
+    const auto quit = [](SampleDialog&) { PostQuitMessage(77); };
+    const auto quitInABox = [](SampleDialog& dialog) {
+        PostQuitMessage(77);
+        if (kiro::ui::Question(dialog.Handle(), "？", "") != kiro::ui::Answer::kNone) dialog.End(IDOK);
+    };
+    const auto quitInADialog = [](SampleDialog& dialog) {
+        SampleDialog inner([](SampleDialog&) {});
+        PostQuitMessage(77);
+        if (inner.DoModal(dialog.Handle()) == IDOK) dialog.End(IDOK);
+    };
+    for (const auto& run : std::initializer_list<std::function<void(SampleDialog&)>>{quit, quitInABox, quitInADialog}) {
+        const kiro::ui::ScopedResourceModule module(GetModuleHandleW(nullptr));
+        SampleDialog dialog(run);
+        int code = 0;
+        EXPECT_EQ(IDCANCEL, Drive(
+                                [&] {
+                                    const INT_PTR result = dialog.DoModal(owner);
+                                    MSG message;
+                                    while (GetMessageW(&message, nullptr, 0, 0) > 0) continue;
+                                    code = static_cast<int>(message.wParam);
+                                    return result;
+                                },
+                                [] {
+                                    PostMessageW(Control(Settle(), kRun), BM_CLICK, 0, 0);
+                                    Until("the end", [] { return Settle() == nullptr; });
+                                }));
+        EXPECT_EQ(77, code);
+        EXPECT_TRUE(IsWindowEnabled(owner));
+    }
+    EXPECT_EQ(IDCANCEL, Run(
+                            [](HWND dialog) {
+                                PostMessageW(Control(dialog, kRun), BM_CLICK, 0, 0);
+                                Until("the end", [] { return Settle() == nullptr; });
+                            },
+                            [this](SampleDialog& dialog) {
+                                DestroyWindow(owner);
+                                dialog.End(IDOK);
+                            }));
 }
 
 TEST_F(Ui, TextIsNeverBentToFitTheCodePage) {
