@@ -1,73 +1,83 @@
-// The grid editors of the import tables, each opened as a user opens it.
+// The grid editors of the import tables, behind the dialogs that own their files.
 #pragma once
 
 #include <initializer_list>
+#include <memory>
 
+#include "driver/GridDriver.h"
+#include "dxfin_tables/KrDxfInTbl_Arrow.h"
+#include "dxfin_tables/KrDxfInTbl_Layer.h"
+#include "dxfin_tables/KrDxfInTbl_Line.h"
+#include "dxfin_tables/KrDxfInTbl_TFont.h"
+#include "entry/host/FixedText.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Layer.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Line.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
 #include "resources/grid.ids.h"
-#include "driver/GridDriver.h"
 #include "tests/dialogs/ImportTables.h"
+
+inline constexpr wchar_t kLineFile[] = L"DXFKIRO_LINE";
+inline constexpr wchar_t kFontFile[] = L"DXFKIRO_STYLE";
+inline constexpr wchar_t kArrowFile[] = L"DXFKIRO_ARROW";
+inline constexpr wchar_t kLineCaption[] = L"線種割当て";
 
 // Where an editor is found, and what it says.
 struct Editor {
     const wchar_t* title;
     const wchar_t* caption;  // of the box that refuses "設定"
     const wchar_t* file;
-    int open;    // the button of the attribute conversion
-    int choose;  // the radio of the hub that enables the button; 0: none
-    int edit;    // the button of the hub; 0: the editor owns its file
+    int choose = 0;  // the radio of the hub that enables the button; 0: none
+    int edit = 0;    // the button of the hub; 0: the editor owns its file
 };
 
-inline constexpr wchar_t kLineFile[] = L"DXFKIRO_LINE";
-inline constexpr wchar_t kLineCaption[] = L"線種割当て";
 inline constexpr Editor kClassEditor = {L"レイヤのクラス割当て", L"レイヤのクラス割当て", kLayerFile,
-                                        kColorChangeButton,      kLayersToClassesRadio,   kLayerClassButton};
-inline constexpr Editor kRevisionEditor = {
-    L"レイヤのレビジョン割当て", L"レイヤのレビジョン割当て", kLayerFile,
-    kColorChangeButton,          kLayersToRevisionsRadio,     kLayerRevisionButton};
+                                        kLayersToClassesRadio, kLayerClassButton};
+inline constexpr Editor kRevisionEditor = {L"レイヤのレビジョン割当て", L"レイヤのレビジョン割当て", kLayerFile,
+                                           kLayersToRevisionsRadio, kLayerRevisionButton};
 inline constexpr Editor kColorRevisionEditor = {L"色のレビジョン割当て", L"色のレビジョン割当て", kLayerFile,
-                                                kColorChangeButton,      kLayersToClassesRadio,   kColorRevisionButton};
-inline constexpr Editor kColorClassEditor = {L"色のクラス割当て", L"色のクラス割当て",     kLayerFile,
-                                             kColorChangeButton,  kLayersToRevisionsRadio, kColorClassButton};
-inline constexpr Editor kLineTypeEditor = {L"線種割当て",   kLineCaption, kLineFile, kLineTypeChangeButton, 0,
-                                           kLineTypesButton};
-inline constexpr Editor kPolylineEditor = {L"ポリラインの線幅割当て", kLineCaption,      kLineFile,
-                                           kLineTypeChangeButton,     kPolylinesOnRadio, kPolylineWidthsButton};
-inline constexpr Editor kColorWidthEditor = {L"色の線幅割当て",     kLineCaption,   kLineFile,
-                                             kLineTypeChangeButton, kColorsOnRadio, kColorWidthsButton};
-inline constexpr Editor kLineWidthEditor = {L"線幅割当て",         kLineCaption,   kLineFile,
-                                            kLineTypeChangeButton, kWidthsOnRadio, kLineWidthsButton};
-inline constexpr Editor kFontEditor = {
-    L"文字フォント割当て", L"文字フォント割当て", L"DXFKIRO_STYLE", kTextWidthChangeButton, 0, 0};
-inline constexpr Editor kArrowEditor = {L"矢印割当て", L"矢印割当て", L"DXFKIRO_ARROW", kArrowChangeButton, 0, 0};
+                                                kLayersToClassesRadio, kColorRevisionButton};
+inline constexpr Editor kColorClassEditor = {L"色のクラス割当て", L"色のクラス割当て", kLayerFile,
+                                             kLayersToRevisionsRadio, kColorClassButton};
+inline constexpr Editor kLineTypeEditor = {L"線種割当て", kLineCaption, kLineFile, 0, kLineTypesButton};
+inline constexpr Editor kPolylineEditor = {L"ポリラインの線幅割当て", kLineCaption, kLineFile, kPolylinesOnRadio,
+                                           kPolylineWidthsButton};
+inline constexpr Editor kColorWidthEditor = {L"色の線幅割当て", kLineCaption, kLineFile, kColorsOnRadio,
+                                             kColorWidthsButton};
+inline constexpr Editor kLineWidthEditor = {L"線幅割当て", kLineCaption, kLineFile, kWidthsOnRadio, kLineWidthsButton};
+inline constexpr Editor kFontEditor = {L"文字フォント割当て", L"文字フォント割当て", kFontFile};
+inline constexpr Editor kArrowEditor = {L"矢印割当て", L"矢印割当て", kArrowFile};
 
 class ImportEditors : public ImportTables {
   protected:
     enum RowCommand { kAdd, kInsert, kDelete };  // in the order of the menu
 
-    ImportEditors() { record.params.textWidthConversion = 2; }
-
+    // Runs the dialog that owns the file.
+    INT_PTR Open(const wchar_t* file) {
+        const LibraryResources resources;
+        const std::wstring name = file;
+        if (name == kLineFile) return KrDxfInTbl_Line().DoModal(owner);
+        if (name == kFontFile) return KrDxfInTbl_TFont().DoModal(owner);
+        if (name == kArrowFile) return KrDxfInTbl_Arrow().DoModal(owner);
+        const auto table = std::make_unique<DxfInLayerTable>();
+        WriteFixedText(table->fileName, "DXFKIRO_LAYER");
+        return KrDxfInTbl_Layer(*table, 1, 0).DoModal(owner);
+    }
     // The user gets the open editor and closes it; then the table is saved or not.
     void Edit(const Editor& editor, bool save, const std::function<void(HWND dialog, const kiro::drive::Grid&)>& user) {
         using namespace kiro::drive;
-        if (!std::filesystem::exists(TableFile(editor.file))) WriteTable(editor.file, "");
-        Attributes([&](HWND attributes) {
-            editor.file == kLayerFile ? Choose(attributes, editor.open, kLayerFile) : Click(attributes, editor.open);
-            const HWND hub = Settle();
-            if (editor.choose) Click(hub, editor.choose);
-            if (editor.edit) Click(hub, editor.edit);
-            const HWND dialog = Settle();
-            ASSERT_EQ(editor.title, Text(dialog));
-            user(dialog, Grid(dialog, kGrid));
-            ASSERT_EQ(editor.edit ? hub : attributes, Settle()) << "the editor is still open";
-            if (editor.edit) {
-                Click(hub, save ? IDOK : IDCANCEL);
-                if (Settle() != attributes) Answer(ReadBox(), save ? IDYES : IDNO);
-            }
-            Click(attributes, IDCANCEL);
-        });
+        Drive([&] { return Open(editor.file); },
+              [&] {
+                  const HWND hub = Settle();
+                  if (editor.choose) Click(hub, editor.choose);
+                  if (editor.edit) Click(hub, editor.edit);
+                  const HWND dialog = Settle();
+                  ASSERT_EQ(editor.title, Text(dialog));
+                  user(dialog, Grid(dialog, kGrid));
+                  ASSERT_EQ(editor.edit ? hub : nullptr, Settle()) << "the editor is still open";
+                  if (!editor.edit) return;
+                  Click(hub, save ? IDOK : IDCANCEL);
+                  if (Settle()) Answer(ReadBox(), save ? IDYES : IDNO);
+              });
     }
     static void Change(const kiro::drive::Grid& grid, int row, int column, const std::wstring& text) {
         grid.Click(row, column);

@@ -11,6 +11,8 @@
 
 #include "entry/host/kirovanteo.h"
 #include "hostlayer/include/KiroHost.h"
+#include "ui/Dialog.h"
+#include "driver/BareDialog.h"
 #include "driver/Driver.h"
 
 class TestHost : public testing::Test {
@@ -49,6 +51,28 @@ class TestHost : public testing::Test {
 
     std::filesystem::path home;
     HWND owner = nullptr;
+};
+
+// What a command makes current for its dialogs: the library's templates and the style of its controls. For dialogs that a
+// test opens itself.
+class LibraryResources {
+  public:
+    LibraryResources() { ActivateActCtx(Style(), &cookie_); }
+    LibraryResources(const LibraryResources&) = delete;
+    LibraryResources& operator=(const LibraryResources&) = delete;
+    ~LibraryResources() { DeactivateActCtx(0, cookie_); }
+
+  private:
+    static HMODULE Library() {
+        static const HMODULE library = LoadLibraryW(L"kirovanteo.dll");
+        return library;
+    }
+    static HANDLE Style() {
+        static const HANDLE style = kiro::drive::MakeStyleContext(Library());
+        return style;
+    }
+    kiro::ui::ScopedResourceModule module_{Library()};
+    ULONG_PTR cookie_ = 0;
 };
 
 // A record as a host may hand it over: what the commands do not fill holds rubbish that must stay as it is.

@@ -345,7 +345,7 @@ TEST_F(ImportEditors, FilesThatChangeOrVanishMeanwhile) {
                 } else {
                     WriteTable(editor->file, "別の内容\n");
                 }
-                Change(grid, 0, editor->file == kArrowEditor.file ? 4 : 3, L"2");
+                Change(grid, 0, editor->file == kArrowFile ? 4 : 3, L"2");
                 grid.Click(0, 0);
                 Command(kAdd);
                 Change(grid, grid.Rows() - 1, 1, L"新規");
