@@ -11,7 +11,7 @@
 #define ARROW_W 14   // a combo of which only the arrow shows
 #define LIST_H 120   // a combo with its list open
 
-#define NARROW_COMBO_STYLE CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP
+#define NARROW_COMBO_STYLE CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP
 #define GRID_STYLE                                                                                              \
     LVS_REPORT | LVS_OWNERDATA | LVS_OWNERDRAWFIXED | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER | WS_BORDER | \
         WS_TABSTOP

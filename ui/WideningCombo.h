@@ -1,6 +1,6 @@
-// The narrow combo beside an edit, of which only the arrow shows. While it has the focus it reaches to the left edge of
-// the edit, so that its list is as wide as both together; the edit lies over it and stays readable, and a frame around
-// both shows where the focus is.
+// The narrow combo beside an edit, of which only the arrow shows. While it has the focus it reaches over the edit, so
+// that its list is as wide as both together; its field shows what the edit says, whether that is an entry or not.
+// Its template style is NARROW_COMBO_STYLE.
 #pragma once
 
 #include <functional>
@@ -21,8 +21,7 @@ class WideningCombo {
     void Init();
     void Widen();
     void Restore();
-    void Repaint() const;
-    RECT Frame() const;  // around edit and combo, in the dialog's client area
+    void Draw(const DRAWITEMSTRUCT& request) const;
     void OnSelChange();
     void OnCloseUp();
     void Choose();

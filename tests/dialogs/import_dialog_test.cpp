@@ -138,7 +138,7 @@ TEST_F(ImportDialog, ScaleListKeepsOneEntryOfTheUsers) {
     });
 }
 
-TEST_F(ImportDialog, CombosReachBehindTheirEditsWhileTheyHaveTheFocus) {
+TEST_F(ImportDialog, CombosReachOverTheirEditsWhileTheyHaveTheFocus) {
     const int pairs[][2] = {{kPictureCombo, kPictureEdit}, {kScaleCombo, kScaleEdit}, {kRecentCombo, kFileNameEdit}};
     Look([&](HWND dialog) {
         GiveName(dialog, L"図面.dxf");
@@ -151,7 +151,6 @@ TEST_F(ImportDialog, CombosReachBehindTheirEditsWhileTheyHaveTheFocus) {
             EXPECT_EQ(field.left, wide.left);
             EXPECT_EQ(narrow.right, wide.right);
             EXPECT_TRUE(HasColor(dialog, edit, GetSysColor(COLOR_WINDOWTEXT))) << "its text cannot be read";
-            EXPECT_FALSE(HasColor(dialog, edit, GetSysColor(COLOR_HIGHLIGHT))) << "the combo shows through";
             Focus(dialog, kSubModelEdit);
             GetWindowRect(Control(dialog, combo), &again);
             EXPECT_TRUE(EqualRect(&narrow, &again));
