@@ -44,9 +44,16 @@ std::wstring ForEdit(const std::string& utf8) {
 
 std::wstring Value(const Json& json) { return ForEdit(json.dump(-1, ' ', false, Json::error_handler_t::replace)); }
 
+// The two kinds of commands return opposite values, so their meaning is told as well.
+std::wstring Returned(const CallResult& result) {
+    const Json& returned = result.json["returned"];
+    if (returned.is_null()) return L"戻り値: なし\r\n";
+    return L"戻り値: " + Value(returned) + (result.exitStatus == 0 ? L"（確定）\r\n" : L"（取消）\r\n");
+}
+
 // One line for each member of what the call answered, with the old value where it changed.
 std::wstring Changes(const Json& before, const Json& answer) {
-    std::wstring text = L"戻り値: " + Value(answer["returned"]) + L"\r\n";
+    std::wstring text;
     for (const char* part : {"record", "params"}) {
         if (!answer.contains(part)) continue;
         text += L"\r\n" + WideFromUtf8(part) + L"\r\n";
@@ -117,7 +124,7 @@ CallResult Workbench::Call(const Export& command, const Json& input) {
     // Members that the input did not name were cleared ones.
     Json before = command.start();
     before.merge_patch(input.contains("record") || input.contains("params") ? input : Json{{"record", input}});
-    SetWindowTextW(panes_[kAfter], Changes(before, result.json).c_str());
+    SetWindowTextW(panes_[kAfter], (Returned(result) + Changes(before, result.json)).c_str());
     std::wstring lines = WideFromUtf8(command.name) + L"\r\n";
     for (const std::wstring& line : watch.Lines()) lines += line + L"\r\n";
     Note(lines);
