@@ -72,8 +72,27 @@ Json ReadJson(const std::wstring& file) {
     }
 }
 
-void Prepare(const Options& options) {
+// The window starts with the model that lies beside the program, so that there is something to work on. Without that
+// file the model is empty, as it is for a single call.
+std::optional<std::wstring> ModelBesideProgram() {
+    wchar_t path[MAX_PATH];
+    const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
+    if (length == 0 || length == MAX_PATH) return std::nullopt;
+    const std::filesystem::path file = std::filesystem::path(path).replace_filename(L"workbench-model.json");
+    std::error_code ignored;
+    return std::filesystem::exists(file, ignored) ? std::optional(file.wstring()) : std::nullopt;
+}
+
+// Where the commands of this run find what they ask for.
+std::wstring Surroundings(const std::optional<std::wstring>& model) {
+    std::wstring home(KiroHostGetFolder("", nullptr, 0), L'\0');
+    KiroHostGetFolder("", home.data(), home.size() + 1);
+    return L"ホームフォルダ: " + home + L"\r\nモデル: " + model.value_or(L"（空）");
+}
+
+void Prepare(Options& options) {
     if (options.home) KiroHostSetHome(options.home->c_str());
+    if (!options.model && !options.call) options.model = ModelBesideProgram();
     char message[512] = "";
     if (options.model && KiroHostLoadModel(options.model->c_str(), message, sizeof message) != 0)
         throw UsageError(Utf8FromWide(*options.model) + ": " + message);
@@ -107,10 +126,12 @@ int main() {
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
     try {
-        const Options options = ParseOptions();
+        Options options = ParseOptions();
         Prepare(options);
         if (options.call) return Call(options);
-        return Workbench().Run();
+        Workbench workbench;
+        workbench.Note(Surroundings(options.model));
+        return workbench.Run();
     } catch (const std::exception& error) {
         std::fprintf(stderr, "workbench: %s\n", error.what());
         return kUsageError;

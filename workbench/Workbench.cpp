@@ -1,9 +1,10 @@
 #include "Workbench.h"
 
-#include <iterator>
+#include <algorithm>
 #include <string>
 
 #include "CallWatch.h"
+#include "WorkbenchMenu.h"
 #include "hostlayer/include/KiroHost.h"
 
 namespace kiro {
@@ -11,30 +12,21 @@ namespace {
 
 constexpr wchar_t kClass[] = L"KiroWorkbench";
 constexpr wchar_t kTitle[] = L"kirovanteo ワークベンチ";
-constexpr int kFirstCommand = 1000;
-constexpr int kCallAgain = 100;
-constexpr int kQuit = 101;
-constexpr int kMessagesHeight = 140;
-constexpr int kCaptionHeight = 18;
-constexpr int kGap = 4;
+constexpr SIZE kStartSize = {960, 680};
+constexpr SIZE kSmallestSize = {420, 320};
+constexpr int kLineHeight = 17;
+constexpr int kFontHeight = 12;
 constexpr wchar_t kChanged[] = L"● ";
 constexpr wchar_t kUnchanged[] = L"　 ";
 
-constexpr const wchar_t* kCaptions[] = {L"呼出し前のレコード（編集できます）",
-                                        L"呼出し後のレコード（● は変わった項目）", L"呼出し中の表示"};
+constexpr const wchar_t* kCaptions[] = {L"呼出し前のレコード（書き換えられます）",
+                                        L"呼出し後のレコード（● は変わった項目）",
+                                        L"記録（呼出し中に出た案内、メッセージ、ダイアログ）"};
+constexpr wchar_t kNotCalled[] = L"まだ呼び出していません。";
 
-HMENU MakeMenu() {
-    const HMENU commands = CreatePopupMenu();
-    UINT_PTR id = kFirstCommand;
-    for (const Export& command : Exports())
-        AppendMenuW(commands, MF_STRING, id++, (command.title + (L"\t" + WideFromUtf8(command.name))).c_str());
-    const HMENU file = CreatePopupMenu();
-    AppendMenuW(file, MF_STRING, kCallAgain, L"もう一度呼び出す(&A)");
-    AppendMenuW(file, MF_STRING, kQuit, L"終了(&X)");
-    const HMENU bar = CreateMenu();
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(file), L"ファイル(&F)");
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(commands), L"コマンド(&C)");
-    return bar;
+std::wstring HintFor(const Export& command) {
+    return L"F5 で「" + std::wstring(command.title) + L"」（" + WideFromUtf8(command.name) +
+           L"）を左のレコードで呼び出します。ほかのコマンドはメニュー「コマンド」か Ctrl+1 などのキーで呼び出します。";
 }
 
 std::wstring Text(HWND window) {
@@ -52,9 +44,16 @@ std::wstring ForEdit(const std::string& utf8) {
 
 std::wstring Value(const Json& json) { return ForEdit(json.dump(-1, ' ', false, Json::error_handler_t::replace)); }
 
+// The two kinds of commands return opposite values, so their meaning is told as well.
+std::wstring Returned(const CallResult& result) {
+    const Json& returned = result.json["returned"];
+    if (returned.is_null()) return L"戻り値: なし\r\n";
+    return L"戻り値: " + Value(returned) + (result.exitStatus == 0 ? L"（確定）\r\n" : L"（取消）\r\n");
+}
+
 // One line for each member of what the call answered, with the old value where it changed.
 std::wstring Changes(const Json& before, const Json& answer) {
-    std::wstring text = L"戻り値: " + Value(answer["returned"]) + L"\r\n";
+    std::wstring text;
     for (const char* part : {"record", "params"}) {
         if (!answer.contains(part)) continue;
         text += L"\r\n" + WideFromUtf8(part) + L"\r\n";
@@ -69,9 +68,17 @@ std::wstring Changes(const Json& before, const Json& answer) {
     return text;
 }
 
+HFONT MakeFont(int height, DWORD pitch, const wchar_t* face) {
+    return CreateFontW(-height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, SHIFTJIS_CHARSET, 0, 0, 0, pitch, face);
+}
+
+void Place(HWND window, const RECT& place) {
+    MoveWindow(window, place.left, place.top, place.right - place.left, place.bottom - place.top, TRUE);
+}
+
 }  // namespace
 
-Workbench::Workbench() {
+Workbench::Workbench() : keys_(MakeKeys()) {
     WNDCLASSW type{};
     type.lpfnWndProc = OnMessage;
     type.hInstance = GetModuleHandleW(nullptr);
@@ -79,9 +86,11 @@ Workbench::Workbench() {
     type.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
     type.lpszClassName = kClass;
     RegisterClassW(&type);
-    CreateWindowExW(0, kClass, kTitle, WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT, 960, 680, nullptr, MakeMenu(),
-                    type.hInstance, this);
+    CreateWindowExW(0, kClass, kTitle, WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, 0, nullptr,
+                    MakeMenu(), type.hInstance, this);
+    SetWindowPos(window_, nullptr, 0, 0, Scaled(kStartSize.cx), Scaled(kStartSize.cy), SWP_NOMOVE | SWP_NOZORDER);
     KiroHostSetMainWindow(window_);
+    Show(Exports().front(), Exports().front().start());
     ShowWindow(window_, SW_SHOWNORMAL);
     UpdateWindow(window_);
 }
@@ -90,14 +99,24 @@ Workbench::~Workbench() {
     KiroHostSetMainWindow(nullptr);
     if (window_) DestroyWindow(window_);
     UnregisterClassW(kClass, GetModuleHandleW(nullptr));
+    DeleteObject(recordFont_);
+    DeleteObject(textFont_);
+    DestroyAcceleratorTable(keys_);
 }
 
-void Workbench::Show(const Export& command, const Json& input) {
+void Workbench::Show(const Export& command, const Json& input) { ShowText(command, ForEdit(Print(input))); }
+
+void Workbench::ShowText(const Export& command, const std::wstring& text) {
+    if (shown_) edited_[shown_] = Text(panes_[kBefore]);
     shown_ = &command;
-    SetWindowTextW(before_, ForEdit(Print(input)).c_str());
-    SetWindowTextW(after_, L"");
-    SetWindowTextW(messages_, L"");
+    SetWindowTextW(panes_[kBefore], text.c_str());
+    SetWindowTextW(panes_[kAfter], kNotCalled);
+    Note(L"");
+    SetWindowTextW(GetDlgItem(window_, kHint), HintFor(command).c_str());
+    Arrange();
 }
+
+void Workbench::Note(const std::wstring& lines) { SetWindowTextW(panes_[kMessages], lines.c_str()); }
 
 CallResult Workbench::Call(const Export& command, const Json& input) {
     const CallWatch watch;
@@ -105,16 +124,17 @@ CallResult Workbench::Call(const Export& command, const Json& input) {
     // Members that the input did not name were cleared ones.
     Json before = command.start();
     before.merge_patch(input.contains("record") || input.contains("params") ? input : Json{{"record", input}});
-    SetWindowTextW(after_, Changes(before, result.json).c_str());
+    SetWindowTextW(panes_[kAfter], (Returned(result) + Changes(before, result.json)).c_str());
     std::wstring lines = WideFromUtf8(command.name) + L"\r\n";
     for (const std::wstring& line : watch.Lines()) lines += line + L"\r\n";
-    SetWindowTextW(messages_, lines.c_str());
+    Note(lines);
     return result;
 }
 
 int Workbench::Run() {
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (window_ && TranslateAcceleratorW(window_, keys_, &message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
@@ -128,82 +148,164 @@ LRESULT CALLBACK Workbench::OnMessage(HWND window, UINT message, WPARAM wParam, 
         SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
     }
     auto* self = reinterpret_cast<Workbench*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    switch (self ? message : WM_NULL) {
+    return self ? self->Handle(window, message, wParam, lParam) : DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT Workbench::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
         case WM_CREATE:
-            self->MakePanes();
+            MakePanes();
             return 0;
         case WM_SIZE:
-            self->Arrange();
+            Arrange();
             return 0;
+        case WM_GETMINMAXINFO:
+            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {Scaled(kSmallestSize.cx),
+                                                                     Scaled(kSmallestSize.cy)};
+            return 0;
+        case WM_SETFOCUS:
+            SetFocus(panes_[static_cast<std::size_t>(pane_)]);
+            return 0;
+        case WM_ERASEBKGND:
+            DefWindowProcW(window, message, wParam, lParam);
+            FillRect(reinterpret_cast<HDC>(wParam), &strip_, GetSysColorBrush(COLOR_INFOBK));
+            return TRUE;
+        case WM_CTLCOLORSTATIC:
+            if (GetDlgCtrlID(reinterpret_cast<HWND>(lParam)) != kHint) break;
+            SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_INFOTEXT));
+            SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_INFOBK));
+            return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_INFOBK));
         case WM_COMMAND:
-            if (HIWORD(wParam) == 0 && lParam == 0) self->OnMenu(LOWORD(wParam));
+            if (lParam == 0) OnMenu(LOWORD(wParam));
+            if (lParam != 0 && HIWORD(wParam) == EN_SETFOCUS) pane_ = LOWORD(wParam) - kFirstPane;
             return 0;
         case WM_DESTROY:
-            self->window_ = nullptr;
+            window_ = nullptr;
             PostQuitMessage(0);
             return 0;
         default:
-            return DefWindowProcW(window, message, wParam, lParam);
+            break;
     }
+    return DefWindowProcW(window, message, wParam, lParam);
 }
 
 void Workbench::MakePanes() {
-    struct Pane {
-        HWND* window;
-        DWORD style;
-    };
-    const Pane panes[] = {{&before_, 0}, {&after_, ES_READONLY}, {&messages_, ES_READONLY}};
-    static const HFONT font = CreateFontW(-12, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, SHIFTJIS_CHARSET, 0, 0, 0,
-                                          FIXED_PITCH | FF_MODERN, L"ＭＳ ゴシック");
-    int id = 1;
-    for (const Pane& pane : panes) {
-        const HWND caption =
-            CreateWindowExW(0, L"STATIC", kCaptions[id - 1], WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, window_,
-                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(id + 10)), nullptr, nullptr);
-        *pane.window =
-            CreateWindowExW(WS_EX_CLIENTEDGE, L"EDIT", L"",
-                            WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |
-                                ES_AUTOHSCROLL | ES_AUTOVSCROLL | pane.style,
-                            0, 0, 0, 0, window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
-        SendMessageW(caption, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-        SendMessageW(*pane.window, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-        SendMessageW(*pane.window, EM_SETLIMITTEXT, 0, 0);
-        ++id;
+    textFont_ = MakeFont(Scaled(kFontHeight), VARIABLE_PITCH | FF_SWISS, L"MS UI Gothic");
+    recordFont_ = MakeFont(Scaled(kFontHeight), FIXED_PITCH | FF_MODERN, L"ＭＳ ゴシック");
+    MakeChild(L"STATIC", L"", SS_NOPREFIX, kHint, textFont_);
+    for (int i = 0; i < static_cast<int>(kPaneCount); ++i) {
+        MakeChild(L"STATIC", kCaptions[i], SS_NOPREFIX | SS_ENDELLIPSIS, kFirstCaption + i, textFont_);
+        const DWORD style = WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE | ES_AUTOHSCROLL | ES_AUTOVSCROLL;
+        const HWND pane =
+            MakeChild(L"EDIT", L"", i == kBefore ? style : style | ES_READONLY, kFirstPane + i, recordFont_);
+        SendMessageW(pane, EM_SETLIMITTEXT, 0, 0);
+        panes_[static_cast<std::size_t>(i)] = pane;
     }
+}
+
+HWND Workbench::MakeChild(const wchar_t* type, const wchar_t* text, DWORD style, int id, HFONT font) {
+    const bool isPane = id < kFirstCaption;
+    const HWND child =
+        CreateWindowExW(isPane ? WS_EX_CLIENTEDGE : 0, type, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, window_,
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+    SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    return child;
+}
+
+int Workbench::Scaled(int pixels) const {
+    return MulDiv(pixels, static_cast<int>(GetDpiForWindow(window_)), USER_DEFAULT_SCREEN_DPI);
+}
+
+// The hint has as many lines as it needs.
+int Workbench::HintHeight(int width) const {
+    const HWND hint = GetDlgItem(window_, kHint);
+    const std::wstring text = Text(hint);
+    RECT needed = {0, 0, width, 0};
+    const HDC dc = GetDC(hint);
+    const HGDIOBJ before = SelectObject(dc, textFont_);
+    DrawTextW(dc, text.c_str(), -1, &needed, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+    SelectObject(dc, before);
+    ReleaseDC(hint, dc);
+    return static_cast<int>(needed.bottom);
 }
 
 void Workbench::Arrange() {
     RECT area{};
     GetClientRect(window_, &area);
-    const int half = (area.right - 3 * kGap) / 2;
-    const int height = area.bottom - kMessagesHeight - 2 * kCaptionHeight - kGap;
-    const RECT places[] = {{kGap, 0, half, height},
-                           {half + 2 * kGap, 0, half, height},
-                           {kGap, height + kCaptionHeight, area.right - 2 * kGap, kMessagesHeight}};
-    for (int i = 0; i < static_cast<int>(std::size(places)); ++i) {
-        const RECT& place = places[i];  // left, top, width, height
-        MoveWindow(GetDlgItem(window_, i + 11), place.left, place.top + 2, place.right, kCaptionHeight - 2, TRUE);
-        MoveWindow(GetDlgItem(window_, i + 1), place.left, place.top + kCaptionHeight, place.right, place.bottom, TRUE);
+    const int line = Scaled(kLineHeight);
+    const int hintHeight = HintHeight(static_cast<int>(area.right) - 2 * GapOf(line));
+    const PaneLayout layout = LayOut({area.right, area.bottom}, hintHeight, line);
+    strip_ = layout.strip;
+    Place(GetDlgItem(window_, kHint), layout.hint);
+    for (std::size_t i = 0; i < kPaneCount; ++i) {
+        Place(GetDlgItem(window_, kFirstCaption + static_cast<int>(i)), layout.captions[i]);
+        Place(panes_[i], layout.panes[i]);
     }
+    InvalidateRect(window_, nullptr, TRUE);
 }
 
 void Workbench::OnMenu(int id) {
     const auto exports = Exports();
-    if (id == kQuit) {
-        DestroyWindow(window_);
-        return;
+    switch (id) {
+        case kQuit:
+            DestroyWindow(window_);
+            return;
+        case kCallAgain:
+            CallShown();
+            return;
+        case kSelectAll:
+            SendMessageW(panes_[static_cast<std::size_t>(pane_)], EM_SETSEL, 0, -1);
+            return;
+        case kNextPane:
+            MovePane(1);
+            return;
+        case kPreviousPane:
+            MovePane(-1);
+            return;
+        default:
+            break;
     }
-    const Export* command = shown_;
-    if (id >= kFirstCommand && id < kFirstCommand + static_cast<int>(exports.size()))
-        command = &exports[static_cast<std::size_t>(id - kFirstCommand)];
-    if (!command) return;
-    // Another command has another record; the edited one would not fit it.
-    if (command != shown_) Show(*command, command->start());
+    if (calling_ || id < kFirstCommand || id >= kFirstCommand + static_cast<int>(exports.size())) return;
+    const Export& command = exports[static_cast<std::size_t>(id - kFirstCommand)];
+    // Another command has another record: its own of before, or a cleared one.
+    if (&command != shown_) {
+        const auto edited = edited_.find(&command);
+        ShowText(command, edited != edited_.end() ? edited->second : ForEdit(Print(command.start())));
+    }
+    CallShown();
+}
+
+void Workbench::MovePane(int step) {
+    const int count = static_cast<int>(kPaneCount);
+    SetFocus(panes_[static_cast<std::size_t>((pane_ + step + count) % count)]);
+}
+
+// A message that comes while a dialog is open must not open another.
+void Workbench::CallShown() {
+    if (calling_) return;
+    calling_ = true;
+    const std::string text = Utf8FromWide(Text(panes_[kBefore]));
     try {
-        Call(*command, Json::parse(Utf8FromWide(Text(before_))));
+        Call(*shown_, Json::parse(text));
+    } catch (const Json::parse_error& error) {
+        PointAtError(text, error.byte);
     } catch (const std::exception& error) {
-        MessageBoxW(window_, WideFromUtf8(error.what()).c_str(), kTitle, MB_OK | MB_ICONEXCLAMATION);
+        const std::wstring message = L"レコードのこの内容では呼び出せません。\n\n" + WideFromUtf8(error.what());
+        MessageBoxW(window_, message.c_str(), kTitle, MB_OK | MB_ICONEXCLAMATION);
     }
+    calling_ = false;
+}
+
+// byte: how many bytes were read when it was clear that they are no JSON.
+void Workbench::PointAtError(const std::string& utf8, std::size_t byte) {
+    const std::string read = utf8.substr(0, byte > 0 ? byte - 1 : 0);
+    const auto line = std::count(read.begin(), read.end(), '\n') + 1;
+    const std::wstring message = L"レコードの " + std::to_wstring(line) + L" 行目が JSON の書き方になっていません。";
+    MessageBoxW(window_, message.c_str(), kTitle, MB_OK | MB_ICONEXCLAMATION);
+    const auto place = static_cast<WPARAM>(WideFromUtf8(read).size());
+    SetFocus(panes_[kBefore]);
+    SendMessageW(panes_[kBefore], EM_SETSEL, place, static_cast<LPARAM>(place));
+    SendMessageW(panes_[kBefore], EM_SCROLLCARET, 0, 0);
 }
 
 }  // namespace kiro

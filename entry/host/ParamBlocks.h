@@ -6,38 +6,38 @@
 
 // Import parameters: 32 words. Words 0 to 19 belong to the parameter dialog, 22 to 31 to the attribute conversion.
 struct DxfInParamBlock {
-    std::int32_t kanjiCode;            // 0: 0 Shift-JIS, otherwise EUC
-    std::int32_t fill;                 // 1: 0 string, otherwise fill
-    std::int32_t dimension;            // 2: 0 dimension line, otherwise composite item
-    std::int32_t textAngle;            // 3: 0 angle, otherwise two points
-    std::int32_t dimensionAngle;       // 4: 0 to 3
-    std::int32_t splitItemCount;       // 5
-    std::int32_t maxItemCount;         // 6
-    std::int32_t reserved7;            // 7: passed through
-    std::int32_t roundingDigits;       // 8: 0 to 7
-    std::int32_t angleDigits;          // 9: 0 to 7
-    std::int32_t convertHidden;        // 10: 0 no, otherwise yes
-    std::int32_t viewZone;             // 11: 0 no, otherwise yes
-    std::int32_t singleRounding;       // 12: 0 no, 1 significant digits, otherwise given digits
-    std::int32_t blockData;            // 13: 0 composite item, 1 symbol, 2 submodel
-    std::int32_t symbolOverwrite;      // 14: 0 no, 1 yes
-    std::int32_t reserved15[3];        // 15 to 17
-    std::int32_t paperSpaceTarget;     // 18: 0 ordinary picture, otherwise layout picture
-    std::int32_t lineBreaks;           // 19: 0 no, otherwise yes
-    std::int32_t reserved20[2];        // 20, 21
-    std::int32_t layerConversion;      // 22: 0 automatic, 1 table and automatic, 2 table
-    std::int32_t convertLayerNames;    // 23: 0, 1
-    std::int32_t lineTypeConversion;   // 24: 0 automatic, 1 table and automatic, 2 table
-    std::int32_t lineWidthConversion;  // 25: 0, 1 automatic, 2 table
-    std::int32_t defaultLineWeight;    // 26: a weight of DxfGetLineWeight
-    std::int32_t colorConversion;      // 27: 0, 1 automatic, 2 table
-    std::int32_t arrowConversion;      // 28: 0 automatic, 2 table
-    std::int32_t fontTablePresent;     // 29: not 0 when "DXFFONTTABLE.DAT" exists; read only
-    std::int32_t textWidthConversion;  // 30: 0 automatic, 2 table
-    std::int32_t layerTarget;          // 31: 0 class, 1 revision
+    int32_t kanjiCode;            // 0: 0 Shift-JIS, otherwise EUC
+    int32_t fill;                 // 1: 0 string, otherwise fill
+    int32_t dimension;            // 2: 0 dimension line, otherwise composite item
+    int32_t textAngle;            // 3: 0 angle, otherwise two points
+    int32_t dimensionAngle;       // 4: 0 to 3
+    int32_t splitItemCount;       // 5
+    int32_t maxItemCount;         // 6
+    int32_t reserved7;            // 7: passed through
+    int32_t roundingDigits;       // 8: 0 to 7
+    int32_t angleDigits;          // 9: 0 to 7
+    int32_t convertHidden;        // 10: 0 no, otherwise yes
+    int32_t viewZone;             // 11: 0 no, otherwise yes
+    int32_t singleRounding;       // 12: 0 no, 1 significant digits, otherwise given digits
+    int32_t blockData;            // 13: 0 composite item, 1 symbol, 2 submodel
+    int32_t symbolOverwrite;      // 14: 0 no, 1 yes
+    int32_t reserved15[3];        // 15 to 17
+    int32_t paperSpaceTarget;     // 18: 0 ordinary picture, otherwise layout picture
+    int32_t lineBreaks;           // 19: 0 no, otherwise yes
+    int32_t reserved20[2];        // 20, 21
+    int32_t layerConversion;      // 22: 0 automatic, 1 table and automatic, 2 table
+    int32_t convertLayerNames;    // 23: 0, 1
+    int32_t lineTypeConversion;   // 24: 0 automatic, 1 table and automatic, 2 table
+    int32_t lineWidthConversion;  // 25: 0, 1 automatic, 2 table
+    int32_t defaultLineWeight;    // 26: a weight of DxfGetLineWeight
+    int32_t colorConversion;      // 27: 0, 1 automatic, 2 table
+    int32_t arrowConversion;      // 28: 0 automatic, 2 table
+    int32_t fontTablePresent;     // 29: not 0 when "DXFFONTTABLE.DAT" exists; read only
+    int32_t textWidthConversion;  // 30: 0 automatic, 2 table
+    int32_t layerTarget;          // 31: 0 class, 1 revision
 };
-constexpr int kDxfInParamWords = 32;
-static_assert(sizeof(DxfInParamBlock) == kDxfInParamWords * 4);
+KIRO_CONSTANT(kDxfInParamWords, 32);
+KIRO_STATIC_ASSERT(sizeof(DxfInParamBlock) == kDxfInParamWords * 4, "DxfInParamBlock has its words and nothing else");
 
 #define KIRO_PIN_WORD(field, word) KIRO_PIN(DxfInParamBlock, field, (word)*4, 4)
 KIRO_PIN_WORD(kanjiCode, 0);
@@ -71,26 +71,26 @@ KIRO_PIN_WORD(layerTarget, 31);
 
 // Export parameters.
 struct DxfOutParamBlock {
-    std::int32_t pidAvailable;      // not 0 when the P&ID option is offered
-    std::int32_t pidConvert;        // 0, 1
-    std::int32_t outputVersion;     // 0 GX-3, 1 R13, 2 R14, 3 2000, 4 2004, 5 2007, 6 2010, 7 2013
-    std::int32_t binaryFormat;      // 0 ASCII, 1 binary
-    std::int32_t kanjiCode;         // 0 Shift-JIS, 1 EUC, 2 UTF-8
-    std::int32_t modelCoordinates;  // 0 paper, 1 model
-    std::int32_t curveExpand;
-    std::int32_t hiddenSkip;
-    std::int32_t textTwoPoints;
-    std::int32_t annotationPerChar;
-    std::int32_t curveDivision;  // 4 to 20
+    int32_t pidAvailable;      // not 0 when the P&ID option is offered
+    int32_t pidConvert;        // 0, 1
+    int32_t outputVersion;     // 0 GX-3, 1 R13, 2 R14, 3 2000, 4 2004, 5 2007, 6 2010, 7 2013
+    int32_t binaryFormat;      // 0 ASCII, 1 binary
+    int32_t kanjiCode;         // 0 Shift-JIS, 1 EUC, 2 UTF-8
+    int32_t modelCoordinates;  // 0 paper, 1 model
+    int32_t curveExpand;
+    int32_t hiddenSkip;
+    int32_t textTwoPoints;
+    int32_t annotationPerChar;
+    int32_t curveDivision;  // 4 to 20
     char reserved44[16];
-    std::int32_t submodelExpand;
-    std::int32_t symbolExpand;
-    std::int32_t useSymbolName;
-    std::int32_t markExpand;
-    std::int32_t fcsExpand;
-    std::int32_t compositeExpand;
-    std::int32_t hatchExpand;
-    std::int32_t dimensionExpand;
+    int32_t submodelExpand;
+    int32_t symbolExpand;
+    int32_t useSymbolName;
+    int32_t markExpand;
+    int32_t fcsExpand;
+    int32_t compositeExpand;
+    int32_t hatchExpand;
+    int32_t dimensionExpand;
     char submodelBlock[65];  // block names, Shift-JIS
     char symbolBlock[65];
     char markBlock[65];
@@ -127,16 +127,16 @@ KIRO_PIN(DxfOutParamBlock, hatchBlock, 417, 65);
 KIRO_PIN(DxfOutParamBlock, dimensionBlock, 482, 65);
 
 // Pelion output parameters.
-struct PlOutParamBlock {
-    std::int32_t version;           // 0 version 2, 1 version 3
-    std::int32_t doublePrecision;   // 0 single, 1 double (always 1 for version 3)
-    std::int32_t symbolsAsSymbols;  // 0 expanded, 1 symbols
-    std::int32_t frameMode;         // 0 none, 1 frame, 2 title only
-    std::int32_t detailMode;        // 0 no, 1 yes, 4 yes with composite items
-    std::int32_t convertOverlays;   // 0 no, 1 yes
-    std::int32_t skipHiddenItems;   // 0 converted, 1 not
-    std::int32_t mergeViews;        // 0 each, 1 one
-    std::int32_t drawingCapacity;   // in K: 10 to 64 for version 2, 10 to 9999 for version 3
+typedef struct PlOutParamBlock {
+    int32_t version;           // 0 version 2, 1 version 3
+    int32_t doublePrecision;   // 0 single, 1 double (always 1 for version 3)
+    int32_t symbolsAsSymbols;  // 0 expanded, 1 symbols
+    int32_t frameMode;         // 0 none, 1 frame, 2 title only
+    int32_t detailMode;        // 0 no, 1 yes, 4 yes with composite items
+    int32_t convertOverlays;   // 0 no, 1 yes
+    int32_t skipHiddenItems;   // 0 converted, 1 not
+    int32_t mergeViews;        // 0 each, 1 one
+    int32_t drawingCapacity;   // in K: 10 to 64 for version 2, 10 to 9999 for version 3
     char reserved36[4];
     double textHeightRatio;  // 0.1 to 10
     double textWidthRatio;   // 0.1 to 10
@@ -144,7 +144,7 @@ struct PlOutParamBlock {
     char drive[4];
     char group[8];
     char user[8];
-};
+} PlOutParamBlock;
 KIRO_PIN(PlOutParamBlock, version, 0, 4);
 KIRO_PIN(PlOutParamBlock, doublePrecision, 4, 4);
 KIRO_PIN(PlOutParamBlock, symbolsAsSymbols, 8, 4);
@@ -162,15 +162,15 @@ KIRO_PIN(PlOutParamBlock, user, 108, 8);
 
 // Varos output parameters: the layout of the Pelion block from offset 8 on. Details and overlays count the other way
 // round here (1 = not converted); that is the host's rule for this block.
-struct VrOutParamBlock {
+typedef struct VrOutParamBlock {
     char reserved0[8];
-    std::int32_t symbolsAsSymbols;  // 1 = symbols
-    std::int32_t frameMode;         // 0 none, 1 frame, 2 title only
-    std::int32_t skipDetails;       // 0 converted, 1 not
-    std::int32_t skipOverlays;      // 0 converted, 1 not
-    std::int32_t skipHiddenItems;   // 0 converted, 1 not
-    std::int32_t mergeViews;        // 0 each, 1 one
-    std::int32_t drawingCapacity;   // in K: 10 to 64
+    int32_t symbolsAsSymbols;  // 1 = symbols
+    int32_t frameMode;         // 0 none, 1 frame, 2 title only
+    int32_t skipDetails;       // 0 converted, 1 not
+    int32_t skipOverlays;      // 0 converted, 1 not
+    int32_t skipHiddenItems;   // 0 converted, 1 not
+    int32_t mergeViews;        // 0 each, 1 one
+    int32_t drawingCapacity;   // in K: 10 to 64
     char reserved36[4];
     double textHeightRatio;
     double textWidthRatio;
@@ -178,7 +178,7 @@ struct VrOutParamBlock {
     char reserved96[4];
     char group[8];
     char user[8];
-};
+} VrOutParamBlock;
 KIRO_PIN(VrOutParamBlock, symbolsAsSymbols, 8, 4);
 KIRO_PIN(VrOutParamBlock, frameMode, 12, 4);
 KIRO_PIN(VrOutParamBlock, skipDetails, 16, 4);

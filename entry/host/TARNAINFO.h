@@ -8,22 +8,21 @@
 // which is EUC too. A text field may come without a NUL: read it with ReadFixedText.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
+#include "HostApi.h"
 
-struct DxfInParamBlock;
-struct DxfOutParamBlock;
+typedef struct DxfInParamBlock DxfInParamBlock;
+typedef struct DxfOutParamBlock DxfOutParamBlock;
 
 // DxfInputDlg and DxfInputPass.
-struct TarnaImportView {
-    std::int32_t inputIsDwg;     // set by the host: 0 = DXF files, otherwise DWG files; never written here
-    std::int32_t inputStatus;    // 0 after a confirmed import dialog
-    std::int32_t addMode;        // 0 = new model, 1 = add to the current model
-    std::int32_t dataType;       // 0 = drawing, 1 = shape
-    std::int32_t pictureNumber;  // target picture: -256 to -1 or 1 to 256
-    std::int32_t reserved20;
-    std::int32_t pictureMatrix;  // 1 = the picture's matrix is applied, 0 = not
-    std::int32_t reserved28;
+typedef struct TarnaImportView {
+    int32_t inputIsDwg;     // set by the host: 0 = DXF files, otherwise DWG files; never written here
+    int32_t inputStatus;    // 0 after a confirmed import dialog
+    int32_t addMode;        // 0 = new model, 1 = add to the current model
+    int32_t dataType;       // 0 = drawing, 1 = shape
+    int32_t pictureNumber;  // target picture: -256 to -1 or 1 to 256
+    int32_t reserved20;
+    int32_t pictureMatrix;  // 1 = the picture's matrix is applied, 0 = not
+    int32_t reserved28;
     double scale;                  // above 1e-6 and below 1e6
     char inputFileName[257];       // internal path form
     char subModelName[257];        // EUC; at most 26 bytes as Shift-JIS
@@ -31,37 +30,37 @@ struct TarnaImportView {
     char password[129];            // Shift-JIS, as typed, at most 128 bytes of text
     char reserved940[132];
     DxfInParamBlock* importParams;  // owned by the host
-};
+} TarnaImportView;
 
 // DxfOutputDlg.
-struct TarnaExportView {
-    std::int32_t outputIsDwg;  // set by the host: 0 = DXF file, otherwise DWG file
-    std::int32_t mediaKind;    // 0 = disk, 1 = floppy
-    std::int32_t pictureMode;  // 1 = one picture, 0 = one drawing layout
-    std::int32_t reserved12;
-    std::int32_t pictureNumber;  // 1 to 256; 0 for a drawing layout
-    std::int32_t drawingNumber;  // 1 to 256; 0 for a picture
+typedef struct TarnaExportView {
+    int32_t outputIsDwg;  // set by the host: 0 = DXF file, otherwise DWG file
+    int32_t mediaKind;    // 0 = disk, 1 = floppy
+    int32_t pictureMode;  // 1 = one picture, 0 = one drawing layout
+    int32_t reserved12;
+    int32_t pictureNumber;  // 1 to 256; 0 for a drawing layout
+    int32_t drawingNumber;  // 1 to 256; 0 for a picture
     char reserved24[16];
     char outputFileName[514];      // internal path form
     char layerTableFileName[526];  // in: shown; out: internal form for "#DXF:TABLE#"
     DxfOutParamBlock* exportParams;
-};
+} TarnaExportView;
 
 // One drawing of a database, as the host lists it and the user chooses it.
-struct TarnaDrawing {
-    std::int32_t selected;  // 1 = chosen
+typedef struct TarnaDrawing {
+    int32_t selected;  // 1 = chosen
     char drawingName[41];
     char modelName[35];
-};
+} TarnaDrawing;
 
 // Pelion output reads a model-name pattern in the second half of what is the file name for Pelion input.
-struct TarnaModelPatternSlot {
+typedef struct TarnaModelPatternSlot {
     char reserved0[256];
     char dbModelPattern[256];
-};
+} TarnaModelPatternSlot;
 
 // PlInputDlg, PlOutputDlg, VrInputDlg and VrOutputDlg.
-struct TarnaDatabaseView {
+typedef struct TarnaDatabaseView {
     union {
         char dbFileName[512];               // input: real path of the DOS file, EUC
         TarnaModelPatternSlot patternSlot;  // output: pattern handed to GetPlOutputModel
@@ -69,9 +68,9 @@ struct TarnaDatabaseView {
     char dbSubModelName[128];  // EUC
     char dbInputView[3];       // 0 to 2 characters, "0" = all views
     char reserved643[5];
-    std::int32_t plDriveKnown;         // not 0 = preselect plDrive
-    std::int32_t plGroupKnown;         // not 0 = preselect plGroup
-    std::int32_t plSelectSettingMode;  // not 0 = the selection dialogs show "設定" instead of "次へ"
+    int32_t plDriveKnown;         // not 0 = preselect plDrive
+    int32_t plGroupKnown;         // not 0 = preselect plGroup
+    int32_t plSelectSettingMode;  // not 0 = the selection dialogs end the choice instead of going on
     char plDrive[2];
     char reserved662[2];
     char plGroup[6];
@@ -80,58 +79,54 @@ struct TarnaDatabaseView {
     char reserved680[4];
     char dbDrawingName[24];
     char reserved708[16];
-    std::int32_t plwVariant;        // not 0 = the PL/W variant
-    std::int32_t vrFacom;           // 0 = IBM, otherwise FACOM
-    std::int32_t dbSource;          // 0, 1, 2: the source choice
-    std::int32_t dbMode;            // input: 0 new, 1 add, 2 overlay; output: 0 new file, 1 add
-    std::int32_t dbModelByName;     // 0 = current model, 1 = models by name
-    std::int32_t dbOutPage;         // page to write, 0 = not by page
-    std::int32_t dbPicture;         // input: 0 to 256; output: current picture in, picture to write out
-    std::int32_t plSymbolMode;      // 0 expand, 1 existing symbol, 2 create symbol
-    std::int32_t dbFromActiveList;  // 1 = write the items of the active list
-    std::int32_t dbActiveListCount;
-    std::int32_t dbNoErrorOutput;  // 0 = write error output, 1 = not
-    double vrCharSpacing;          // 0.1 to 10, ratio to text height
-    double vrLineSpacing;          // 0.1 to 10, ratio to text height
-    void* dbOutParams;             // PlOutParamBlock or VrOutParamBlock, owned by the host
+    int32_t plwVariant;        // not 0 = the PL/W variant
+    int32_t vrFacom;           // 0 = IBM, otherwise FACOM
+    int32_t dbSource;          // 0, 1, 2: the source choice
+    int32_t dbMode;            // input: 0 new, 1 add, 2 overlay; output: 0 new file, 1 add
+    int32_t dbModelByName;     // 0 = current model, 1 = models by name
+    int32_t dbOutPage;         // page to write, 0 = not by page
+    int32_t dbPicture;         // input: 0 to 256; output: current picture in, picture to write out
+    int32_t plSymbolMode;      // 0 expand, 1 existing symbol, 2 create symbol
+    int32_t dbFromActiveList;  // 1 = write the items of the active list
+    int32_t dbActiveListCount;
+    int32_t dbNoErrorOutput;  // 0 = write error output, 1 = not
+    double vrCharSpacing;     // 0.1 to 10, ratio to text height
+    double vrLineSpacing;     // 0.1 to 10, ratio to text height
+    void* dbOutParams;        // PlOutParamBlock or VrOutParamBlock, owned by the host
     char reserved792[4];
-    std::int32_t dbPageCounts[256];
+    int32_t dbPageCounts[256];
     char dbPageNames[257][257];  // EUC, by page number; slot 0 unused
     char reserved67869[7];
-    std::int32_t dbPictureCounts[256];
+    int32_t dbPictureCounts[256];
     char dbPictureNames[257][257];  // EUC, by picture number; slot 0 unused
     char reserved134949[3];
-    std::int32_t plFloppyGroupCount;
+    int32_t plFloppyGroupCount;
     char plFloppyGroups[512][6];  // padded with blanks
-    std::int32_t plFloppyUserCount;
+    int32_t plFloppyUserCount;
     char plFloppyUsers[512][8];
-    std::int32_t dbDrawingCount;
-    std::int32_t dbOutModelCount;
-    std::int32_t dbSelectAllAllowed;
+    int32_t dbDrawingCount;
+    int32_t dbOutModelCount;
+    int32_t dbSelectAllAllowed;
     TarnaDrawing dbDrawings[1];  // dbDrawingCount entries; the host allocates the record as large as they need
-};
+} TarnaDatabaseView;
 
 // In the export view the file name reaches over the import view's subModelName: after an export that field means
 // nothing.
-union TARNAINFO {
+typedef union TARNAINFO {
     TarnaImportView input;
     TarnaExportView output;
     TarnaDatabaseView database;
-};
+} TARNAINFO;
 
 // CatiaInputDlg. The host allocates as much room for fileName as its paths need; the library writes at most
 // kCatiaFileNameSize bytes, the NUL included.
-struct CATIAINFO {
-    std::int32_t addMode;        // 1 = add to the current model, 0 = new model
-    std::int32_t pictureNumber;  // 1 to 256
-    std::int32_t convertHidden;  // 1 = hidden items are converted
-    char fileName[257];          // internal path form
-};
-constexpr std::size_t kCatiaFileNameSize = sizeof CATIAINFO::fileName;
-
-#define KIRO_PIN(view, field, offset, width)                                           \
-    static_assert(offsetof(view, field) == (offset) && sizeof(view::field) == (width), \
-                  #view "::" #field " must stay where the host has it")
+typedef struct CATIAINFO {
+    int32_t addMode;        // 1 = add to the current model, 0 = new model
+    int32_t pictureNumber;  // 1 to 256
+    int32_t convertHidden;  // 1 = hidden items are converted
+    char fileName[257];     // internal path form
+} CATIAINFO;
+KIRO_CONSTANT(kCatiaFileNameSize, 257);
 
 KIRO_PIN(TarnaImportView, inputIsDwg, 0, 4);
 KIRO_PIN(TarnaImportView, inputStatus, 4, 4);
@@ -156,8 +151,8 @@ KIRO_PIN(TarnaExportView, layerTableFileName, 554, 526);
 KIRO_PIN(TarnaExportView, exportParams, 1080, 8);
 
 KIRO_PIN(TarnaDatabaseView, dbFileName, 0, 512);
-static_assert(offsetof(TarnaDatabaseView, patternSlot) == 0 && offsetof(TarnaModelPatternSlot, dbModelPattern) == 256);
-static_assert(sizeof TarnaModelPatternSlot::dbModelPattern == 256);
+KIRO_PIN(TarnaDatabaseView, patternSlot, 0, 512);
+KIRO_PIN(TarnaModelPatternSlot, dbModelPattern, 256, 256);
 KIRO_PIN(TarnaDatabaseView, dbSubModelName, 512, 128);
 KIRO_PIN(TarnaDatabaseView, dbInputView, 640, 3);
 KIRO_PIN(TarnaDatabaseView, plDriveKnown, 648, 4);
@@ -199,4 +194,4 @@ KIRO_PIN(TarnaDrawing, modelName, 45, 35);
 KIRO_PIN(CATIAINFO, addMode, 0, 4);
 KIRO_PIN(CATIAINFO, pictureNumber, 4, 4);
 KIRO_PIN(CATIAINFO, convertHidden, 8, 4);
-static_assert(offsetof(CATIAINFO, fileName) == 12);
+KIRO_PIN(CATIAINFO, fileName, 12, kCatiaFileNameSize);

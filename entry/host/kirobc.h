@@ -1,7 +1,9 @@
 // kirobc: basic services and the record functions of the database commands.
 #pragma once
 
+#if defined(__cplusplus)
 #include <string>
+#endif
 
 #include "HostApi.h"
 #include "TARNAINFO.h"
@@ -17,9 +19,10 @@
 // Converts length bytes and writes at most size - 1 bytes and a NUL, cut at a character's end. Returns the number of
 // bytes that the whole result has, without the NUL (so a result >= size says that it was cut); out may be null with
 // size 0. Bytes that are no character of the source encoding become "?".
-KIROBC_API std::size_t HxEucToSjis(const char* text, std::size_t length, char* out, std::size_t size);
-KIROBC_API std::size_t HxSjisToEuc(const char* text, std::size_t length, char* out, std::size_t size);
+KIROBC_API size_t HxEucToSjis(const char* text, size_t length, char* out, size_t size);
+KIROBC_API size_t HxSjisToEuc(const char* text, size_t length, char* out, size_t size);
 
+#if defined(__cplusplus)
 class HxEucEncoder {
   public:
     // At most limit bytes of result, cut at a character's end.
@@ -40,6 +43,7 @@ class HxEucEncoder {
         return out;
     }
 };
+#endif
 
 // ---- Files ----
 
@@ -48,6 +52,7 @@ KIROBC_API void* HxFileIOOpen(const char* path, int flags, int mode);      // nu
 KIROBC_API int HxFileIORead(void* file, void* buffer, unsigned int size);  // bytes read, 0 at the end, -1 on failure
 KIROBC_API void HxFileIOClose(void* file);
 
+#if defined(__cplusplus)
 class HxFileIO {
   public:
     HxFileIO() = default;
@@ -69,12 +74,14 @@ class HxFileIO {
   private:
     void* file_ = nullptr;
 };
+#endif
 
 // The full path (internal form) of a name in a key's folder. upperCase: the name is put in upper case. create: the
 // folder is made when it is missing. Returns the length of the whole path; 0 when it cannot be formed.
-KIROBC_API std::size_t HxFileToFullPath(const char* key, const char* name, bool upperCase, bool create, char* out,
-                                        std::size_t size);
+KIROBC_API size_t HxFileToFullPath(const char* key, const char* name, bool upperCase, bool create, char* out,
+                                   size_t size);
 
+#if defined(__cplusplus)
 class HxFile {
   public:
     static std::string ToFullPath(const std::string& key, const std::string& name, bool upperCase, bool create) {
@@ -84,7 +91,7 @@ class HxFile {
     }
 };
 
-// Lists a folder. Paths: internal form.
+// Lists a folder; C++ only. Paths: internal form.
 class HxFileFinder {
   public:
     virtual bool Open(const char* pattern, bool directories) = 0;  // true when there is a first entry
@@ -97,8 +104,9 @@ class HxFileFinder {
     ~HxFileFinder() = default;
 };
 KIROBC_API HxFileFinder* HxFileFinderCreateInstance();
+#endif
 
-KIROBC_API std::size_t HxUtilGetStationId(char* out, std::size_t size);
+KIROBC_API size_t HxUtilGetStationId(char* out, size_t size);
 
 // ---- Checks and databases. Each takes and fills the fields of the record that it names. ----
 

@@ -9,13 +9,13 @@
 #define KIROCONTROL_API KIRO_HOST_IMPORT
 #endif
 
-class HxModel;
+typedef struct HxModel HxModel;
 
 // The model that commands work on. Never null while the host runs.
-KIROCONTROL_API HxModel* GetActiveModel();
+KIROCONTROL_API HxModel* GetActiveModel(void);
 
 // File types by key, such as "#DXF#".
-struct HxFileType;
+typedef struct HxFileType HxFileType;
 KIROCONTROL_API const HxFileType* HxSessionGetFileType(const char* key);  // null for an unknown key
 KIROCONTROL_API int HxFileTypeIsUpperCase(const HxFileType* type);        // not 0: its files are named in upper case
 

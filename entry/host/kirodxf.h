@@ -13,27 +13,27 @@
 // ---- Reading group code and value pairs ----
 
 // What the reader knows of its input. Set both to 0 before a file is examined.
-struct DxfInputBlock {
-    std::int32_t binary;     // not 0: the examined file is binary DXF
-    std::int32_t wideCodes;  // not 0: a binary file with two-byte group codes
-};
-KIRODXF_API DxfInputBlock* DxfKiroInp();
+typedef struct DxfInputBlock {
+    int32_t binary;     // not 0: the examined file is binary DXF
+    int32_t wideCodes;  // not 0: a binary file with two-byte group codes
+} DxfInputBlock;
+KIRODXF_API DxfInputBlock* DxfKiroInp(void);
 
 KIRODXF_API int DxfCheckBinary(const char* path);  // looks at the file's start; 0 when it could be read
-KIRODXF_API int DxfGetBinary();                    // not 0: the file examined last is binary DXF
+KIRODXF_API int DxfGetBinary(void);                // not 0: the file examined last is binary DXF
 KIRODXF_API int DxfOpenBinary(const char* path);   // 0 on success
 KIRODXF_API int dxfxxopen(const char* path);       // opens a text file; 0 on success
-KIRODXF_API void dxfxxclos();                      // closes whichever is open; nothing when none is
+KIRODXF_API void dxfxxclos(void);                  // closes whichever is open; nothing when none is
 
 // Text files. dxfinread reads the next line (CR LF, LF or CR at its end, which is not part of it); 0 on success, not 0
 // at the end or on a failure. dxfinctoi: the line as a group code, or -1 when it is no number (also for negative codes
 // that have no meaning in a file, such as -5). A line of any length is read; DxfGetText gives as much of it as fits.
-KIRODXF_API int dxfinread();
-KIRODXF_API int dxfinctoi();
+KIRODXF_API int dxfinread(void);
+KIRODXF_API int dxfinctoi(void);
 
 // Binary files: reads the next pair. The group code, or a negative number at the end or when the file breaks off or
 // makes no sense; nothing more can be read then.
-KIRODXF_API int dxfinbinary();
+KIRODXF_API int dxfinbinary(void);
 
 // The text of the line or value read last: the bytes of the file, up to a NUL, cut to size - 1 bytes. Of a longer text
 // the first 4095 bytes are kept, while the length is that of the whole. The encoding is the file's. For a binary value
@@ -53,16 +53,16 @@ KIRODXF_API const char* DxfGetErrorMessage(int code);
 KIRODXF_API void setdxfinparam(const DxfInParamBlock* params);  // of the next import; copied. Null: those before stay
 // Keeps the parameters given last as the defaults, beyond the end of the program; 0 on success. Otherwise, and when
 // none were given, the defaults kept before stay.
-KIRODXF_API int DxfInWriteParam();
+KIRODXF_API int DxfInWriteParam(void);
 KIRODXF_API int DxfInReadParam(DxfInParamBlock* params);  // the kept defaults; 0 on success, or params is as before
 KIRODXF_API void setdxfotparam(const DxfOutParamBlock* params);
-KIRODXF_API int DxfOutWriteParam();
+KIRODXF_API int DxfOutWriteParam(void);
 KIRODXF_API void setdxfintblnam(const char* name);
 KIRODXF_API void setdxfottblnam(const char* name);
 KIRODXF_API void setdxfdrawscl(double scale);
 KIRODXF_API int DxfOutFloppy(bool floppy, const char* path, int drawing, int picture);  // 0, or a negative error code
-KIRODXF_API int DxfIsModelCheck();  // not 0: the model is to be checked before an export
-KIRODXF_API void d161907cnsout();   // saves the host's settings
+KIRODXF_API int DxfIsModelCheck(void);  // not 0: the model is to be checked before an export
+KIRODXF_API void d161907cnsout(void);   // saves the host's settings
 
 // The block names of arrow heads as DXF files have them, such as "_DOT"; Shift-JIS, null past the last.
 KIRODXF_API const char* dxfinGetArrowName(int index);
@@ -71,15 +71,16 @@ KIRODXF_API int dxfotCheckArrow(const char* name);     // not 0: one of the name
 
 // The colour numbers of DXF: 1 to 255, and as white 0 (by block) and 256 (by layer). Black for any other number. Values
 // are 0 to 255; one that is not wanted may be null.
-KIRODXF_API void DxfGetColorRGB(int color, std::int16_t* red, std::int16_t* green, std::int16_t* blue);
-KIRODXF_API void DxfSetColorRGB();  // prepares the palette. It is constant here: nothing changes, and no call is needed
+KIRODXF_API void DxfGetColorRGB(int color, int16_t* red, int16_t* green, int16_t* blue);
+// Prepares the palette. It is constant here: nothing changes, and no call is needed.
+KIRODXF_API void DxfSetColorRGB(void);
 
-constexpr int kDxfLineWidths = 24;
+KIRO_CONSTANT(kDxfLineWidths, 24);
 KIRODXF_API double DxfGetLineWidth(int index);    // the standard widths in mm, 0 to 23, ascending; -1 for another index
 KIRODXF_API int DxfCheckLineWidth(double width);  // not 0: exactly a standard width
 
 // The list of default widths has the line weights 1 to 16, in this order and each shown as its number.
-constexpr int kDxfLineWeights = 16;
+KIRO_CONSTANT(kDxfLineWeights, 16);
 KIRODXF_API int DxfGetLineWeight(int index);  // the weight for an index of that list; 0 for another index
 
 // Byte for byte, letter case too; a null pointer is the empty text. A text's NUL ends the comparison: neither reads

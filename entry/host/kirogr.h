@@ -9,8 +9,8 @@
 #define KIROGR_API KIRO_HOST_IMPORT
 #endif
 
-class HxLineStyle;
+typedef struct HxLineStyle HxLineStyle;
 
 KIROGR_API KrWindow Grgetwin(int number);  // -1: the main window; null when there is none
 KIROGR_API void lftpattern(HxLineStyle* style, double draftingScale);
-KIROGR_API void clearUserPen();
+KIROGR_API void clearUserPen(void);

@@ -10,14 +10,14 @@
 #define KIROMDL_API KIRO_HOST_IMPORT
 #endif
 
-class HxModel;
-class HxLineStyle;
-class HxLineStylePattern;
-class HxDloList;
-class HxDlo;
-class HxNameList;
-class HxModelTitleSet;
-class HxPermItemDb;
+typedef struct HxModel HxModel;
+typedef struct HxLineStyle HxLineStyle;
+typedef struct HxLineStylePattern HxLineStylePattern;
+typedef struct HxDloList HxDloList;
+typedef struct HxDlo HxDlo;
+typedef struct HxNameList HxNameList;
+typedef struct HxModelTitleSet HxModelTitleSet;
+typedef struct HxPermItemDb HxPermItemDb;
 
 // ---- Scales ----
 
@@ -35,11 +35,11 @@ KIROMDL_API HxNameList* HxModelGetRevisionNameList(HxModel* model);
 KIROMDL_API HxModelTitleSet* HxModelGetModelTitleSet(HxModel* model);
 KIROMDL_API double HxModelGetDraftingScale(const HxModel* model);
 // The item attributes, as 32-bit words; bits 15 to 24 of the fourth are the current picture. Count of words available.
-KIROMDL_API int HxModelGetItemAttributes(const HxModel* model, std::uint32_t* words, int count);
+KIROMDL_API int HxModelGetItemAttributes(const HxModel* model, uint32_t* words, int count);
 
+#if defined(__cplusplus)
 // The class of the model itself: what the commands call on GetActiveModel().
-class HxModel {
-  public:
+struct HxModel {
     HxModel() = delete;
     bool IsModified() const { return HxModelIsModified(this) != 0; }
     HxPermItemDb* GetPermItemDb() { return HxModelGetPermItemDb(this); }
@@ -50,12 +50,13 @@ class HxModel {
     HxModelTitleSet* GetModelTitleSet() { return HxModelGetModelTitleSet(this); }
     double GetDraftingScale() const { return HxModelGetDraftingScale(this); }
 };
+#endif
 
 // ---- Items ----
 
-KIROMDL_API int HxPermItemDbGetMaxItemCount();                                  // the largest maximum item count
+KIROMDL_API int HxPermItemDbGetMaxItemCount(void);                              // the largest maximum item count
 KIROMDL_API int HxPermItemDbGetItemCount(const HxPermItemDb* db, int picture);  // 1 to 256; 0 for any other number
-KIROMDL_API int HxItemMaxSrCount();  // HxItem::m_maxSrCount, the largest split count
+KIROMDL_API int HxItemMaxSrCount(void);  // HxItem::m_maxSrCount, the largest split count
 
 // ---- Line styles. Patterns 1 to 63, widths 1 to 16. ----
 
@@ -79,13 +80,13 @@ KIROMDL_API void HxLineStylePatternSet(HxLineStylePattern* pattern, int count, c
 KIROMDL_API HxDlo* HxDloListGetDlo(HxDloList* list, int number);  // null: none
 KIROMDL_API int HxDloGetDloWindowCount(const HxDlo* layout);
 KIROMDL_API int HxDloGetDloWindowPicture(const HxDlo* layout, int index);  // the picture that window shows
-struct HxDloFrame {
-    std::int32_t valid;
-    std::int32_t kind;
+typedef struct HxDloFrame {
+    int32_t valid;
+    int32_t kind;
     double width;
     double height;
     char name[257];  // EUC
-};
+} HxDloFrame;
 KIROMDL_API int HxDloGetDloFrame(const HxDlo* layout, HxDloFrame* frame);  // 0: none
 
 // ---- Names and titles ----

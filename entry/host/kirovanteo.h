@@ -3,6 +3,8 @@
 // Every function runs one command's dialog, modally, over the host's main window (Grgetwin(-1)) and returns when it is
 // closed. Call them on the thread that owns that window, one at a time. No argument may be null. Text in the records is
 // EUC unless TARNAINFO.h says otherwise.
+//
+// C11 and C++17.
 #pragma once
 
 #include "HostApi.h"
@@ -30,15 +32,15 @@ KIROVANTEO_API int CatiaInputDlg(CATIAINFO* info);
 // relies on both.) Element 0 of each array is a state word.
 //
 // layerNames: 257 elements, the state word and the 256 layer entries.
-KIROVANTEO_API bool DxfLayerNameDialog(std::int32_t mode, std::int32_t* layerNames);
+KIROVANTEO_API bool DxfLayerNameDialog(int32_t mode, int32_t* layerNames);
 // lineTypes: 64 elements, 32 pairs; the state word is the first member of the first pair.
-KIROVANTEO_API bool DxfLineTypeDialog(std::int32_t* lineTypes);
+KIROVANTEO_API bool DxfLineTypeDialog(int32_t* lineTypes);
 // lineWidths: 17 elements, the state word and the 16 widths.
-KIROVANTEO_API bool DxfLineWidthDialog(std::int32_t mode, std::int32_t* lineWidths);
+KIROVANTEO_API bool DxfLineWidthDialog(int32_t mode, int32_t* lineWidths);
 // kind 1 asks; every other kind shows nothing and gives false.
-KIROVANTEO_API bool DxfWarningDialog(std::int32_t kind);
+KIROVANTEO_API bool DxfWarningDialog(int32_t kind);
 
 // Reports of a running conversion. Both return when the user has pressed OK.
-KIROVANTEO_API void ErrorMessageBox(std::int32_t errorCode);  // the text of DxfGetErrorMessage
+KIROVANTEO_API void ErrorMessageBox(int32_t errorCode);  // the text of DxfGetErrorMessage
 // message, caption: EUC. What is longer than 127 bytes of Shift-JIS is cut at a character's end.
 KIROVANTEO_API void WarningMessageBox(const char* message, const char* caption);

@@ -1,5 +1,5 @@
 // What a program does to act as the host: the stand-alone host layer is set up through these functions before a command
-// is called. They are the layer's own and are not part of what the commands see.
+// is called. They are the layer's own and are not part of what the commands see. C11 and C++17.
 #pragma once
 
 #include "entry/host/HostApi.h"
@@ -12,7 +12,7 @@
 KIROBC_API void KiroHostSetHome(const wchar_t* folder);
 // The folder of a key with no "\" at its end, made if it is missing and can be made. Size and result count wide
 // characters: the result is the length of the whole path; 0 when the key is malformed.
-KIROBC_API std::size_t KiroHostGetFolder(const char* key, wchar_t* out, std::size_t size);
+KIROBC_API size_t KiroHostGetFolder(const char* key, wchar_t* out, size_t size);
 
 // kirogr: the window that Grgetwin(-1) gives.
 KIROGR_API void KiroHostSetMainWindow(KrWindow window);
@@ -22,6 +22,6 @@ KIROGR_API void KiroHostSetMainWindow(KrWindow window);
 //    "pictures": [{"number": 1, "scale": 0.5}]}
 // Every member may be missing. Null: an empty, unmodified model. 0 on success; otherwise the model is as it was and
 // message (UTF-8, may be null) tells why.
-KIROMDL_API int KiroHostLoadModel(const wchar_t* file, char* message, std::size_t size);
+KIROMDL_API int KiroHostLoadModel(const wchar_t* file, char* message, size_t size);
 KIROMDL_API void KiroHostSetModified(bool modified);
-KIROMDL_API HxModel* KiroHostModel();
+KIROMDL_API HxModel* KiroHostModel(void);
