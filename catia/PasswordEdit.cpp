@@ -54,6 +54,7 @@ void PasswordEdit::Attach(HWND edit) {
     subclass_.CallOriginal(EM_LIMITTEXT, kLimit);
 }
 
+// The commands of the edit's own menu come as messages too.
 std::optional<LRESULT> PasswordEdit::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CHAR:
@@ -75,8 +76,6 @@ std::optional<LRESULT> PasswordEdit::Handle(UINT message, WPARAM wParam, LPARAM 
             return wParam == VK_BACK ? std::optional(Undo()) : std::nullopt;
         case WM_SYSCHAR:
             return wParam == VK_BACK ? std::optional<LRESULT>(0) : std::nullopt;
-        case WM_COMMAND:
-            return MenuCommand(wParam);
         case WM_SETTEXT:
             SetText(reinterpret_cast<const wchar_t*>(lParam));
             return TRUE;
@@ -100,9 +99,6 @@ std::optional<LRESULT> PasswordEdit::Handle(UINT message, WPARAM wParam, LPARAM 
             return text_.CanUndo();
         case EM_EMPTYUNDOBUFFER:
             text_.ForgetUndo();
-            return std::nullopt;
-        case WM_DESTROY:
-            text_.Wipe();
             return std::nullopt;
         default:
             return std::nullopt;
@@ -141,21 +137,6 @@ std::optional<LRESULT> PasswordEdit::KeyDown(WPARAM key, LPARAM lParam) {
     if (key == VK_DELETE && IsDown(VK_SHIFT) && Selection().count > 0) return Refuse();  // that would cut
     if (key == VK_DELETE || key == VK_BACK) return Delete(WM_KEYDOWN, key, lParam);
     return std::nullopt;
-}
-
-// The edit's own menu sends these numbers as messages, or as commands to the edit itself.
-std::optional<LRESULT> PasswordEdit::MenuCommand(WPARAM command) {
-    switch (command) {
-        case WM_UNDO:
-        case EM_UNDO:
-        case WM_CUT:
-        case WM_COPY:
-        case WM_PASTE:
-        case WM_CLEAR:
-            return Handle(static_cast<UINT>(command), 0, 0);
-        default:
-            return std::nullopt;
-    }
 }
 
 // The edit takes a typed mask, so that everything is as with any edit: the limit, its beep, the pointer that hides.

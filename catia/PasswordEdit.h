@@ -29,7 +29,6 @@ class PasswordEdit {
     std::optional<LRESULT> Handle(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> Character(WPARAM character, LPARAM lParam);
     std::optional<LRESULT> KeyDown(WPARAM key, LPARAM lParam);
-    std::optional<LRESULT> MenuCommand(WPARAM command);
 
     void TypeUnit(wchar_t unit, LPARAM lParam = 1);
     void TypeCodePoint(char32_t character);

@@ -26,7 +26,7 @@ class SecretText {
     bool Undo();
     bool CanUndo() const { return lastChange_ != Change::kNone; }
     void ForgetUndo();
-    void Wipe();
+    void Wipe();  // so does the destructor, whatever way out the command takes
 
   private:
     enum class Change { kNone, kTyped, kDeleted, kUndone };

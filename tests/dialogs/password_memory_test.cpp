@@ -12,6 +12,7 @@
 
 #include "driver/Driver.h"
 #include "resources/catia/KrDxfPass.ids.h"
+#include "tests/dialogs/Clipboard.h"
 
 namespace {
 
@@ -230,17 +231,6 @@ TEST(PasswordMemory, NothingStaysWhateverEndsTheDialog) {
         host.WaitForReturn();
         EXPECT_EQ(0, host.Finds(kAll));
     }
-}
-
-void PutIntoClipboard(const std::wstring& text) {
-    Need(Wait([] { return OpenClipboard(nullptr) != FALSE; }), "the clipboard does not open");
-    EmptyClipboard();
-    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
-    std::memcpy(GlobalLock(memory), text.c_str(), bytes);
-    GlobalUnlock(memory);
-    SetClipboardData(CF_UNICODETEXT, memory);
-    CloseClipboard();
 }
 
 // The clipboard is the system's, which makes a copy of its own for a program that asks for it. Pasting adds none.
