@@ -11,6 +11,7 @@
 #include "driver/Leaks.h"
 #include "entry/host/ParamBlocks.h"
 #include "entry/host/TARNAINFO.h"
+#include "hostlayer/include/KiroHost.h"
 
 using namespace kiro::drive;
 
@@ -54,6 +55,15 @@ void KeepSystemLibraries() {
 }
 
 void Load() { const Library library; }
+
+void LoadAndThrow() {
+    const Library library;
+    // Throws within, and catches: there is no such file.
+    const auto address = reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kiromdl.dll"), "KiroHostLoadModel"));
+    char message[100] = "";
+    reinterpret_cast<decltype(&KiroHostLoadModel)>(address)(L"?", message, sizeof message);
+    EXPECT_STRNE("", message);
+}
 
 void LoadAndCall() {
     const Library library;
@@ -99,6 +109,7 @@ std::size_t HeapCost(void (*round)()) {
 
 TEST(Load, FreedItLeavesNothing) {
     EXPECT_EQ(0u, HeapCost(Load));
+    EXPECT_EQ(0u, HeapCost(LoadAndThrow));
     EXPECT_EQ(nullptr, GetModuleHandleW(L"kirodlglib.dll"));
 }
 
