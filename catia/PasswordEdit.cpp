@@ -13,7 +13,7 @@ constexpr wchar_t kCopy = 0x03;
 constexpr wchar_t kPaste = 0x16;
 constexpr wchar_t kCut = 0x18;
 constexpr wchar_t kUndo = 0x1A;
-constexpr wchar_t kCtrlBackspace = 0x7F;
+constexpr wchar_t kCtrlBackspace = 0x7F;  // of no use where no words are seen
 
 bool IsDown(int key) { return GetKeyState(key) < 0; }
 
