@@ -1,24 +1,17 @@
 #include "catia/KrDxfPass.h"
 
-#include <cstring>
-#include <cwchar>
-
 #include "entry/host/FixedText.h"
 #include "resources/catia/KrDxfPass.ids.h"
 
 namespace {
 
-constexpr int kPasswordLimit = 128;  // characters that can be typed; also the bytes that the record can hold
-
-// A buffer for the password. It lies on the stack alone and is wiped when it goes, so that no copy of ours stays
-// behind.
-template <class Char, std::size_t N>
-struct SecretBuffer {
-    SecretBuffer() = default;
-    SecretBuffer(const SecretBuffer&) = delete;
-    SecretBuffer& operator=(const SecretBuffer&) = delete;
-    ~SecretBuffer() { SecureZeroMemory(text, sizeof text); }
-    Char text[N] = {};
+// The password in code page 932, two bytes a character at most. On the stack alone, and wiped when it goes.
+struct SjisPassword {
+    SjisPassword() = default;
+    SjisPassword(const SjisPassword&) = delete;
+    SjisPassword& operator=(const SjisPassword&) = delete;
+    ~SjisPassword() { SecureZeroMemory(bytes, sizeof bytes); }
+    char bytes[2 * PasswordEdit::kLimit] = {};
 };
 
 }  // namespace
@@ -33,31 +26,23 @@ void KrDxfPass::OnInit() {
     Utility().SetCaption("パスワード入力");
     const std::string name = KrEdited(Utility(), ReadFixedText(info_.inputFileName), &KrUtility::ToSJIS);
     Item<kiro::ui::Edit>(kProtectedFileEdit).SetText(name);
-    Item<kiro::ui::Edit>(kPasswordEdit).LimitText(kPasswordLimit);
+    password_.Attach(GetDlgItem(Handle(), kPasswordEdit));
 }
 
 void KrDxfPass::OnOk() {
-    if (!TakePassword()) return;
-    WipeEdit();
-    End(IDOK);
-}
-
-void KrDxfPass::OnCancel() {
-    WipeEdit();
-    End(IDCANCEL);
+    if (TakePassword()) End(IDOK);
 }
 
 bool KrDxfPass::TakePassword() {
-    SecretBuffer<wchar_t, kPasswordLimit + 1> typed;
-    const int length = GetWindowTextW(GetDlgItem(Handle(), kPasswordEdit), typed.text, kPasswordLimit + 1);
-    if (length == 0) return Refuse("パスワードが入力されていません。");
-    // Two bytes a character at most; the record takes half of that.
-    SecretBuffer<char, 2 * kPasswordLimit + 1> password;
+    const std::wstring_view typed = password_.Text();
+    if (typed.empty()) return Refuse("パスワードが入力されていません。");
+    SjisPassword sjis;
     BOOL foreign = FALSE;
-    const int bytes = WideCharToMultiByte(932, WC_NO_BEST_FIT_CHARS, typed.text, length, password.text,
-                                          2 * kPasswordLimit, nullptr, &foreign);
-    if (bytes <= 0 || foreign) return Refuse("パスワードに使用できない文字が入力されています。");
-    return WriteFixedText(info_.password, {password.text, static_cast<std::size_t>(bytes)}) ||
+    const int length = WideCharToMultiByte(932, WC_NO_BEST_FIT_CHARS, typed.data(), static_cast<int>(typed.size()),
+                                           sjis.bytes, sizeof sjis.bytes, nullptr, &foreign);
+    if (length <= 0 || foreign) return Refuse("パスワードに使用できない文字が入力されています。");
+    // The record takes half of what can be typed.
+    return WriteFixedText(info_.password, {sjis.bytes, static_cast<std::size_t>(length)}) ||
            Refuse("パスワードが長すぎます（最大半角１２８文字）。");
 }
 
@@ -66,15 +51,4 @@ bool KrDxfPass::Refuse(const char* message) {
     FocusTo(kPasswordEdit);
     Utility().ErrorText(message);
     return false;
-}
-
-// The edit's own buffer: overwritten in place by a text of the same length, then emptied, its undo buffer with it.
-void KrDxfPass::WipeEdit() {
-    const HWND edit = GetDlgItem(Handle(), kPasswordEdit);
-    SecretBuffer<wchar_t, kPasswordLimit + 1> blanks;
-    const int length = GetWindowTextLengthW(edit);
-    std::wmemset(blanks.text, L'*', static_cast<std::size_t>(length < kPasswordLimit ? length : kPasswordLimit));
-    SetWindowTextW(edit, blanks.text);
-    SetWindowTextW(edit, L"");
-    SendMessageW(edit, EM_EMPTYUNDOBUFFER, 0, 0);
 }

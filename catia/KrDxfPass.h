@@ -1,6 +1,7 @@
 // The password dialog: names a protected file and collects its password. It does not check the password and keeps none.
 #pragma once
 
+#include "catia/PasswordEdit.h"
 #include "entry/host/TARNAINFO.h"
 #include "ui/HostDialog.h"
 
@@ -11,10 +12,9 @@ class KrDxfPass final : public kiro::ui::HostDialog {
   private:
     void OnInit() override;
     void OnOk() override;
-    void OnCancel() override;
     bool TakePassword();               // into the record
     bool Refuse(const char* message);  // false
-    void WipeEdit();
 
     TarnaImportView& info_;
+    PasswordEdit password_;
 };

@@ -2,31 +2,42 @@
 
 CVanteoApp theApp;
 
-extern "C" IMAGE_DOS_HEADER __ImageBase;  // the linker's name for where this module lies
+extern "C" IMAGE_DOS_HEADER __ImageBase;  // the linker's name for the start of this DLL in memory
 
 namespace {
 
-constexpr int kManifestId = 2;  // a library's manifest has this number
+constexpr int kManifestId = 2;  // where the system looks for the manifest of a DLL
+
+HMODULE ThisModule() { return reinterpret_cast<HMODULE>(&__ImageBase); }
+
+HANDLE MakeActivationContext() {
+    wchar_t path[MAX_PATH];
+    const DWORD length = GetModuleFileNameW(ThisModule(), path, MAX_PATH);
+    ACTCTXW context{};
+    context.cbSize = sizeof context;
+    context.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
+    context.hModule = ThisModule();
+    context.lpSource = length > 0 && length < MAX_PATH ? path : nullptr;
+    context.lpResourceName = MAKEINTRESOURCEW(kManifestId);
+    return CreateActCtxW(&context);
+}
+
+void Release(HANDLE activationContext) {
+    if (activationContext && activationContext != INVALID_HANDLE_VALUE) ReleaseActCtx(activationContext);
+}
 
 }  // namespace
 
-CVanteoApp::~CVanteoApp() {
-    if (activationContext_ && activationContext_ != INVALID_HANDLE_VALUE) ReleaseActCtx(activationContext_);
-}
+CVanteoApp::~CVanteoApp() { Release(activationContext_); }
 
-HMODULE CVanteoApp::Module() const { return reinterpret_cast<HMODULE>(&__ImageBase); }
+HMODULE CVanteoApp::Module() const { return ThisModule(); }
 
 HANDLE CVanteoApp::ActivationContext() {
     if (!activationContext_) {
-        wchar_t path[MAX_PATH];
-        const DWORD length = GetModuleFileNameW(Module(), path, MAX_PATH);
-        ACTCTXW context{};
-        context.cbSize = sizeof context;
-        context.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
-        context.hModule = Module();
-        context.lpSource = length > 0 && length < MAX_PATH ? path : nullptr;
-        context.lpResourceName = MAKEINTRESOURCEW(kManifestId);
-        activationContext_ = CreateActCtxW(&context);
+        const HANDLE made = MakeActivationContext();
+        HANDLE none = nullptr;
+        // Another thread's command may have made one meanwhile.
+        if (!activationContext_.compare_exchange_strong(none, made)) Release(made);
     }
     return activationContext_;
 }

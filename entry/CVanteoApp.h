@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <atomic>
+
 #include "ui/Dialog.h"
 
 class CVanteoApp {
@@ -15,7 +17,7 @@ class CVanteoApp {
     HANDLE ActivationContext();
 
   private:
-    HANDLE activationContext_ = nullptr;
+    std::atomic<HANDLE> activationContext_{nullptr};
 };
 
 extern CVanteoApp theApp;

@@ -1,5 +1,5 @@
-// The commands that run a dialog over a record. Every export follows one frame: resource context, owner window, dialog,
-// and everything undone in reverse.
+// The commands that run a dialog over a record. Each goes the same way: make the library's resources current, ask for
+// the host's main window, run the dialog over it, and undo all of it in reverse.
 #include <windows.h>
 
 #include "catia/KrDxfPass.h"

@@ -13,7 +13,7 @@ namespace {
 // What a warning's text and caption may have in bytes of Shift-JIS: the host's limit.
 constexpr std::size_t kWarningBytes = 127;
 
-// One space: never empty, which would make the system put a word of its own there, and never a product's name.
+// A deliberate oddity: one space. Neither empty nor the name of a program.
 constexpr wchar_t kNoCaption[] = L" ";
 
 }  // namespace

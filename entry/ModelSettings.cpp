@@ -1,4 +1,5 @@
-// The commands that work on the host's current model: a prompt by the state word of their array, then the dialog.
+// The commands that work on the host's current model. Element 0 of each one's array is a state word: it decides whether
+// the user is asked first, refused, or sees the dialog at once.
 #include <windows.h>
 
 #include "entry/CVanteoApp.h"
@@ -58,7 +59,7 @@ bool RunSettings(Prompt prompt, const PromptTexts& texts, const char* caption, i
     }
 }
 
-// Line types and line widths share the three-way rule on their state word.
+// For line types and line widths: below 0 refuses, 0 opens the dialog at once, above 0 asks first.
 Prompt PromptOf(std::int32_t state) {
     if (state == 0) return Prompt::kNone;
     return state < 0 ? Prompt::kRefuse : Prompt::kAsk;
@@ -68,8 +69,8 @@ const char* CaptionOf(std::int32_t state) { return state == 1 ? kDxfCaption : kD
 }  // namespace
 
 bool DxfLayerNameDialog(std::int32_t mode, std::int32_t* layerNames) {
-    // Always prompts. Modes 0 and 1 share the caption; the dialog's own flag groups 0 with 2. The two rules are meant
-    // to differ.
+    // Asks or refuses, always. Modes 0 and 1 have the same caption, but for the dialog itself 0 and 2 are the same: the
+    // two rules are meant to differ.
     const Prompt prompt = layerNames[0] != 0 ? Prompt::kRefuse : Prompt::kAsk;
     const char* caption = mode == 0 || mode == 1 ? kDxfCaption : kDwgCaption;
     return RunSettings(prompt, kLayerNameTexts, caption, kDxfLayerNameDialog);

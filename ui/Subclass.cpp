@@ -25,6 +25,10 @@ void Subclass::Detach() {
     window_ = nullptr;
 }
 
+LRESULT Subclass::CallOriginal(UINT message, WPARAM wParam, LPARAM lParam) const {
+    return CallWindowProcW(original_, window_, message, wParam, lParam);
+}
+
 LRESULT CALLBACK Subclass::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* self = static_cast<Subclass*>(GetPropW(window, kProperty));
     if (!self) return DefWindowProcW(window, message, wParam, lParam);

@@ -20,6 +20,8 @@ class Subclass {
 
     void Attach(HWND window, Handler handler);
     void Detach();  // also when the window is destroyed
+    // The window's own procedure, past the handler.
+    LRESULT CallOriginal(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
 
   private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
