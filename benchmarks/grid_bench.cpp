@@ -29,6 +29,7 @@
 #include "dxfin_tables/KrDxfInTbl_PWidth.h"
 #include "dxfin_tables/KrDxfInTbl_TFont.h"
 #include "dxfin_tables/KrDxfInTbl_TFont2.h"
+#include "resources/grid.ids.h"
 #include "resources/dxfin/KrDxfInAttr.ids.h"
 #include "resources/dxfin_tables/KrDxfInTable.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Arrow.ids.h"
