@@ -3,11 +3,11 @@
 
 #include <initializer_list>
 
+#include "driver/GridDriver.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Layer.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Line.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
 #include "resources/grid.ids.h"
-#include "driver/GridDriver.h"
 #include "tests/dialogs/ImportTables.h"
 
 // Where an editor is found, and what it says.
@@ -74,7 +74,8 @@ class ImportEditors : public ImportTables {
         grid.Write(text);
     }
     // "設定" must be refused with the box, the cell marked and the message shown.
-    static void ExpectRefusal(const Editor& editor, HWND dialog, GridPlace cell, const std::wstring& message) {
+    static void ExpectRefusal(const Editor& editor, HWND dialog, kiro::drive::GridPlace cell,
+                              const std::wstring& message) {
         using namespace kiro::drive;
         Click(dialog, IDOK);
         Expect(editor.caption, L"設定内容に誤りがあります。", MB_ICONERROR, IDOK);
@@ -83,7 +84,7 @@ class ImportEditors : public ImportTables {
         EXPECT_EQ(kGrid, FocusId());
         ExpectError(dialog, message);
     }
-    static bool IsMarked(const kiro::drive::Grid& grid, GridPlace cell) {
+    static bool IsMarked(const kiro::drive::Grid& grid, kiro::drive::GridPlace cell) {
         return grid.Pixel(cell.row, cell.column, 4, 4) == RGB(0xFF, 0xE0, 0xE0);
     }
     static void ExpectError(HWND dialog, const std::wstring& message) {
