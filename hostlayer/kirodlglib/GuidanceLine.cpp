@@ -64,7 +64,7 @@ double Luminance(COLORREF color) {
 }
 
 double Contrast(COLORREF one, COLORREF other) {
-    const auto [darker, lighter] = std::minmax(Luminance(one), Luminance(other));
+    const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 

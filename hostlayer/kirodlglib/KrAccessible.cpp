@@ -3,7 +3,7 @@
 #include <utility>
 
 KrAccessible::KrAccessible(HWND window) : window_(window) {
-    CreateStdAccessibleObject(window, OBJID_CLIENT, IID_IAccessible, reinterpret_cast<void**>(&system_));
+    CreateStdAccessibleObject(window, OBJID_CLIENT, __uuidof(IAccessible), reinterpret_cast<void**>(&system_));
 }
 
 KrAccessible::~KrAccessible() {
@@ -36,7 +36,7 @@ HRESULT KrAccessible::GiveNumber(LONG number, VARIANT* out) {
 STDMETHODIMP KrAccessible::QueryInterface(REFIID id, void** object) {
     if (!object) return E_POINTER;
     *object = nullptr;
-    if (id != IID_IUnknown && id != IID_IDispatch && id != IID_IAccessible) return E_NOINTERFACE;
+    if (id != __uuidof(IUnknown) && id != __uuidof(IDispatch) && id != __uuidof(IAccessible)) return E_NOINTERFACE;
     *object = static_cast<IAccessible*>(this);
     AddRef();
     return S_OK;

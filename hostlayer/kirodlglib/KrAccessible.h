@@ -99,7 +99,7 @@ class KrAccessibleOf {
             initialised_ = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
             object_ = new Accessible(window, of...);
         }
-        return LresultFromObject(IID_IAccessible, wParam, object_);
+        return LresultFromObject(__uuidof(IAccessible), wParam, object_);
     }
     void End() {
         if (!object_) return;

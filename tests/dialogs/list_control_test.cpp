@@ -1,8 +1,6 @@
 // The grid: what it shows, the keys and the mouse, its rows and flags, grids side by side, and its end.
-#include <cstdio>
-
-#include "tests/dialogs/GridDialog.h"
 #include "driver/Leaks.h"
+#include "tests/dialogs/GridDialog.h"
 
 namespace {
 
@@ -20,12 +18,10 @@ RECT ClientOf(HWND window) {
     return area;
 }
 
-double Now() {  // in milliseconds
-    LARGE_INTEGER count{};
-    LARGE_INTEGER frequency{};
-    QueryPerformanceCounter(&count);
-    QueryPerformanceFrequency(&frequency);
-    return 1000.0 * static_cast<double>(count.QuadPart) / static_cast<double>(frequency.QuadPart);
+std::string Repeated(const char* text, int times) {
+    std::string whole;
+    while (times-- > 0) whole += text;
+    return whole;
 }
 
 bool HasStyle(HWND window, LONG style) { return (GetWindowLongW(window, GWL_STYLE) & style) != 0; }
@@ -235,6 +231,95 @@ TEST_F(Grids, ClicksAreTheDialogsUntilItCallsClickItem) {
     });
 }
 
+TEST_F(Grids, EveryChangeOfTheCurrentCellIsTold) {
+    rows = 4;
+    Run([&](HWND dialog) {
+        const Grid grid(dialog, kList);
+        const auto tells = [&](const char* expected, const std::function<void()>& act) {
+            act();
+            EXPECT_EQ(expected, std::exchange(currents, {}));
+        };
+        const auto operation = [&](const char* expected, const std::function<void()>& act) {
+            tells(expected, [&] { OnUi(act); });
+        };
+        tells("", [&] { Focus(dialog, kList); });
+        tells("0,1 ", [] { Key(VK_DOWN); });
+        tells("1,2 ", [&] { grid.Click(1, 2); });
+        tells("", [&] { grid.Click(1, 2); });
+        tells("2,2 ", [&] {
+            grid.Keys(L"7");
+            Key(VK_RETURN);
+        });
+        tells("0,0 ", [&] { grid.RightClick(0, 0); });
+        operation("3,1 ", [&] { table().ClickCell(3, 1); });
+        operation("3,1 ", [&] { table().InsertItem(); });  // of that number, but a new row
+        operation("5,1 ", [&] { table().AddItem(); });
+        operation("4,1 ", [&] { table().DeleteItem(); });
+        EXPECT_EQ((GridPlace{4, 1}), grid.Current());
+        operation("-1,-1 ", [&] { table().ClearCurrentCell(); });
+        EXPECT_EQ(GridPlace(), grid.Current());
+        EXPECT_EQ(-1, Send(grid.List(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+        operation("1,1 -1,-1 ", [&] {
+            table().ClickCell(1, 1);
+            table().InitList(dialog_, kList, 2, 1, 1, kKrSelectNone);
+        });
+        operation("0,0 -1,-1 ", [&] {
+            table().ClickCell(0, 0);
+            table().DeleteItem();
+        });
+        Click(dialog, IDCANCEL);
+    });
+}
+
+TEST_F(Grids, WhatIsCutCanBeReadWhole) {
+    const auto tip = [] {  // what a tooltip shows
+        static std::wstring text;
+        text.clear();
+        EnumThreadWindows(
+            UiThread(),
+            [](HWND window, LPARAM) -> BOOL {
+                wchar_t name[20] = L"";
+                GetClassNameW(window, name, 20);
+                if (IsWindowVisible(window) && std::wcscmp(name, TOOLTIPS_CLASSW) == 0) text = drive::Text(window);
+                return TRUE;
+            },
+            0);
+        return text;
+    };
+    Run([&](HWND dialog) {
+        const Grid grid(dialog, kList);
+        const std::wstring wide = std::wstring(60, L'表') + L"&題";
+        OnUi([&] { table().SetItemText(3, 1, (Repeated("表", 60) + "&題").c_str()); });
+        const auto over = [&](int row, int column) {
+            const RECT cell = grid.Area(row, column);
+            POINT point{(cell.left + cell.right) / 2, (cell.top + cell.bottom) / 2};
+            ClientToScreen(grid.List(), &point);
+            MoveMouse(point);
+        };
+        grid.Click(2, 1);
+        EXPECT_EQ(L"", tip());
+        for (const int away : {VK_DOWN, VK_UP, VK_F2}) {  // by key: at once, until the cell is left or opened
+            if (grid.Current().row != 3) Key(static_cast<WORD>(grid.Current().row < 3 ? VK_DOWN : VK_UP));
+            if (away == VK_F2) {
+                Key(VK_LEFT);
+                Key(VK_RIGHT);
+            }
+            EXPECT_EQ(wide, tip());
+            Key(static_cast<WORD>(away));
+            EXPECT_EQ(L"", tip());
+        }
+        Key(VK_ESCAPE);
+        over(3, 1);
+        Until("the tooltip comes", [&] { return tip() == wide; });
+        over(5, 1);
+        Until("the tooltip goes", [&] { return tip().empty(); });
+        OnUi([&] { utility->MessageText(Repeated("案内", 60).c_str()); });
+        MoveMouse(Centre(FindWindowExW(dialog, nullptr, L"KiroGuidanceLine", nullptr)));
+        Until("the guidance is shown whole", [&] { return tip() == Guidance(dialog); });
+        Click(dialog, IDCANCEL);
+    });
+}
+
 // ---- Rows and flags ----
 
 TEST_F(Grids, RowsComeAndGoWithTheirFlags) {
@@ -319,72 +404,108 @@ TEST_F(Grids, RowsAreMarkedBySpaceBarAndClick) {
     }
 }
 
-// ---- Grids side by side ----
-
-TEST_F(Grids, LinkedGridsMoveTogether) {
+TEST_F(Grids, ShiftMarksRanges) {
+    selection = kKrSelectMultiple;
     Run([&](HWND dialog) {
-        const Grid parent(dialog, kList);
-        const Grid child(dialog, kOther);
-        OnUi([&] {
-            other().InitList(dialog_, kOther, 2, 28, 30, kKrSelectNone);
-            other().SetColumn(0, "番号", 1);
-            other().SetColumn(1, "方向", 2);
-            other().SetParentList(&table());
-        });
-        parent.Click(4, 1);
-        EXPECT_EQ(4, child.Current().row);
-        child.Click(6, 1);
-        EXPECT_EQ((GridPlace{6, 1}), parent.Current());
-        Focus(dialog, kList);
-        Key(VK_END);
-        EXPECT_EQ(GridPlace(), child.Current());  // has no such row
-        EXPECT_EQ(28 - static_cast<int>(Send(child.List(), LVM_GETCOUNTPERPAGE)), child.TopRow());
-        Key(VK_HOME);
-        EXPECT_EQ(0, child.Current().row);
-        EXPECT_EQ(0, child.TopRow());
-        Send(parent.List(), WM_VSCROLL, SB_LINEDOWN, 0);
-        EXPECT_EQ(1, child.TopRow());
-        Send(child.List(), WM_VSCROLL, SB_LINEDOWN, 0);
-        EXPECT_EQ(2, parent.TopRow());
-        OnUi([&] { tablePtr.reset(); });
-        child.Click(5, 1);  // alone now
-        EXPECT_EQ(5, child.Current().row);
+        const Grid grid(dialog, kList);
+        const auto expect = [&](const char* expected) {
+            std::string marked;
+            OnUi([&] {
+                for (int row = 0; row < 10; ++row) marked += table().GetSelectFlag(row) ? '1' : '0';
+            });
+            EXPECT_EQ(expected, marked);
+        };
+        grid.Click(8, 1);
+        grid.Keys(L" ");
+        grid.Click(2, 1);
+        TakeEvents();
+        KeyHolding(VK_SHIFT, VK_DOWN);
+        KeyHolding(VK_SHIFT, VK_DOWN);
+        expect("0011100010");
+        EXPECT_EQ((Events{"moved 3,1", "mark 3,1", "moved 4,1", "mark 4,1"}), TakeEvents());
+        for (int i = 0; i < 3; ++i) KeyHolding(VK_SHIFT, VK_UP);
+        expect("0110000010");  // what leaves the range is as it was
+        Key(VK_DOWN);
+        Key(VK_DOWN);
+        KeyHolding(VK_SHIFT, VK_DOWN);  // another range
+        expect("0111100010");
+        grid.Click(6, 1);
+        grid.Keys(L" ");
+        Key(VK_DOWN);
+        Key(VK_DOWN);
+        Key(VK_DOWN);
+        TakeEvents();
+        Holding(VK_SHIFT, [&] { grid.Keys(L" "); });
+        expect("0111101111");
+        EXPECT_EQ((Events{"mark 9,1"}), TakeEvents());  // one for all of them
+        OnUi([&] { table().ClearSelectFlag(); });
+        grid.Click(1, 0);
+        Holding(VK_SHIFT, [&] { grid.Click(3, 0); });
+        expect("0111000000");
+        grid.Click(4, 1);
+        Holding(VK_SHIFT, [&] { grid.Write(L"大文字"); });  // Enter with Shift is no range
+        expect("0111000000");
         Click(dialog, IDCANCEL);
     });
 }
 
-// ---- Size, end and leaks ----
+// ---- Linked grids ----
 
-TEST_F(Grids, ManyRowsAreAsQuickAsFew) {
-    for (const int count : {16, 2048}) {
-        rows = limit = count;
-        tablePtr.reset(KrCreateListControl(utility.get()));
-        const double start = Now();
-        Run([&](HWND dialog) {
-            const Grid grid(dialog, kList);
-            RedrawWindow(grid.List(), nullptr, nullptr, RDW_UPDATENOW);
-            const double open = Now() - start;
-            grid.Click(1, 2);
-            double at = Now();
-            Key(VK_END);
-            RedrawWindow(grid.List(), nullptr, nullptr, RDW_UPDATENOW);
-            const double move = Now() - at;
-            at = Now();
-            Key(VK_F2);
-            const double first = Now() - at;
-            Key(VK_ESCAPE);
-            at = Now();
-            Key(VK_F2);
-            std::printf("%d rows: open %.1f ms, move %.1f ms, first combo %.1f ms, again %.1f ms\n", count, open, move,
-                        first, Now() - at);
-            grid.Keys(L"77");
-            Key(VK_RETURN);
-            EXPECT_EQ(L"77", grid.Cell(count - 1, 2));
-            EXPECT_EQ((GridPlace{count - 1, 2}), grid.Current());
-            Click(dialog, IDCANCEL);
+TEST_F(Grids, AChildsTextIsTakenBeforeTheParentsRowChanges) {
+    Run([&](HWND dialog) {
+        const Grid parent(dialog, kList);
+        const Grid child(dialog, kOther);
+        OnUi([&] {
+            other().SetEdit(1, 0, 10, "");
+            other().SetParentList(&table());
+            table().SetParentList(&other());  // not both ways
         });
-    }
+        parent.Click(4, 1);
+        EXPECT_EQ(GridPlace(), child.Current());
+        child.Click(6, 1);
+        EXPECT_EQ((GridPlace{4, 1}), parent.Current());
+        Send(parent.List(), WM_VSCROLL, SB_LINEDOWN, 0);
+        EXPECT_EQ(0, child.TopRow());
+        const auto stays = [&](const std::function<void()>& leave) {
+            leave();
+            EXPECT_EQ((GridPlace{4, 1}), parent.Current());
+            EXPECT_EQ(L"\x00E9", child.Typed());
+            EXPECT_TRUE(IsChild(child.List(), FocusWindow()) && IsGuidanceError(dialog));
+        };
+        child.Keys(L"\x00E9");
+        stays([&] { parent.Click(7, 1); });
+        stays([&] { parent.RightClick(7, 1); });
+        stays([&] {
+            Focus(dialog, kList);
+            Key(VK_DOWN);
+        });
+        stays([&] {
+            OnUi([&] {
+                EXPECT_EQ(0, table().EndEdit());
+                EXPECT_EQ(-1, table().AddItem());
+                table().ClickCell(0, 1);
+            });
+        });
+        int rowWhenTaken = -1;
+        onChange = [&] { rowWhenTaken = table().GetSelectedItem(); };
+        child.SetText(L"斜め");
+        parent.Click(7, 1);
+        EXPECT_EQ(4, rowWhenTaken);
+        EXPECT_EQ((GridPlace{7, 1}), parent.Current());
+        EXPECT_EQ(L"斜め", child.Cell(6, 1));
+        child.Click(2, 1);
+        child.Keys(L"\x00E9");
+        OnUi([&] { table().DeleteItem(); });  // what is typed goes with the row
+        EXPECT_FALSE(child.IsOpen());
+        EXPECT_EQ(L"横", child.Cell(2, 1));
+        OnUi([&] { tablePtr.reset(); });
+        child.Click(5, 1);  // alone now
+        EXPECT_EQ((GridPlace{5, 1}), child.Current());
+        Click(dialog, IDCANCEL);
+    });
 }
+
+// ---- Its end, and leaks ----
 
 TEST_F(Grids, EndsInTheMiddleOfEditing) {
     for (const bool released : {false, true}) {
@@ -443,10 +564,10 @@ TEST_F(Grids, LeavesNothingBehind) {
     rows = 12;
     for (int i = 0; i < 5; ++i) round();
     const Holdings before = CountHoldings();
-    constexpr int kRounds = 200;
+    constexpr int kRounds = 40;
     for (int i = 0; i < kRounds; ++i) round();
     const Holdings after = CountHoldings();
     EXPECT_TRUE(before.SameObjects(after));
     // The heap may grow by what the system keeps; a grid's rows alone are many times this.
-    EXPECT_LT(after.heapBytes, before.heapBytes + kRounds * 64);
+    EXPECT_LT(after.heapBytes, before.heapBytes + kRounds * 200);
 }
