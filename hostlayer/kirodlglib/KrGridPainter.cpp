@@ -63,8 +63,8 @@ void KrGridPainter::ReadColors() {
     contrast.cbSize = sizeof contrast;
     const bool high = SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
                       (contrast.dwFlags & HCF_HIGHCONTRASTON);
-    // Our own pale colours suit a light window only.
-    systemColorsOnly_ = high || IsDark(GetSysColor(COLOR_WINDOW));
+    // Our own pale colours suit light ones only.
+    systemColorsOnly_ = high || IsDark(GetSysColor(COLOR_WINDOW)) || IsDark(GetSysColor(COLOR_BTNFACE));
 }
 
 KrGridPainter::Look KrGridPainter::LookOf(GridPlace place, const GridPicture& picture) const {
