@@ -1,6 +1,7 @@
-// kirodlglib: the grid of the table editors and choosers. It works on a list view of the dialog's template (LVS_REPORT
-// | LVS_OWNERDATA | LVS_OWNERDRAWFIXED | LVS_SINGLESEL | LVS_SHOWSELALWAYS) and holds the texts itself. Text is
-// Shift-JIS. Rows and columns count from 0; a row or column that is not there is ignored (a text is "", a flag 0).
+// kirodlglib: the grid of the table editors and choosers. It works on a list view of the dialog's template and holds
+// the texts itself. The list view's styles: LVS_REPORT | LVS_OWNERDATA | LVS_OWNERDRAWFIXED | LVS_SINGLESEL |
+// LVS_SHOWSELALWAYS. Text is Shift-JIS. Rows and columns count from 0; a row or column that is not there is ignored (a
+// text is "", a flag 0).
 //
 // The grid answers the list view's requests for texts and edits cells in place on its own. There is one current cell,
 // which mouse and arrow keys move; the dialog hears of all that as WM_NOTIFY from the list view:
@@ -11,9 +12,9 @@
 //   kKrListMarkChanged    the user marked the row or took its mark away, by a click or the space bar, or marked a range
 //                         of rows that ends there, with Shift (KrListNotify)
 //   kKrListCurrentCell    the current cell is another one, by whatever means: the user, an operation, a row that came
-//   or
-//                         went. row and column are -1 when there is none any more (KrListNotify). For who watches a
-//                         grid from outside, such as a test; a dialog goes by the notifications above.
+//                         or went; -1 and -1 when there is none any more (KrListNotify). Sent before the others of the
+//                         same change. For who watches a grid from outside, such as a test; a dialog goes by the
+//                         notifications above.
 //
 // Where several rows can be marked, the arrow and page keys with Shift mark the rows that they go over, and the space
 // bar or a click with Shift those from the last mark that was set. It is one notification for all of them:
