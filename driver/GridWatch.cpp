@@ -1,7 +1,5 @@
 #include "driver/GridWatch.h"
 
-#include <commctrl.h>
-
 #include <cwchar>
 #include <map>
 #include <mutex>
@@ -16,7 +14,10 @@ namespace {
 std::mutex guard;
 std::map<HWND, GridPlace> currentCells;
 
-LRESULT CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id, DWORD_PTR) {
+constexpr wchar_t kProcedureBefore[] = L"KiroGridWatch";
+
+LRESULT CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto before = reinterpret_cast<WNDPROC>(GetPropW(window, kProcedureBefore));
     if (message == WM_NOTIFY) {
         const auto& notice = *reinterpret_cast<const KrListNotify*>(lParam);
         if (notice.code == kKrListCurrentCell) {
@@ -24,12 +25,19 @@ LRESULT CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARA
             currentCells[notice.list] = {notice.row, notice.column};
         }
     } else if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(window, DialogProcedure, id);
+        RemovePropW(window, kProcedureBefore);
         // The system may give the numbers of its grids to other windows.
         const std::lock_guard lock(guard);
         std::erase_if(currentCells, [](const auto& entry) { return !IsWindow(entry.first); });
     }
-    return DefSubclassProc(window, message, wParam, lParam);
+    return CallWindowProcW(before, window, message, wParam, lParam);
+}
+
+// Without the library of the common controls: a program that uses it by itself gets the old style of them.
+void Listen(HWND window) {
+    const LONG_PTR before = GetWindowLongPtrW(window, GWLP_WNDPROC);
+    if (SetPropW(window, kProcedureBefore, reinterpret_cast<HANDLE>(before)))
+        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(DialogProcedure));
 }
 
 // A grid speaks already while its dialog is made. (A hook for all messages would hear it, too, and slow down each.)
@@ -37,7 +45,7 @@ LRESULT CALLBACK OnWindowMade(int code, WPARAM wParam, LPARAM lParam) {
     const auto window = reinterpret_cast<HWND>(wParam);
     wchar_t name[16];
     if (code == HCBT_CREATEWND && GetClassNameW(window, name, 16) > 0 && std::wcscmp(name, L"#32770") == 0)
-        SetWindowSubclass(window, DialogProcedure, 0, 0);
+        Listen(window);
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
