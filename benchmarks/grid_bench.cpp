@@ -226,6 +226,7 @@ class Bench {
     }
 
     BenchHost host_;
+    GridWatch grids_;
     kiro::ui::ScopedResourceModule module_{host_.Library()};
 };
 

@@ -8,6 +8,8 @@
 #include <exception>
 #include <thread>
 
+#include "driver/GridWatch.h"
+
 namespace kiro::drive {
 namespace {
 
@@ -161,6 +163,7 @@ void Run(const std::function<void()>& call, const std::function<void()>& user) {
     std::exception_ptr failure;
     {
         const MessageHook hook;
+        const GridWatch grids;
         std::thread player(PlayUser, std::cref(user));
         try {
             call();

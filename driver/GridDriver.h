@@ -13,17 +13,17 @@
 #include <commctrl.h>
 
 #include <cstring>
+#include <functional>
 #include <string>
 
-#include "hostlayer/kirodlglib/KrGridMessages.h"
-#include "hostlayer/kirodlglib/KrGridRows.h"
 #include "driver/Driver.h"
+#include "driver/GridWatch.h"
 
 namespace kiro::drive {
 
-// A key while another one is held down, such as Ctrl+End. A posted key leaves the state of the others as it is, so that
-// is set in the dialog's input, to which this thread attaches itself for the moment.
-inline void KeyHolding(WORD held, WORD key) {
+// Presses something while a key is held down, such as Shift. What is posted leaves the state of the keys as it is, so
+// that is set in the dialog's input, to which this thread attaches itself for the moment.
+inline void Holding(WORD held, const std::function<void()>& press) {
     const auto hold = [&](BYTE state) {
         BYTE keys[256];
         if (!GetKeyboardState(keys)) throw Failure("the keyboard has no state");
@@ -32,9 +32,13 @@ inline void KeyHolding(WORD held, WORD key) {
     };
     if (!AttachThreadInput(GetCurrentThreadId(), UiThread(), TRUE)) throw Failure("the keyboard does not obey");
     hold(0x80);
-    Key(key);
+    press();
     hold(0);
     AttachThreadInput(GetCurrentThreadId(), UiThread(), FALSE);
+}
+
+inline void KeyHolding(WORD held, WORD key) {
+    Holding(held, [&] { Key(key); });
 }
 
 class Grid {
@@ -54,10 +58,7 @@ class Grid {
         Send(list_, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
         return text;
     }
-    GridPlace Current() const {  // {-1, -1}: none
-        const auto place = static_cast<int>(Send(list_, kGridCurrentCell));
-        return place == -1 ? GridPlace{} : GridPlace{HIWORD(place), LOWORD(place)};
-    }
+    GridPlace Current() const { return CurrentCell(list_); }
     bool IsSelected(int row) const {  // by the list view's own word, as screen readers hear it
         return Send(list_, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) != 0;
     }

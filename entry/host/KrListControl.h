@@ -1,6 +1,7 @@
-// kirodlglib: the grid of the table editors and choosers. It works on a list view of the dialog's template (LVS_REPORT |
-// LVS_OWNERDATA | LVS_OWNERDRAWFIXED | LVS_SINGLESEL | LVS_SHOWSELALWAYS) and holds the texts itself. Text is Shift-JIS.
-// Rows and columns count from 0; a row or column that is not there is ignored (a text is "", a flag 0).
+// kirodlglib: the grid of the table editors and choosers. It works on a list view of the dialog's template and holds
+// the texts itself. The list view's styles: LVS_REPORT | LVS_OWNERDATA | LVS_OWNERDRAWFIXED | LVS_SINGLESEL |
+// LVS_SHOWSELALWAYS. Text is Shift-JIS. Rows and columns count from 0; a row or column that is not there is ignored (a
+// text is "", a flag 0).
 //
 // The grid answers the list view's requests for texts and edits cells in place on its own. There is one current cell,
 // which mouse and arrow keys move; the dialog hears of all that as WM_NOTIFY from the list view:
@@ -8,7 +9,16 @@
 //   NM_CLICK, NM_DBLCLK   a cell was clicked: call ClickItem first
 //   kKrListCellMoved      the current cell is another one, moved by a key or the right mouse button (KrListNotify)
 //   kKrListCellChanged    the user gave a cell another text (KrListNotify)
-//   kKrListMarkChanged    the user marked the row or took its mark away, by a click or the space bar (KrListNotify)
+//   kKrListMarkChanged    the user marked the row or took its mark away, by a click or the space bar, or marked a range
+//                         of rows that ends there, with Shift (KrListNotify)
+//   kKrListCurrentCell    the current cell is another one, by whatever means: the user, an operation, a row that came
+//                         or went; -1 and -1 when there is none any more (KrListNotify). Sent before the others of the
+//                         same change. For who watches a grid from outside, such as a test; a dialog goes by the
+//                         notifications above.
+//
+// Where several rows can be marked, the arrow and page keys with Shift mark the rows that they go over, and the space
+// bar or a click with Shift those from the last mark that was set. It is one notification for all of them:
+// GetSelectFlag tells which rows are marked.
 //
 // Its pop-up menu is the dialog's: WM_CONTEXTMENU with the list view as window, after the current cell has moved to the
 // row under the mouse.
@@ -20,15 +30,16 @@ struct tagDRAWITEMSTRUCT;
 using KrDrawItem = tagDRAWITEMSTRUCT;  // DRAWITEMSTRUCT
 using KrColor = std::uint32_t;         // COLORREF, 0x00BBGGRR
 
-constexpr unsigned int kKrListCellMoved = 0xFFFFF800u;    // notification codes below the system's own
+constexpr unsigned int kKrListCellMoved = 0xFFFFF800u;  // notification codes below the system's own
 constexpr unsigned int kKrListCellChanged = 0xFFFFF801u;
 constexpr unsigned int kKrListMarkChanged = 0xFFFFF802u;
+constexpr unsigned int kKrListCurrentCell = 0xFFFFF803u;
 
 constexpr int kKrSelectNone = -1;  // rows cannot be marked; there is a current cell
 constexpr int kKrSelectSingle = 0;
 constexpr int kKrSelectMultiple = 1;
 
-// lParam of the three notifications; the first three members are an NMHDR.
+// lParam of these notifications; the first three members are an NMHDR.
 struct KrListNotify {
     KrWindow list;
     std::uintptr_t listId;
@@ -64,8 +75,8 @@ class KrListControl {
     virtual void SetCombo(int column, int kind, const KrStringList* choices, const char* prompt) = 0;
     virtual void SetRowCombo(int row, int column, int kind, const KrStringList* choices, const char* prompt) = 0;
     virtual void SetEditMode(int row, int column) = 0;  // opens the cell for editing
-    // Takes what is being edited into the cell, as leaving it does. 0 when the text was refused: the cell is still
-    // open, has the focus, and the message zone says why. Not 0 when nothing is open.
+    // Takes what is being edited into the cell, as leaving it does; in the grid's children as well. 0 when the text was
+    // refused: the cell is still open, has the focus, and the message zone says why. Not 0 when nothing is open.
     virtual int EndEdit() = 0;
     virtual void CloseComboBox() = 0;  // closes an open drop-down; its cell keeps the choice shown
 
@@ -74,6 +85,9 @@ class KrListControl {
     virtual void GetClickItem(int* row, int* column) const = 0;  // the cell clicked last, -1 and -1 for none
     virtual int GetSelectedItem() const = 0;                     // row of the current cell; -1: none
     virtual int GetSelectedColumn() const = 0;                   // column of the current cell; -1: none
+    // For a list that is to be filled anew: no cell is current, what was being edited is forgotten, and the first rows
+    // are in view. Texts, flags and marks stay.
+    virtual void ClearCurrentCell() = 0;
 
     // A cell marked as an error is drawn so that it is found at once, with or without colours.
     virtual void SetErrorFlag(int row, int column, int on) = 0;
@@ -86,8 +100,12 @@ class KrListControl {
     virtual int GetSelectFlag(int row) const = 0;
     virtual void ClearSelectFlag() = 0;
     virtual void SetItemColor(int row, int column, KrColor text, KrColor background) = 0;
-    // Grids side by side whose rows belong together: the child scrolls with its parent, and the current row of one is
-    // that of the other.
+    // The rows of this grid tell more about the current row of the parent: the pitches of a pattern, the groups of a
+    // drive. What is being edited here belongs to that row, so it is taken before the parent's current cell becomes
+    // another one, and the dialog hears of it first. As long as it is refused, the parent's current cell stays; when
+    // the parent's row is deleted it is forgotten. Nothing else is shared: each grid has its own rows, current cell and
+    // scrolling, and the dialog fills the child when the parent's row has changed. Null: no parent. A parent can have
+    // several children and a parent of its own. A link ends with either grid.
     virtual void SetParentList(KrListControl* parent) = 0;
 
     // A class or revision number: 1 to 256, written with half-width digits alone. Not 0 when valid; otherwise a message

@@ -1,7 +1,10 @@
 #include "GuidanceLine.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
+
+#include "KrTextTip.h"
 
 namespace {
 
@@ -9,7 +12,9 @@ namespace {
 constexpr int kHeight = 13;
 constexpr int kMargin = 4;
 
-constexpr COLORREF kErrorColor = 0x000000C0;  // dark red
+// For light backgrounds and for dark ones.
+constexpr COLORREF kErrorColors[] = {RGB(0xC0, 0, 0), RGB(0x80, 0, 0), RGB(0xFF, 0x99, 0x99), RGB(0xFF, 0xD0, 0xD0)};
+constexpr double kReadable = 4.5;  // contrast of text, by WCAG 2
 constexpr wchar_t kErrorMark[] = L"！";
 
 struct DcDeleter {
@@ -33,7 +38,10 @@ class Selected {
     HGDIOBJ previous_;
 };
 
-bool IsError(HWND window) { return GetWindowLongPtrW(window, 0) != 0; }
+// What the window keeps.
+constexpr int kErrorOffset = 0, kTipOffset = sizeof(LONG_PTR);
+
+bool IsError(HWND window) { return GetWindowLongPtrW(window, kErrorOffset) != 0; }
 
 std::wstring TextOf(HWND window) {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
@@ -46,33 +54,61 @@ HFONT DialogFont(HWND window) {
     return font ? reinterpret_cast<HFONT>(font) : static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
 }
 
-// An operator who chose colours of high contrast gets them; the mark tells an error then, too.
-COLORREF TextColor(bool error) {
+// What the eye makes of a colour, from 0 for black to 1 for white (WCAG 2, relative luminance).
+double Luminance(COLORREF color) {
+    const auto linear = [](BYTE part) {
+        const double share = part / 255.0;
+        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(GetRValue(color)) + 0.7152 * linear(GetGValue(color)) + 0.0722 * linear(GetBValue(color));
+}
+
+double Contrast(COLORREF one, COLORREF other) {
+    const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+bool OnlySystemColors() {
     HIGHCONTRASTW contrast{};
     contrast.cbSize = sizeof contrast;
-    const bool plain = SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-                       (contrast.dwFlags & HCF_HIGHCONTRASTON);
-    return error && !plain ? kErrorColor : GetSysColor(COLOR_BTNTEXT);
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+           (contrast.dwFlags & HCF_HIGHCONTRASTON);
+}
+
+// The first red that can be read on the background. An operator who chose colours of high contrast gets them, and so
+// does one whose background suits no red: the sign tells an error, too.
+COLORREF TextColor(bool error) {
+    const COLORREF background = GetSysColor(COLOR_BTNFACE);
+    if (error && !OnlySystemColors())
+        for (const COLORREF red : kErrorColors)
+            if (Contrast(red, background) >= kReadable) return red;
+    return GetSysColor(COLOR_BTNTEXT);
+}
+
+RECT TextArea(HWND window, RECT area) {
+    RECT margin{0, 0, kMargin, 0};
+    MapDialogRect(GetParent(window), &margin);
+    return {area.left + margin.right, area.top, area.right - margin.right, area.bottom};
+}
+
+int WidthOf(HDC dc, const std::wstring& text) {
+    SIZE size{};
+    GetTextExtentPoint32W(dc, text.data(), static_cast<int>(text.size()), &size);
+    return size.cx;
 }
 
 void Draw(HWND window, HDC dc, RECT area) {
     FillRect(dc, &area, GetSysColorBrush(COLOR_BTNFACE));
     DrawEdge(dc, &area, BDR_SUNKENOUTER, BF_TOP | BF_ADJUST);
 
-    RECT margin{0, 0, kMargin, 0};
-    MapDialogRect(GetParent(window), &margin);
-    area.left += margin.right;
-    area.right -= margin.right;
-
+    area = TextArea(window, area);
     const bool error = IsError(window);
     const Selected font(dc, DialogFont(window));
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, TextColor(error));
     if (error) {
-        SIZE mark{};
         DrawTextW(dc, kErrorMark, -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
-        GetTextExtentPoint32W(dc, kErrorMark, 1, &mark);
-        area.left += mark.cx;
+        area.left += WidthOf(dc, kErrorMark);
     }
     DrawTextW(dc, TextOf(window).c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
@@ -87,6 +123,36 @@ void Paint(HWND window, HDC dc) {
     const Selected surface(memory.get(), bitmap.get());
     Draw(window, memory.get(), area);
     BitBlt(dc, 0, 0, area.right, area.bottom, memory.get(), 0, 0, SRCCOPY);
+}
+
+bool IsCut(HWND window) {
+    RECT area{};
+    GetClientRect(window, &area);
+    area = TextArea(window, area);
+    const HDC dc = GetDC(window);
+    int width = 0;
+    {
+        const Selected font(dc, DialogFont(window));
+        width = WidthOf(dc, (IsError(window) ? kErrorMark : L"") + TextOf(window));
+    }
+    ReleaseDC(window, dc);
+    return width > area.right - area.left;
+}
+
+KrTextTip* TipOf(HWND window) { return reinterpret_cast<KrTextTip*>(GetWindowLongPtrW(window, kTipOffset)); }
+
+// Shows the whole text under the mouse when it is cut.
+void Relay(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    KrTextTip* tip = TipOf(window);
+    const bool cut = IsCut(window);
+    if (!tip && !cut) return;
+    if (!tip) {
+        tip = new KrTextTip;
+        SetWindowLongPtrW(window, kTipOffset, reinterpret_cast<LONG_PTR>(tip));
+    }
+    RECT area{};
+    GetClientRect(window, &area);
+    tip->Relay(window, message, wParam, lParam, area, cut ? TextOf(window) : std::wstring());
 }
 
 LRESULT CALLBACK GuidanceProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) try {
@@ -105,12 +171,20 @@ LRESULT CALLBACK GuidanceProc(HWND window, UINT message, WPARAM wParam, LPARAM l
         case WM_SETTEXT: {
             const LRESULT result = DefWindowProcW(window, message, wParam, lParam);
             InvalidateRect(window, nullptr, FALSE);
+            if (KrTextTip* const tip = TipOf(window)) tip->Hide();
             return result;
         }
         case WM_GETFONT:
             return reinterpret_cast<LRESULT>(DialogFont(window));
-        case WM_NCHITTEST:
-            return HTTRANSPARENT;
+        case WM_MOUSEMOVE:
+        case WM_LBUTTONDOWN:
+        case WM_RBUTTONDOWN:
+            Relay(window, message, wParam, lParam);
+            return DefWindowProcW(window, message, wParam, lParam);
+        case WM_NCDESTROY:
+            delete TipOf(window);
+            SetWindowLongPtrW(window, kTipOffset, 0);
+            return DefWindowProcW(window, message, wParam, lParam);
         case WM_GETDLGCODE:
             // Passed over by the arrow keys; and an "&" in the text is no mnemonic.
             return DLGC_STATIC | DLGC_WANTCHARS;
@@ -138,7 +212,7 @@ class GuidanceClass {
         description.cbSize = sizeof description;
         description.style = CS_HREDRAW | CS_VREDRAW;
         description.lpfnWndProc = GuidanceProc;
-        description.cbWndExtra = sizeof(LONG_PTR);  // whether the text is an error
+        description.cbWndExtra = 2 * sizeof(LONG_PTR);
         description.hInstance = ThisModule();
         description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
         description.lpszClassName = kGuidanceLineClass;
@@ -177,7 +251,7 @@ void GuidanceLine::Attach(HWND dialog) {
 
 void GuidanceLine::Show(const std::wstring& text, bool error) {
     if (!window_ || (IsError(window_) == error && TextOf(window_) == text)) return;
-    SetWindowLongPtrW(window_, 0, error);
+    SetWindowLongPtrW(window_, kErrorOffset, error);
     SetWindowTextW(window_, text.c_str());
     NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, window_, OBJID_CLIENT, CHILDID_SELF);
 }

@@ -149,8 +149,9 @@ bool KrCellEditor::Open(HWND list, const RECT& cell, const CellEditing& editing,
     Windows& windows = windows_[kind_];
     if (editing_.combo) Fill(windows);
     Load(text, start);
-    dropped_ = messageShown_ = faultShown_ = false;
+    dropped_ = edited_ = messageShown_ = faultShown_ = false;
     ++opening_;
+    if (KrNamedAccessible* const known = accessible_[kind_].Get()) known->SetName(name_);
     open_ = windows.window;
     Place(cell);
     ShowWindow(open_, SW_SHOW);
@@ -284,12 +285,15 @@ bool KrCellEditor::OnCommand(int notification, HWND control) {
     if (notification == (combo ? static_cast<int>(CBN_KILLFOCUS) : EN_KILLFOCUS)) {
         host_.OnEditor(EditorEvent::kFocusLost);
     } else if (notification == (combo ? static_cast<int>(CBN_EDITCHANGE) : EN_CHANGE)) {
+        edited_ = true;
         if (faultShown_) ShowPrompt(editing_.prompt);
     } else if (!combo && notification == EN_MAXTEXT) {
         // An input method puts in several characters at once.
         ShowFault(TooLongMessage(editing_.limit));
     } else if (combo && notification == CBN_DROPDOWN) {
         dropped_ = true;
+        textWhenDropped_ = Text();
+        choiceWhenDropped_ = static_cast<int>(SendMessageW(open_, CB_GETCURSEL, 0, 0));
         ShowPrompt(editing_.combo->prompt);
     } else if (combo && notification == CBN_SELENDOK && dropped_) {
         // An arrow key tells the same while the list is closed, and does not end the editing.
@@ -305,6 +309,24 @@ void KrCellEditor::OnPicked(WPARAM opening) {
     if (IsOpen() && opening == opening_) host_.OnEditor(EditorEvent::kPicked);
 }
 
+// The list closes and what was shown before it opened is shown again.
+void KrCellEditor::GiveUpChoosing() {
+    const bool edited = edited_;
+    dropped_ = false;  // first: nothing is picked now
+    SendMessageW(open_, CB_SHOWDROPDOWN, FALSE, 0);
+    SendMessageW(open_, CB_SETCURSEL, static_cast<WPARAM>(choiceWhenDropped_), 0);
+    if (!Typed()) return;
+    SetWindowTextW(TextWindow(), textWhenDropped_.c_str());
+    SendMessageW(TextWindow(), EM_SETSEL, 0, -1);
+    edited_ = edited;
+}
+
+LRESULT KrCellEditor::AnswerReader(WPARAM wParam) {
+    const LRESULT answer = accessible_[kind_].Answer(TextWindow(), wParam);
+    accessible_[kind_].Get()->SetName(name_);
+    return answer;
+}
+
 bool KrCellEditor::OnKey(WPARAM key) {
     const auto tell = [this](EditorEvent event) {
         host_.OnEditor(event);
@@ -314,12 +336,16 @@ bool KrCellEditor::OnKey(WPARAM key) {
         case VK_RETURN:
             return tell(EditorEvent::kEnter);
         case VK_ESCAPE:
-            return tell(EditorEvent::kEscape);
+            if (!IsDropped()) return tell(EditorEvent::kEscape);
+            GiveUpChoosing();
+            return true;
         case VK_TAB:
             return tell(IsKeyDown(VK_SHIFT) ? EditorEvent::kBackTab : EditorEvent::kTab);
         case VK_UP:
         case VK_DOWN:
-            return kind_ == kEdit && tell(key == VK_UP ? EditorEvent::kUp : EditorEvent::kDown);
+            // Where there are choices they go through them, but not over a text that was typed.
+            if (kind_ != kEdit && (!edited_ || IsDropped())) return false;
+            return tell(key == VK_UP ? EditorEvent::kUp : EditorEvent::kDown);
         default:
             return false;
     }
@@ -349,6 +375,9 @@ std::optional<LRESULT> KrCellEditor::OnMessage(Kind kind, UINT message, WPARAM w
             // The wheel is for the grid. A closed combo would take it for another choice.
             if (IsDropped()) break;
             return SendMessageW(list_, message, wParam, lParam);
+        case WM_GETOBJECT:
+            if (static_cast<LONG>(lParam) == OBJID_CLIENT) return AnswerReader(wParam);
+            break;
         default:
             break;
     }
@@ -361,6 +390,7 @@ LRESULT CALLBACK KrCellEditor::Procedure(HWND window, UINT message, WPARAM wPara
     if (message == WM_NCDESTROY) {
         RemoveWindowSubclass(window, &KrCellEditor::Procedure, kind);
         self->windows_[kind] = {};
+        self->accessible_[kind].End();
         self->open_ = self->kind_ == static_cast<Kind>(kind) ? nullptr : self->open_;
     } else if (message == WM_GETDLGCODE) {
         return DefSubclassProc(window, message, wParam, lParam) | DLGC_WANTALLKEYS;

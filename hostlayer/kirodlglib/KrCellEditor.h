@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include "KrAccessible.h"
 #include "KrCellText.h"
 #include "KrGridRows.h"
 #include "entry/host/KrUtility.h"
@@ -38,6 +39,7 @@ class KrCellEditor {
     KrCellEditor& operator=(const KrCellEditor&) = delete;
     ~KrCellEditor();
 
+    void SetName(std::wstring name) { name_ = std::move(name); }  // of the next cell, for who does not see it
     // prompts: the message zone is to show what the cell is for.
     bool Open(HWND list, const RECT& cell, const CellEditing& editing, const std::string& text, Start start,
               bool prompts);
@@ -68,6 +70,8 @@ class KrCellEditor {
                                       DWORD_PTR self);
     std::optional<LRESULT> OnMessage(Kind kind, UINT message, WPARAM wParam, LPARAM lParam);
     bool OnKey(WPARAM key);
+    void GiveUpChoosing();
+    LRESULT AnswerReader(WPARAM wParam);
 
     bool Make(Kind kind);
     void Fill(Windows& windows) const;
@@ -90,13 +94,18 @@ class KrCellEditor {
     KrUtility* utility_;
     HWND list_ = nullptr;
     Windows windows_[kKinds];
+    KrAccessibleOf<KrNamedAccessible> accessible_[kKinds];
     HWND open_ = nullptr;
     Kind kind_ = kEdit;
     CellEditing editing_;
+    std::wstring name_;
     std::wstring textBefore_;
     int choiceBefore_ = -1;
+    std::wstring textWhenDropped_;  // and the choice, for when the list is given up
+    int choiceWhenDropped_ = -1;
     WPARAM opening_ = 0;  // counts, so that a late message is not taken for one of the next cell
     bool dropped_ = false;
+    bool edited_ = false;  // something was typed
     bool messageShown_ = false;
     bool faultShown_ = false;
 };

@@ -7,5 +7,3 @@
 inline constexpr UINT kGridFit = WM_APP + 0x20;
 // An entry of the drop-down has been picked, and is in the combo's text by now. wParam: of which opening. Posted.
 inline constexpr UINT kGridPicked = WM_APP + 0x21;
-// Asks for the current cell: MAKELONG(column, row), or -1. The list view itself knows of rows only.
-inline constexpr UINT kGridCurrentCell = WM_APP + 0x22;

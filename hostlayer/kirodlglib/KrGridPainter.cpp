@@ -40,10 +40,20 @@ void Frame(HDC dc, RECT& area, COLORREF color, int width) {
     }
 }
 
+std::wstring ShownText(const GridCell& cell) {
+    return WideForDisplay(std::string_view(cell.text).substr(0, 2 * kMostShown)).substr(0, kMostShown);
+}
+
 void DrawLine(HDC dc, const RECT& area, const std::wstring& text) {
     RECT box = area;
-    DrawTextW(dc, text.data(), static_cast<int>(std::min(text.size(), kMostShown)), &box,
+    DrawTextW(dc, text.data(), static_cast<int>(text.size()), &box,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
+int WidthOf(HDC dc, const std::wstring& text) {
+    SIZE size{};
+    GetTextExtentPoint32W(dc, text.data(), static_cast<int>(text.size()), &size);
+    return size.cx;
 }
 
 }  // namespace
@@ -53,8 +63,8 @@ void KrGridPainter::ReadColors() {
     contrast.cbSize = sizeof contrast;
     const bool high = SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
                       (contrast.dwFlags & HCF_HIGHCONTRASTON);
-    // Our own pale colours suit a light window only.
-    systemColorsOnly_ = high || IsDark(GetSysColor(COLOR_WINDOW));
+    // Our own pale colours suit light ones only.
+    systemColorsOnly_ = high || IsDark(GetSysColor(COLOR_WINDOW)) || IsDark(GetSysColor(COLOR_BTNFACE));
 }
 
 KrGridPainter::Look KrGridPainter::LookOf(GridPlace place, const GridPicture& picture) const {
@@ -82,16 +92,34 @@ KrGridPainter::Look KrGridPainter::LookOf(GridPlace place, const GridPicture& pi
 }
 
 // The row's mark, at the left of its first cell: a shape and not a colour, and apart from the current row.
-void KrGridPainter::DrawMark(HDC dc, RECT& area, int row) const {
-    if (rows_.MarkKind() == GridRows::Marks::kNone) return;
+RECT KrGridPainter::MarkBox(HDC dc, const RECT& area) const {
     const int size = std::min<int>(Scaled(dc, kMarkBox), area.bottom - area.top);
+    const int left = area.left + Scaled(dc, kMargin) / 2;
     const int top = (area.top + area.bottom - size) / 2;
-    const int gap = Scaled(dc, kMargin) / 2;
-    RECT box{area.left - gap, top, area.left - gap + size, top + size};
+    return {left, top, left + size, top + size};
+}
+
+void KrGridPainter::DrawMark(HDC dc, const RECT& area, int row) const {
+    RECT box = MarkBox(dc, area);
     const UINT kind = rows_.MarkKind() == GridRows::Marks::kSingle ? DFCS_BUTTONRADIO : DFCS_BUTTONCHECK;
     const UINT state = rows_.IsMarked(row) ? static_cast<UINT>(DFCS_CHECKED) : 0;
     DrawFrameControl(dc, &box, DFC_BUTTON, kind | state | DFCS_FLAT);
-    area.left = box.right + gap;
+}
+
+// Where the text of a cell stands, behind the sign of an error.
+RECT KrGridPainter::TextArea(HDC dc, const RECT& area, GridPlace place) const {
+    RECT text = area;
+    text.left += Scaled(dc, kMargin);
+    text.right -= Scaled(dc, kFrame);
+    if (place.column == 0 && rows_.MarkKind() != GridRows::Marks::kNone)
+        text.left = MarkBox(dc, area).right + Scaled(dc, kMargin) / 2;
+    if (rows_.Find(place)->error) text.left += WidthOf(dc, kErrorMark);
+    return text;
+}
+
+bool KrGridPainter::IsCut(HDC dc, const RECT& area, GridPlace place) const {
+    const RECT text = TextArea(dc, area, place);
+    return WidthOf(dc, ShownText(*rows_.Find(place))) > std::max<LONG>(text.right - text.left, 0);
 }
 
 void KrGridPainter::DrawFrames(HDC dc, const RECT& area, GridPlace place, const GridPicture& picture) const {
@@ -123,19 +151,16 @@ void KrGridPainter::DrawCell(HDC dc, RECT area, GridPlace place, const GridPictu
     const Look look = LookOf(place, picture);
     Fill(dc, area, look.background);
     DrawFrames(dc, area, place, picture);
-    area.left += Scaled(dc, kMargin);
-    area.right -= Scaled(dc, kFrame);
-    if (place.column == 0) DrawMark(dc, area, place.row);
+    if (place.column == 0 && rows_.MarkKind() != GridRows::Marks::kNone) DrawMark(dc, area, place.row);
+    area = TextArea(dc, area, place);
     if (cell.error) {
-        SIZE mark{};
+        RECT sign = area;
+        sign.left -= WidthOf(dc, kErrorMark);
         SetTextColor(dc, systemColorsOnly_ ? look.text : kErrorColor);
-        DrawLine(dc, area, kErrorMark);
-        GetTextExtentPoint32W(dc, kErrorMark, 1, &mark);
-        area.left += mark.cx;
+        DrawLine(dc, sign, kErrorMark);
     }
     SetTextColor(dc, look.text);
-    if (area.left < area.right && !cell.text.empty())
-        DrawLine(dc, area, WideForDisplay(std::string_view(cell.text).substr(0, 2 * kMostShown)));
+    if (area.left < area.right && !cell.text.empty()) DrawLine(dc, area, ShownText(cell));
 }
 
 void KrGridPainter::DrawRow(HDC dc, const RECT& area, int row, const GridPicture& picture) const {

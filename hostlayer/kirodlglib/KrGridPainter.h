@@ -23,6 +23,7 @@ class KrGridPainter {
     explicit KrGridPainter(const GridRows& rows) : rows_(rows) { ReadColors(); }
     void ReadColors();  // the user has chosen other ones
     void DrawRow(HDC dc, const RECT& area, int row, const GridPicture& picture) const;
+    bool IsCut(HDC dc, const RECT& area, GridPlace place) const;  // with the rows' font in the device context
 
     static constexpr int kFrame = 2;   // around the current cell, in pixels of 96 dpi as the following
     static constexpr int kMargin = 6;  // between a cell's edge and its text
@@ -34,7 +35,9 @@ class KrGridPainter {
     };
     Look LookOf(GridPlace place, const GridPicture& picture) const;
     void DrawCell(HDC dc, RECT area, GridPlace place, const GridPicture& picture) const;
-    void DrawMark(HDC dc, RECT& area, int row) const;
+    RECT MarkBox(HDC dc, const RECT& area) const;
+    RECT TextArea(HDC dc, const RECT& area, GridPlace place) const;
+    void DrawMark(HDC dc, const RECT& area, int row) const;
     void DrawFrames(HDC dc, const RECT& area, GridPlace place, const GridPicture& picture) const;
 
     const GridRows& rows_;

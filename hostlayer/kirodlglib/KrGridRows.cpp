@@ -96,3 +96,23 @@ void GridRows::Mark(int row, bool on) {
 }
 
 void GridRows::ClearMarks() { std::fill(marked_.begin(), marked_.end(), false); }
+
+// ---- Ranges ----
+
+void GridMarkRange::Begin(int anchor) {
+    before_ = rows_.Marked();
+    anchor_ = end_ = anchor;
+}
+
+bool GridMarkRange::ExtendTo(int row) {
+    if (!rows_.HasRow(anchor_) || !rows_.HasRow(row)) return false;
+    const auto [first, last] = std::minmax(anchor_, row);
+    bool changed = false;
+    for (int i = std::min(first, end_); i <= std::max(last, end_); ++i) {
+        const bool on = (i >= first && i <= last) || Before(i);
+        changed = changed || on != rows_.IsMarked(i);
+        rows_.Mark(i, on);
+    }
+    end_ = row;
+    return changed;
+}

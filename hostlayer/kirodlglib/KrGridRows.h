@@ -29,7 +29,7 @@ struct CellEditing {
 };
 
 struct GridColumn {
-    double share = 0;
+    std::string title;
     bool available = true;
     CellEditing editing;
 };
@@ -85,6 +85,7 @@ class GridRows {
     bool IsMarked(int row) const { return HasRow(row) && marked_[static_cast<std::size_t>(row)]; }
     void Mark(int row, bool on);
     void ClearMarks();
+    const std::vector<bool>& Marked() const { return marked_; }
 
   private:
     std::size_t Index(int row, int column) const {
@@ -96,4 +97,23 @@ class GridRows {
     std::vector<bool> marked_;     // one for each row
     int limit_ = 0;
     Marks markKind_ = Marks::kNone;
+};
+
+// The rows that Shift marks: all from the anchor to the row where the range ends. A row that leaves the range gets the
+// mark back that it had before.
+class GridMarkRange {
+  public:
+    explicit GridMarkRange(GridRows& rows) : rows_(rows) {}
+    void Begin(int anchor);
+    void Forget() { anchor_ = -1; }  // rows came or went, or were marked by the program
+    bool HasBegun() const { return anchor_ >= 0; }
+    bool ExtendTo(int row);  // true when a mark is another one
+
+  private:
+    bool Before(int row) const { return before_[static_cast<std::size_t>(row)]; }
+
+    GridRows& rows_;
+    int anchor_ = -1;
+    int end_ = -1;
+    std::vector<bool> before_;
 };

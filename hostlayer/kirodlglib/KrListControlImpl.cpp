@@ -33,48 +33,66 @@ void KrListControlImpl::Release() {
 }
 
 KrListControlImpl::~KrListControlImpl() {
-    SetParentList(nullptr);
-    for (KrListControlImpl* child : children_) child->parent_ = nullptr;
     const auto id = reinterpret_cast<UINT_PTR>(this);
     if (dialog_) RemoveWindowSubclass(dialog_, &KrListControlImpl::DialogProc, id);
-    if (!list_) return;
-    RemoveWindowSubclass(list_, &KrListControlImpl::ListProc, id);
-    Send(LVM_SETITEMCOUNT, 0);  // nobody answers for its texts any more
+    if (!view_.List()) return;
+    RemoveWindowSubclass(view_.List(), &KrListControlImpl::ListProc, id);
+    view_.Send(LVM_SETITEMCOUNT, 0);  // nobody answers for its texts any more
+}
+
+bool KrListControlImpl::Attach(HWND dialog, HWND list) {
+    if (view_.List()) return list == view_.List();
+    const auto id = reinterpret_cast<UINT_PTR>(this);
+    const auto self = reinterpret_cast<DWORD_PTR>(this);
+    if (!SetWindowSubclass(dialog, &KrListControlImpl::DialogProc, id, self)) return false;
+    if (!SetWindowSubclass(list, &KrListControlImpl::ListProc, id, self)) {
+        RemoveWindowSubclass(dialog, &KrListControlImpl::DialogProc, id);
+        return false;
+    }
+    dialog_ = dialog;
+    listId_ = GetDlgCtrlID(list);
+    view_.Attach(list);
+    return true;
 }
 
 void KrListControlImpl::InitList(KrWindow dialog, int listId, int columns, int rows, int limit, int selection) {
+    const Busy busy(*this);
     Guarded([&] {
         const HWND list = dialog ? GetDlgItem(dialog, listId) : nullptr;
         if (!list || !Attach(dialog, list)) return;
-        editor_.Close(true);
+        ClearCurrentCell();
         rows_.Reset(columns, rows, limit,
                     selection == kKrSelectSingle     ? GridRows::Marks::kSingle
                     : selection == kKrSelectMultiple ? GridRows::Marks::kMultiple
                                                      : GridRows::Marks::kNone);
+        range_.Forget();
         current_ = clicked_ = {};
-        MakeColumns();
-        Measure();  // the header has its height by now
-        RowsChanged();
+        view_.Start();
     });
 }
 
 void KrListControlImpl::SetColumn(int column, const char* title, double width) {
     Guarded([&] {
         GridColumn* of = rows_.FindColumn(column);
-        if (!of) return;
-        std::wstring text = WideForDisplay(Text(title));
-        LVCOLUMNW description{};
-        description.mask = LVCF_TEXT;
-        description.pszText = text.data();
-        of->share = std::isfinite(width) && width > 0 ? width : 0;
-        SendTo(LVM_SETCOLUMNW, static_cast<WPARAM>(column), &description);
-        FitColumns();
+        if (!of || !view_.List()) return;
+        of->title = Text(title);
+        view_.SetColumn(column, WideForDisplay(of->title), std::isfinite(width) && width > 0 ? width : 0);
+        ColumnsChanged();
     });
 }
 
-void KrListControlImpl::SetExtendedStyle(unsigned long style) {
-    // Without flicker, where the system can do that.
-    Send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, static_cast<LPARAM>(style | LVS_EX_DOUBLEBUFFER));
+void KrListControlImpl::ColumnsChanged() {
+    if (editor_.IsOpen()) editor_.Place(view_.CellRect(current_));
+}
+
+void KrListControlImpl::SetExtendedStyle(unsigned long style) { view_.SetExtendedStyle(style); }
+
+void KrListControlImpl::DrawItem() { view_.RepaintAll(); }
+
+void KrListControlImpl::OnDrawItem(KrDrawItem* request) {
+    Guarded([&] {
+        if (request) view_.Draw(*request, current_, editor_.IsOpen());
+    });
 }
 
 void KrListControlImpl::SetEdit(int column, int, unsigned int limit, const char* prompt) {
@@ -164,16 +182,32 @@ int KrListControlImpl::CheckRevisionNumber(int row, const char* text) {
     return CheckNumber(row, text, "無効なレビジョン番号です（1～256） ");
 }
 
+void KrListControlImpl::SetSelectFlag(int row, int on) {
+    range_.Forget();
+    rows_.Mark(row, on != 0);
+}
+
+void KrListControlImpl::ClearSelectFlag() {
+    range_.Forget();
+    rows_.ClearMarks();
+}
+
 // ---- Rows ----
 
 int KrListControlImpl::AddItem() { return Insert(rows_.Rows()); }
 
 int KrListControlImpl::InsertItem() { return Insert(rows_.HasRow(current_.row) ? current_.row : rows_.Rows()); }
 
+void KrListControlImpl::RowsChanged() {
+    range_.Forget();
+    view_.RowsChanged();
+    ColumnsChanged();
+}
+
 int KrListControlImpl::Insert(int at) {
     const Busy busy(*this);
     return Guarded(-1, [&] {
-        if (!Commit(true) || !rows_.InsertRow(at)) return -1;
+        if (!TakeEdits() || !rows_.InsertRow(at)) return -1;
         RowsChanged();
         const int column = current_.column >= 0 ? current_.column : rows_.FirstEditableColumn();
         current_ = {};  // the row of that number is another one
@@ -186,12 +220,13 @@ void KrListControlImpl::DeleteItem() {
     const Busy busy(*this);
     Guarded([&] {
         if (!rows_.HasRow(current_.row)) return;
-        editor_.Close(true);
+        DropEdits();
         const GridPlace deleted = current_;
         rows_.DeleteRow(deleted.row);
         RowsChanged();
-        current_ = {};
-        SetCurrent({std::min(deleted.row, rows_.Rows() - 1), deleted.column}, By::kProgram);
+        const int next = std::min(deleted.row, rows_.Rows() - 1);
+        if (next >= 0) current_ = {};  // the row of that number is another one
+        SetCurrent({next, deleted.column}, By::kProgram);
     });
 }
 
@@ -200,39 +235,46 @@ void KrListControlImpl::DeleteItem() {
 void KrListControlImpl::SetCurrent(GridPlace place, By by) {
     if (!rows_.Has(place)) place.row = -1;
     const GridPlace before = current_;
-    if (place == before) return Reveal(place.row);
     current_ = place;
-    Repaint(before.row < 0 ? 0 : before.row);
-    Repaint(place.row);
-    // The list view's own selection follows, for programs that read the screen aloud.
-    // The row before is freed by itself: otherwise a list view may go through all rows in search of it.
-    LVITEMW item{};
-    item.stateMask = LVIS_FOCUSED | LVIS_SELECTED;
-    if (before.row >= 0) SendTo(LVM_SETITEMSTATE, static_cast<WPARAM>(before.row), &item);
-    item.state = place.row < 0 ? 0 : item.stateMask;
-    SendTo(LVM_SETITEMSTATE, static_cast<WPARAM>(place.row), &item);
-    Reveal(place.row);
-    if (place.row >= 0 && GetFocus() == list_) NotifyWinEvent(EVENT_OBJECT_FOCUS, list_, OBJID_CLIENT, place.row + 1);
-    if (place.row != before.row) Lead(&KrListControlImpl::Follow, place.row);
+    shifting_ = false;
+    tip_.Hide();
+    if (place == before || (place.row < 0 && before.row < 0)) return view_.Reveal(place.row);
+    view_.Repaint(std::max(before.row, 0));
+    view_.Repaint(place.row);
+    if (place.row != before.row) view_.Select(before.row, place.row);
+    view_.Reveal(place.row);
+    // After what the list view says of the row.
+    if (view_.List() && GetFocus() == view_.List()) Announce(EVENT_OBJECT_FOCUS, place);
+    Notify(kKrListCurrentCell, Current());
     if (by == By::kUser) Notify(kKrListCellMoved, place);
 }
 
-void KrListControlImpl::Reveal(int row) {
-    if (rows_.HasRow(row)) Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+void KrListControlImpl::ClearCurrentCell() {
+    const Busy busy(*this);
+    Guarded([&] {
+        DropEdits();
+        SetCurrent({-1, current_.column}, By::kProgram);
+        view_.ScrollToTop();
+    });
+}
+
+// For programs that read the screen aloud.
+void KrListControlImpl::Announce(DWORD event, GridPlace place) const {
+    if (place.row >= 0) NotifyWinEvent(event, view_.List(), OBJID_CLIENT, ChildOfPlace(place));
 }
 
 void KrListControlImpl::Notify(unsigned int code, GridPlace place) {
-    if (!list_ || !dialog_ || released_) return;
-    KrListNotify notice{list_, static_cast<std::uintptr_t>(listId_), code, place.row, place.column};
+    if (!view_.List() || !dialog_ || released_) return;
+    KrListNotify notice{view_.List(), static_cast<std::uintptr_t>(listId_), code, place.row, place.column};
     SendMessageW(dialog_, WM_NOTIFY, static_cast<WPARAM>(listId_), reinterpret_cast<LPARAM>(&notice));
 }
 
 void KrListControlImpl::ClickCell(int row, int column) {
     const Busy busy(*this);
     Guarded([&] {
-        if (!rows_.Has({row, column}) || !Commit(true)) return;
+        if (!rows_.Has({row, column}) || !TakeEdits()) return;
         SetCurrent({row, column}, By::kProgram);
-        if (list_ && !HasFocus()) SetFocus(list_);
+        if (view_.List() && !view_.HasFocus()) SetFocus(view_.List());
     });
 }
 
@@ -245,30 +287,52 @@ void KrListControlImpl::ClickItem() {
     const Busy busy(*this);
     Guarded([&] {
         const bool marks = clickPending_ && clickMarks_;
+        const int from = current_.row;
         clickPending_ = false;
-        if (!rows_.Has(clicked_) || !Commit(true)) return;
+        if (!rows_.Has(clicked_) || !TakeEdits()) return;
         SetCurrent(clicked_, By::kProgram);
+        if (!marks) return;
+        if (WantsRange()) return ExtendMarks(from);
         // The only one stays marked when it is clicked once more.
-        const bool single = rows_.MarkKind() == GridRows::Marks::kSingle;
-        if (marks) SetMark(clicked_.row, single || !rows_.IsMarked(clicked_.row));
+        if (rows_.MarkKind() != GridRows::Marks::kSingle || !rows_.IsMarked(current_.row)) ToggleMark();
     });
 }
 
-void KrListControlImpl::SetMark(int row, bool on) {
-    if (rows_.IsMarked(row) == on) return;
-    rows_.Mark(row, on);
-    RepaintAll();
+// ---- Marks ----
+
+bool KrListControlImpl::WantsRange() const {
+    return GetKeyState(VK_SHIFT) < 0 && rows_.MarkKind() == GridRows::Marks::kMultiple;
+}
+
+void KrListControlImpl::ToggleMark() {
+    rows_.Mark(current_.row, !rows_.IsMarked(current_.row));
+    range_.Begin(current_.row);
+    MarksChanged();
+}
+
+// Marks all rows up to the current one: from where the last mark was set, or from this row when none was.
+void KrListControlImpl::ExtendMarks(int from) {
+    if (!range_.HasBegun()) range_.Begin(std::max(from, 0));
+    if (range_.ExtendTo(current_.row)) MarksChanged();
+}
+
+void KrListControlImpl::MarksChanged() {
+    view_.RepaintAll();
+    Announce(EVENT_OBJECT_STATECHANGE, current_);
     Notify(kKrListMarkChanged, current_);
 }
 
 // ---- Editing ----
 
 bool KrListControlImpl::OpenEditor(KrCellEditor::Start start, bool prompts) {
-    if (!Commit(true) || !rows_.CanEdit(current_) || !list_ || !IsWindowVisible(list_) || released_) return false;
-    Reveal(current_.row);
+    const HWND list = view_.List();
+    if (!Commit(true) || !rows_.CanEdit(current_) || !list || !IsWindowVisible(list) || released_) return false;
+    view_.Reveal(current_.row);
+    tip_.Hide();
     const CellEditing editing = rows_.EditingOf(current_);
-    const bool open = editor_.Open(list_, CellRect(current_), editing, rows_.Find(current_)->text, start, prompts);
-    Repaint(current_.row);
+    editor_.SetName(CellName(rows_, current_));
+    const bool open = editor_.Open(list, view_.CellRect(current_), editing, rows_.Find(current_)->text, start, prompts);
+    view_.Repaint(current_.row);
     return open;
 }
 
@@ -293,65 +357,31 @@ bool KrListControlImpl::Commit(bool takeFocus) {
     const bool changed = cell && outcome.text && *outcome.text != cell->text;
     if (changed) cell->text = std::move(*outcome.text);
     editor_.Close(takeFocus);
-    Repaint(place.row);
-    if (changed) Notify(kKrListCellChanged, place);
+    view_.Repaint(place.row);
+    if (!changed) return true;
+    Announce(EVENT_OBJECT_VALUECHANGE, place);
+    Notify(kKrListCellChanged, place);
     return true;
 }
 
-int KrListControlImpl::EndEdit() {
-    const Busy busy(*this);
-    return Guarded(0, [&] { return static_cast<int>(Commit(true)); });
-}
+int KrListControlImpl::EndEdit() { return TakeEdits(); }
 
 void KrListControlImpl::CloseComboBox() { EndEdit(); }
 
-// ---- Grids side by side ----
+// ---- Linked grids ----
 
 void KrListControlImpl::SetParentList(KrListControl* parent) {
-    if (parent_) std::erase(parent_->children_, this);
-    parent_ = nullptr;
     // Every grid is one of ours: the library makes no other.
     auto* grid = static_cast<KrListControlImpl*>(parent);
-    if (!grid || grid == this) return;
-    Guarded([&] {
-        grid->children_.push_back(this);
-        parent_ = grid;
-        Follow(grid->current_.row);
-        ScrollTo(grid->top_);
-    });
+    Guarded([&] { links_.SetParent(grid ? &grid->links_ : nullptr); });
 }
 
-// Has the other grids do as this one did. What they do does not come back here.
-void KrListControlImpl::Lead(void (KrListControlImpl::*follow)(int), int value) {
-    if (leading_) return;
-    struct Scope {
-        bool& flag;
-        ~Scope() { flag = false; }
-    };
-    leading_ = true;
-    const Scope scope{leading_};
-    if (parent_ && !parent_->leading_) (parent_->*follow)(value);
-    for (std::size_t i = 0; i < children_.size(); ++i)
-        if (!children_[i]->leading_) (children_[i]->*follow)(value);
-}
-
-void KrListControlImpl::Follow(int row) {
+bool KrListControlImpl::TakeEdits() {
     const Busy busy(*this);
-    if (row == current_.row || !Commit(false)) return;
-    const int column = current_.column >= 0 ? current_.column : rows_.FirstEditableColumn();
-    SetCurrent({row, column}, By::kProgram);
+    return Guarded(false, [&] { return Commit(true) && links_.TakeChildrensEdits(); });
 }
 
-void KrListControlImpl::ScrollTo(int top) {
-    const Busy busy(*this);
-    const RECT row = RowRect(0);
-    const auto now = static_cast<int>(Send(LVM_GETTOPINDEX));
-    if (top != now && Commit(false)) Send(LVM_SCROLL, 0, static_cast<LPARAM>((top - now) * (row.bottom - row.top)));
-}
-
-void KrListControlImpl::Scrolled() {
-    const auto top = static_cast<int>(Send(LVM_GETTOPINDEX));
-    if (top == top_) return;
-    top_ = top;
-    Lead(&KrListControlImpl::ScrollTo, top);
+void KrListControlImpl::DropEdits() {
+    editor_.Close(true);
+    links_.DropChildrensEdits();
 }

@@ -1,24 +1,25 @@
 // The grid of a dialog, over a list view with virtual rows. Its operations never throw: one that runs out of memory
 // does nothing.
 //
-// KrListControlImpl.cpp holds the operations, KrListControlView.cpp the list view's layout and painting,
-// KrListControlInput.cpp what windows and operator send.
+// KrListControlImpl.cpp holds the operations, KrListControlInput.cpp what windows and operator send. The rows, the list
+// view, the editor, the links and the rest have classes of their own; here they work together.
 #pragma once
 
 #include <windows.h>
 
 #include <commctrl.h>
 
-#include <vector>
-
 #include "KrCellEditor.h"
-#include "KrGridPainter.h"
+#include "KrGridAccessible.h"
+#include "KrGridLinks.h"
 #include "KrGridRows.h"
+#include "KrGridView.h"
+#include "KrTextTip.h"
 #include "entry/host/KrListControl.h"
 
-class KrListControlImpl final : public KrListControl, private CellEditorHost {
+class KrListControlImpl final : public KrListControl, private CellEditorHost, private LinkedGrid, private ReadableGrid {
   public:
-    explicit KrListControlImpl(KrUtility* utility) : utility_(utility), painter_(rows_), editor_(*this, utility) {}
+    explicit KrListControlImpl(KrUtility* utility) : utility_(utility), editor_(*this, utility) {}
     KrListControlImpl(const KrListControlImpl&) = delete;
     KrListControlImpl& operator=(const KrListControlImpl&) = delete;
 
@@ -49,15 +50,16 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost {
     void GetClickItem(int* row, int* column) const override;
     int GetSelectedItem() const override { return current_.row; }
     int GetSelectedColumn() const override { return current_.row < 0 ? -1 : current_.column; }
+    void ClearCurrentCell() override;
 
     void SetErrorFlag(int row, int column, int on) override;
     void ErrorText(const char* text) override;
     void MessageText(const char* text) override;
     void SetAvailableFlag(int row, int column, int available) override;
     int GetAvailableFlag(int row, int column) const override { return rows_.IsAvailable({row, column}); }
-    void SetSelectFlag(int row, int on) override { rows_.Mark(row, on != 0); }
+    void SetSelectFlag(int row, int on) override;
     int GetSelectFlag(int row) const override { return rows_.IsMarked(row); }
-    void ClearSelectFlag() override { rows_.ClearMarks(); }
+    void ClearSelectFlag() override;
     void SetItemColor(int row, int column, KrColor text, KrColor background) override;
     void SetParentList(KrListControl* parent) override;
 
@@ -81,40 +83,23 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost {
     enum class By { kProgram, kUser };
 
     ~KrListControlImpl();
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
-        return list_ ? SendMessageW(list_, message, wParam, lParam) : 0;
-    }
-    LRESULT SendTo(UINT message, WPARAM wParam, void* data) const {
-        return Send(message, wParam, reinterpret_cast<LPARAM>(data));
-    }
-
-    // The list view: its columns, rows and places.
     bool Attach(HWND dialog, HWND list);
-    void MakeColumns();
-    int RowHeight() const;
-    int RoomForRows() const;
-    void Measure();
     void RowsChanged();
-    int WidthForColumns() const;
-    void FitColumns();
-    void KeepResized(int column);
-    int ColumnWidth(int column) const {
-        return static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
-    }
-    RECT RowRect(int row) const;
-    RECT CellRect(GridPlace place) const;
-    GridPlace Hit(POINT point) const;
-    bool HasFocus() const;
-    void Repaint(int row) const;
-    void RepaintAll() const;
+    void ColumnsChanged();
 
     // The current cell.
     void SetCurrent(GridPlace place, By by);
-    void Reveal(int row);
     void Notify(unsigned int code, GridPlace place);
+    void Announce(DWORD event, GridPlace place) const;
     bool MakeCurrent();
-    void SetMark(int row, bool on);
+    void ShowWholeText();
     int Insert(int at);
+
+    // Marks that the user gives.
+    bool WantsRange() const;
+    void ToggleMark();
+    void ExtendMarks(int from);
+    void MarksChanged();
 
     // Editing.
     bool OpenEditor(KrCellEditor::Start start, bool prompts = true);
@@ -123,23 +108,27 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost {
     void OpenNext(bool forwards);
     void Taken(const KrStringList* choices, const char* prompt, GridComboPtr& combo) const;
 
-    // Grids side by side.
-    void Follow(int row);
-    void ScrollTo(int top);
-    void Lead(void (KrListControlImpl::*follow)(int), int value);
-    void Scrolled();
+    // For the linked grids, and for programs that read the screen aloud.
+    bool TakeEdits() override;
+    void DropEdits() override;
+    const GridRows& Rows() const override { return rows_; }
+    const KrGridView& View() const override { return view_; }
+    GridPlace Current() const override { return current_.row < 0 ? GridPlace{} : current_; }
+    void GoTo(GridPlace place) override { ClickCell(place.row, place.column); }
 
     // Messages of the two windows; none: as usual.
     static LRESULT CALLBACK ListProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
     static LRESULT CALLBACK DialogProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
     std::optional<LRESULT> OnList(UINT message, WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnListMouse(UINT message, LPARAM lParam);
+    std::optional<LRESULT> OnListMouse(UINT message, WPARAM wParam, LPARAM lParam);
+    void RelayToTip(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnListText(UINT message, WPARAM wParam, LPARAM lParam);
     void AfterList(UINT message);
     std::optional<LRESULT> OnHeader(const NMHEADERW& header);
     bool OnKey(WPARAM key);
     void OnCharacter(wchar_t character);
-    bool Navigate(WPARAM key);
+    bool Navigate(WPARAM key, bool marks = false);
+    void MoveTo(GridPlace place, bool marks);
     bool Press(POINT point, bool right);
     std::optional<LRESULT> OnDialog(UINT message, WPARAM wParam, LPARAM lParam);
     void AnswerText(NMLVDISPINFOW& request) const;
@@ -151,24 +140,22 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost {
 
     KrUtility* utility_;
     HWND dialog_ = nullptr;
-    HWND list_ = nullptr;
     int listId_ = 0;
     GridRows rows_;
-    KrGridPainter painter_;
+    GridMarkRange range_{rows_};
+    KrGridView view_{rows_};
     KrCellEditor editor_;
-    GridPlace current_;
+    KrGridLinks links_{*this};
+    KrTextTip tip_;
+    KrAccessibleOf<KrGridAccessible> accessible_;
+    GridPlace current_;  // row -1: none; the column is that of the last one
     GridPlace clicked_;
     bool clickPending_ = false;  // a click that the dialog was told of and ClickItem has not dealt with
     bool clickMarks_ = false;
-    bool errorShown_ = false;  // the last message that the dialog gave
     bool clickOpens_ = false;
     bool rightPressed_ = false;
-    bool fitting_ = false;
-    int fitted_ = 0;  // the width that the columns fill
-    bool leading_ = false;
-    int top_ = 0;
-    KrListControlImpl* parent_ = nullptr;
-    std::vector<KrListControlImpl*> children_;
+    bool shifting_ = false;    // the current cell got where it is with Shift held down
+    bool errorShown_ = false;  // the last message that the dialog gave
     int busy_ = 0;
     bool released_ = false;
 };

@@ -19,10 +19,11 @@ POINT PointOf(LPARAM lParam) { return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam
 
 // ---- Keys ----
 
-bool KrListControlImpl::Navigate(WPARAM key) {
+// marks: with Shift, where rows can be marked, all rows are that the key goes over.
+bool KrListControlImpl::Navigate(WPARAM key, bool marks) {
     const bool all = IsKeyDown(VK_CONTROL);
     const int last = rows_.Rows() - 1;
-    const int page = std::max(static_cast<int>(Send(LVM_GETCOUNTPERPAGE)) - 1, 1);
+    const int page = std::max(view_.RowsOnPage() - 1, 1);
     GridPlace to = current_;
     switch (key) {
         case VK_UP:
@@ -52,10 +53,19 @@ bool KrListControlImpl::Navigate(WPARAM key) {
         default:
             return false;
     }
-    if (last < 0 || rows_.Columns() == 0) return true;
-    if (!MakeCurrent())
-        SetCurrent({std::clamp(to.row, 0, last), std::clamp(to.column, 0, rows_.Columns() - 1)}, By::kUser);
+    if (last < 0 || rows_.Columns() == 0 || !TakeEdits()) return true;
+    if (!MakeCurrent()) MoveTo({std::clamp(to.row, 0, last), std::clamp(to.column, 0, rows_.Columns() - 1)}, marks);
+    ShowWholeText();
     return true;
+}
+
+void KrListControlImpl::MoveTo(GridPlace place, bool marks) {
+    const int from = current_.row;
+    const bool extends = marks && WantsRange();
+    if (extends && !shifting_) range_.Begin(from);
+    SetCurrent(place, By::kUser);
+    shifting_ = extends;
+    if (extends) ExtendMarks(from);
 }
 
 // The first key in a grid without a current cell makes one, and does nothing else. True when it did.
@@ -63,6 +73,13 @@ bool KrListControlImpl::MakeCurrent() {
     if (rows_.Has(current_)) return false;
     SetCurrent({0, rows_.FirstEditableColumn()}, By::kUser);
     return true;
+}
+
+// For who works with the keys: the mouse is not needed to read a text that is cut.
+void KrListControlImpl::ShowWholeText() {
+    const GridCell* cell = rows_.Find(current_);
+    if (!cell || !view_.List() || GetFocus() != view_.List() || !view_.IsCut(current_)) return;
+    tip_.ShowBelow(view_.List(), view_.CellRect(current_), WideForDisplay(cell->text));
 }
 
 bool KrListControlImpl::OnKey(WPARAM key) {
@@ -80,7 +97,7 @@ bool KrListControlImpl::OnKey(WPARAM key) {
         case VK_SPACE:
             return true;  // its character counts
         default:
-            return Navigate(key);
+            return Navigate(key, true);
     }
 }
 
@@ -89,7 +106,8 @@ void KrListControlImpl::OnCharacter(wchar_t character) {
     MakeCurrent();
     if (character == L' ' || character == L'　') {
         // Never starts a text: where rows have no marks it would only wipe the cell.
-        if (rows_.MarkKind() != GridRows::Marks::kNone) SetMark(current_.row, !rows_.IsMarked(current_.row));
+        if (rows_.MarkKind() == GridRows::Marks::kNone) return;
+        WantsRange() ? ExtendMarks(current_.row) : ToggleMark();
     } else if (OpenEditor(KrCellEditor::Start::kReplaceText)) {
         editor_.Forward(WM_CHAR, character, 1);
     } else {
@@ -116,34 +134,36 @@ std::optional<LRESULT> KrListControlImpl::OnListText(UINT message, WPARAM wParam
 
 // ---- The mouse ----
 
-GridPlace KrListControlImpl::Hit(POINT point) const {
-    LVHITTESTINFO hit{};
-    hit.pt = point;
-    if (SendTo(LVM_SUBITEMHITTEST, 0, &hit) < 0) return {};
-    const GridPlace place{hit.iItem, hit.iSubItem};
-    return rows_.Has(place) ? place : GridPlace{};
-}
-
 // False when the list view shall go on with it.
 bool KrListControlImpl::Press(POINT point, bool right) {
-    const GridPlace hit = Hit(point);
-    clickOpens_ = HasFocus() && hit == current_ && rows_.Has(hit);
-    if (!Commit(true)) return true;
-    if (!right || !list_) return false;
+    const GridPlace hit = view_.Hit(point);
+    clickOpens_ = view_.HasFocus() && hit == current_ && rows_.Has(hit);
+    if (!TakeEdits()) return true;
+    if (!right || !view_.List()) return false;
     rightPressed_ = true;
-    SetFocus(list_);
+    SetFocus(view_.List());
     if (rows_.Has(hit)) SetCurrent(hit, By::kUser);
     return true;
 }
 
-std::optional<LRESULT> KrListControlImpl::OnListMouse(UINT message, LPARAM lParam) {
+std::optional<LRESULT> KrListControlImpl::OnListMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     POINT point = PointOf(lParam);
+    RelayToTip(message, wParam, lParam);
+    if (message == WM_MOUSEMOVE) return std::nullopt;
     if (message != WM_RBUTTONUP)
         return Press(point, message == WM_RBUTTONDOWN || message == WM_RBUTTONDBLCLK) ? std::optional<LRESULT>(0)
                                                                                       : std::nullopt;
     if (!std::exchange(rightPressed_, false)) return std::nullopt;
-    ClientToScreen(list_, &point);
-    return SendMessageW(dialog_, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(list_), MAKELPARAM(point.x, point.y));
+    ClientToScreen(view_.List(), &point);
+    return SendMessageW(dialog_, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(view_.List()), MAKELPARAM(point.x, point.y));
+}
+
+void KrListControlImpl::RelayToTip(UINT message, WPARAM wParam, LPARAM lParam) {
+    const GridPlace place = view_.Hit(PointOf(lParam));
+    const bool edited = editor_.IsOpen() && place == current_;
+    const bool cut = !edited && view_.IsCut(place);
+    tip_.Relay(view_.List(), message, wParam, lParam, cut ? view_.CellRect(place) : RECT{},
+               cut ? WideForDisplay(rows_.Find(place)->text) : std::wstring());
 }
 
 void KrListControlImpl::BeforeClick(const NMITEMACTIVATE& click) {
@@ -155,8 +175,8 @@ void KrListControlImpl::BeforeClick(const NMITEMACTIVATE& click) {
 }
 
 void KrListControlImpl::Dragged(POINT from) {
-    const GridPlace place = Hit(from);
-    if (rows_.Has(place) && Commit(true)) SetCurrent(place, By::kUser);
+    const GridPlace place = view_.Hit(from);
+    if (rows_.Has(place) && TakeEdits()) SetCurrent(place, By::kUser);
 }
 
 // The current cell is still the one before until the dialog calls ClickItem; one that does not know of clicks need not.
@@ -176,11 +196,11 @@ void KrListControlImpl::OnEditor(EditorEvent event) {
         switch (event) {
             case EditorEvent::kFocusLost:
                 Commit(false);
-                Repaint(current_.row);
+                view_.Repaint(current_.row);
                 break;
             case EditorEvent::kEscape:
                 editor_.Close(true);
-                Repaint(current_.row);
+                view_.Repaint(current_.row);
                 break;
             case EditorEvent::kPicked:
                 Commit(true);
@@ -202,7 +222,7 @@ void KrListControlImpl::OnEditor(EditorEvent event) {
 
 void KrListControlImpl::OpenNext(bool forwards) {
     const GridPlace from = current_;
-    if (!Commit(true) || editor_.IsOpen()) return;
+    if (!TakeEdits() || editor_.IsOpen()) return;
     const std::optional<GridPlace> next = rows_.NextEditable(from, forwards);
     if (!next) return;
     errorShown_ = false;
@@ -220,7 +240,7 @@ std::optional<LRESULT> KrListControlImpl::OnHeader(const NMHEADERW& header) {
             return Commit(true) ? std::nullopt : std::optional<LRESULT>(TRUE);
         case HDN_ENDTRACKA:
         case HDN_ENDTRACKW:
-            PostMessageW(list_, kGridFit, static_cast<WPARAM>(header.iItem), 0);
+            PostMessageW(view_.List(), kGridFit, static_cast<WPARAM>(header.iItem), 0);
             return std::nullopt;
         case HDN_DIVIDERDBLCLICKA:
         case HDN_DIVIDERDBLCLICKW:
@@ -234,7 +254,7 @@ std::optional<LRESULT> KrListControlImpl::OnList(UINT message, WPARAM wParam, LP
     const auto handled = [](bool yes) { return yes ? std::optional<LRESULT>(0) : std::nullopt; };
     switch (message) {
         case WM_GETDLGCODE: {
-            const LRESULT code = DefSubclassProc(list_, message, wParam, lParam);
+            const LRESULT code = DefSubclassProc(view_.List(), message, wParam, lParam);
             const auto* key = reinterpret_cast<const MSG*>(lParam);
             const bool enter = key && key->message == WM_KEYDOWN && key->wParam == VK_RETURN;
             return enter ? code | DLGC_WANTMESSAGE : code;
@@ -244,7 +264,7 @@ std::optional<LRESULT> KrListControlImpl::OnList(UINT message, WPARAM wParam, LP
         case WM_KEYUP:
             // Not left to the system: a list view may keep it from it.
             if (wParam != VK_APPS) return std::nullopt;
-            return SendMessageW(dialog_, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(list_), -1);
+            return SendMessageW(dialog_, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(view_.List()), -1);
         case WM_SYSKEYDOWN:
             return handled(wParam == VK_DOWN && OnKey(VK_F4));
         case WM_CHAR:
@@ -258,7 +278,8 @@ std::optional<LRESULT> KrListControlImpl::OnList(UINT message, WPARAM wParam, LP
         case WM_RBUTTONDOWN:
         case WM_RBUTTONDBLCLK:
         case WM_RBUTTONUP:
-            return OnListMouse(message, lParam);
+        case WM_MOUSEMOVE:
+            return OnListMouse(message, wParam, lParam);
         case WM_VSCROLL:
         case WM_HSCROLL:
         case WM_MOUSEWHEEL:
@@ -268,7 +289,7 @@ std::optional<LRESULT> KrListControlImpl::OnList(UINT message, WPARAM wParam, LP
             Commit(false);
             return std::nullopt;
         case WM_NOTIFY:
-            return reinterpret_cast<const NMHDR*>(lParam)->hwndFrom == reinterpret_cast<HWND>(Send(LVM_GETHEADER))
+            return reinterpret_cast<const NMHDR*>(lParam)->hwndFrom == reinterpret_cast<HWND>(view_.Send(LVM_GETHEADER))
                        ? OnHeader(*reinterpret_cast<const NMHEADERW*>(lParam))
                        : std::nullopt;
         case WM_COMMAND:
@@ -277,10 +298,12 @@ std::optional<LRESULT> KrListControlImpl::OnList(UINT message, WPARAM wParam, LP
             editor_.OnPicked(wParam);
             return 0;
         case kGridFit:
-            KeepResized(static_cast<int>(wParam));
+            view_.KeepResized(static_cast<int>(wParam));
+            ColumnsChanged();
             return 0;
-        case kGridCurrentCell:
-            return current_.row < 0 ? -1 : MAKELONG(current_.column, current_.row);
+        case WM_GETOBJECT:
+            if (static_cast<LONG>(lParam) != OBJID_CLIENT || released_) return std::nullopt;
+            return accessible_.Answer(view_.List(), wParam, static_cast<ReadableGrid&>(*this));
         case WM_DESTROY:
             editor_.Close(false);
             return std::nullopt;
@@ -294,24 +317,24 @@ void KrListControlImpl::AfterList(UINT message) {
         case WM_SETFOCUS:
             // A text that was refused waits to be put right.
             if (editor_.IsOpen()) editor_.Focus();
-            [[fallthrough]];
+            if (GetFocus() == view_.List()) Announce(EVENT_OBJECT_FOCUS, current_);
+            view_.Repaint(std::max(current_.row, 0));
+            break;
         case WM_KILLFOCUS:
-            Repaint(std::max(current_.row, 0));
+            tip_.Hide();
+            view_.Repaint(std::max(current_.row, 0));
             break;
         case WM_ENABLE:
-            RepaintAll();
+            view_.RepaintAll();
             break;
         case WM_SIZE:
             // Not for the scroll bar that comes while the user draws a column wider.
-            if (WidthForColumns() != fitted_) FitColumns();
-            [[fallthrough]];
+            if (view_.NeedsFit()) view_.FitColumns();
+            ColumnsChanged();
+            break;
         case WM_VSCROLL:
         case WM_MOUSEWHEEL:
-        case WM_KEYDOWN:
-        case LVM_SCROLL:
-        case LVM_ENSUREVISIBLE:
-        case LVM_SETITEMCOUNT:
-            Scrolled();
+            tip_.Hide();
             break;
         default:
             break;
@@ -324,7 +347,8 @@ LRESULT CALLBACK KrListControlImpl::ListProc(HWND window, UINT message, WPARAM w
     const Busy busy(grid);
     if (message == WM_NCDESTROY) {
         RemoveWindowSubclass(window, &KrListControlImpl::ListProc, id);
-        grid.list_ = nullptr;
+        grid.accessible_.End();
+        grid.view_.Detach();
         return DefSubclassProc(window, message, wParam, lParam);
     }
     const auto result = Guarded(std::optional<LRESULT>(), [&] { return grid.OnList(message, wParam, lParam); });
@@ -350,7 +374,7 @@ std::optional<LRESULT> KrListControlImpl::OnDialog(UINT message, WPARAM wParam, 
     switch (message) {
         case WM_NOTIFY: {
             auto* notice = reinterpret_cast<NMHDR*>(lParam);
-            if (notice->hwndFrom != list_ || !list_) return std::nullopt;
+            if (notice->hwndFrom != view_.List() || !view_.List()) return std::nullopt;
             if (notice->code == LVN_GETDISPINFOW) {
                 AnswerText(*reinterpret_cast<NMLVDISPINFOW*>(lParam));
                 return 0;
@@ -368,13 +392,13 @@ std::optional<LRESULT> KrListControlImpl::OnDialog(UINT message, WPARAM wParam, 
         case WM_MEASUREITEM: {
             auto* request = reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
             if (request->CtlType != ODT_LISTVIEW || static_cast<int>(request->CtlID) != listId_) return std::nullopt;
-            request->itemHeight = static_cast<UINT>(RowHeight());
+            request->itemHeight = static_cast<UINT>(view_.RowHeight());
             return TRUE;
         }
         case WM_SETTINGCHANGE:
         case WM_SYSCOLORCHANGE:
-            painter_.ReadColors();
-            RepaintAll();
+            view_.ReadColors();
+            view_.RepaintAll();
             return std::nullopt;
         default:
             return std::nullopt;

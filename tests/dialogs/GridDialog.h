@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "entry/host/KrListControl.h"
 #include "driver/GridDriver.h"
 #include "driver/Picture.h"
+#include "entry/host/KrListControl.h"
 
 using namespace kiro::drive;
 namespace drive = kiro::drive;
@@ -79,6 +79,7 @@ class Grids : public testing::Test {
     KrListControlPtr otherPtr{KrCreateListControl(utility.get())};
     HWND dialog_ = nullptr;
     std::vector<std::string> events;  // such as "changed 3,1"
+    std::string currents;             // of the table: the cells that became current, such as "3,1 4,1 "
     std::function<void()> onChange;
 
   private:
@@ -128,6 +129,7 @@ class Grids : public testing::Test {
             grid->ClickItem();
             events.push_back("click " + std::to_string(before) + ">" + std::to_string(grid->GetSelectedItem()));
         }
+        if (notice.code == kKrListCurrentCell && grid == tablePtr.get()) currents += place.substr(1) + " ";
         if (notice.code == kKrListCellMoved) events.push_back("moved" + place);
         if (notice.code == kKrListMarkChanged) events.push_back("mark" + place);
         if (notice.code != kKrListCellChanged) return;

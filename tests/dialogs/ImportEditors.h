@@ -84,7 +84,8 @@ class ImportEditors : public ImportTables {
         grid.Write(text);
     }
     // "設定" must be refused with the box, the cell marked and the message shown.
-    static void ExpectRefusal(const Editor& editor, HWND dialog, GridPlace cell, const std::wstring& message) {
+    static void ExpectRefusal(const Editor& editor, HWND dialog, kiro::drive::GridPlace cell,
+                              const std::wstring& message) {
         using namespace kiro::drive;
         Click(dialog, IDOK);
         Expect(editor.caption, L"設定内容に誤りがあります。", MB_ICONERROR, IDOK);
@@ -93,7 +94,7 @@ class ImportEditors : public ImportTables {
         EXPECT_EQ(kGrid, FocusId());
         ExpectError(dialog, message);
     }
-    static bool IsMarked(const kiro::drive::Grid& grid, GridPlace cell) {
+    static bool IsMarked(const kiro::drive::Grid& grid, kiro::drive::GridPlace cell) {
         return grid.Pixel(cell.row, cell.column, 4, 4) == RGB(0xFF, 0xE0, 0xE0);
     }
     static void ExpectError(HWND dialog, const std::wstring& message) {

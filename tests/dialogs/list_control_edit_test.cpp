@@ -169,18 +169,67 @@ TEST_F(Grids, ChoicesAreOfferedWithTheirPrompt) {
         Key(VK_RETURN);
         EXPECT_EQ("300", Stored(2, 2));
         Key(VK_F4);
-        EXPECT_TRUE(grid.IsDropped());
-        Key(VK_DOWN);
-        Key(VK_ESCAPE);  // gives the text back and does not only close the list
-        EXPECT_FALSE(grid.IsOpen());
-        EXPECT_EQ("1", Stored(3, 2));
-        Key(VK_F4);
         Key(VK_DOWN);
         Key(VK_DOWN);
         EXPECT_TRUE(grid.IsOpen());
         OnUi([&] { table().CloseComboBox(); });
         EXPECT_FALSE(grid.IsOpen());
         EXPECT_EQ("3", Stored(3, 2));
+        Click(dialog, IDOK);
+    });
+}
+
+TEST_F(Grids, EscapeClosesTheListThenTheCellThenTheDialog) {
+    EXPECT_EQ(IDCANCEL, Run([&](HWND dialog) {
+                  const Grid choices(dialog, kOther);
+                  const Grid grid(dialog, kList);
+                  choices.Click(1, 1);
+                  Key(VK_F4);
+                  Key(VK_DOWN);
+                  Key(VK_ESCAPE);
+                  EXPECT_FALSE(choices.IsDropped());
+                  Key(VK_RETURN);
+                  EXPECT_EQ(L"横", choices.Cell(1, 1)) << "the choice that was given up is taken";
+                  grid.Click(2, 2);
+                  grid.Keys(L"77");
+                  grid.Drop();
+                  Key(VK_DOWN);
+                  EXPECT_NE(L"77", grid.Typed());
+                  Key(VK_ESCAPE);
+                  EXPECT_FALSE(grid.IsDropped());
+                  EXPECT_EQ(L"77", grid.Typed());
+                  EXPECT_EQ(L"クラス番号を入力してください", Guidance(dialog));
+                  Key(VK_ESCAPE);
+                  EXPECT_FALSE(grid.IsOpen());
+                  EXPECT_EQ("1", Stored(2, 2));
+                  EXPECT_EQ(dialog, Settle());
+                  EXPECT_EQ(kList, FocusId());
+                  Key(VK_ESCAPE);
+              }));
+}
+
+TEST_F(Grids, ArrowsTakeATypedNumberAndChooseOtherwise) {
+    Run([&](HWND dialog) {
+        const Grid grid(dialog, kList);
+        grid.Click(2, 2);
+        for (const auto& [key, row, next] : {std::tuple(VK_DOWN, 2, 3), {VK_UP, 3, 2}}) {
+            grid.Keys(L"25");
+            Key(static_cast<WORD>(key));
+            EXPECT_EQ("25", Stored(row, 2));
+            EXPECT_EQ((GridPlace{next, 2}), grid.Current());
+            EXPECT_FALSE(grid.IsOpen());
+        }
+        Key(VK_F2);  // nothing typed: the next choice
+        Key(VK_DOWN);
+        EXPECT_EQ(L"26", grid.Typed());
+        grid.Keys(L"3");
+        grid.Drop();  // in the open list they choose, too
+        Key(VK_DOWN);
+        EXPECT_TRUE(grid.IsDropped());
+        EXPECT_EQ((GridPlace{2, 2}), grid.Current());
+        Key(VK_ESCAPE);
+        Key(VK_UP);
+        EXPECT_EQ((GridPlace{1, 2}), grid.Current());
         Click(dialog, IDOK);
     });
 }
@@ -227,10 +276,8 @@ TEST_F(Grids, AnEditIsNeverLost) {
     const std::vector<std::pair<const char*, std::function<void(HWND, const Grid&)>>> ways = {
         {"focus", [](HWND dialog, const Grid&) { Focus(dialog, IDCANCEL); }},
         {"click", [](HWND, const Grid& grid) { grid.Click(4, 1); }},
-        {"right click", [](HWND, const Grid& grid) { grid.RightClick(4, 1); }},
         {"scroll", [](HWND, const Grid& grid) { Send(grid.List(), WM_VSCROLL, SB_LINEDOWN); }},
         {"wheel", [](HWND, const Grid& grid) { Send(grid.Editor(), WM_MOUSEWHEEL, MAKEWPARAM(0, -120)); }},
-        {"scroll message", [](HWND, const Grid& grid) { Send(grid.List(), LVM_SCROLL, 0, 30); }},
         {"scroll notice",
          [](HWND dialog, const Grid& grid) {
              NMLVSCROLL notice{};
@@ -248,10 +295,7 @@ TEST_F(Grids, AnEditIsNeverLost) {
          [](HWND, const Grid& grid) {
              SetWindowPos(grid.List(), nullptr, 0, 0, 300, 200, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
          }},
-        {"EndEdit", [this](HWND, const Grid&) { OnUi([&] { table().EndEdit(); }); }},
-        {"ClickCell", [this](HWND, const Grid&) { OnUi([&] { table().ClickCell(9, 2); }); }},
         {"AddItem", [this](HWND, const Grid&) { OnUi([&] { table().AddItem(); }); }},
-        {"SetEditMode", [this](HWND, const Grid&) { OnUi([&] { table().SetEditMode(2, 2); }); }},
     };
     for (const auto& [name, leave] : ways) {
         tablePtr.reset(KrCreateListControl(utility.get()));
@@ -263,9 +307,7 @@ TEST_F(Grids, AnEditIsNeverLost) {
             leave(dialog, grid);
             EXPECT_EQ("新", Stored(2, 1)) << name;
             EXPECT_EQ("changed 2,1", (events.empty() ? "" : events.front())) << name;
-            if (grid.IsOpen()) {
-                EXPECT_EQ(L"1", grid.Typed()) << name;  // the next cell
-            }
+            EXPECT_FALSE(grid.IsOpen()) << name;
             Click(dialog, IDCANCEL);
         });
     }

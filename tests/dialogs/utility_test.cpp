@@ -465,19 +465,33 @@ TEST_F(Utility, GuidanceLineTakesTheLowerEdge) {
         const HGDIOBJ previous = SelectObject(memory, bitmap);
         SendMessageW(line, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(memory), PRF_CLIENT);
         int count = 0;
+        COLORREF brightest = 0;
         for (int y = 0; y < area.bottom; ++y)
-            for (int x = 0; x < area.right; ++x) count += GetPixel(memory, x, y) == 0x000000C0;
+            for (int x = 0; x < area.right; ++x) {
+                const COLORREF pixel = GetPixel(memory, x, y);
+                if (GetRValue(pixel) < GetGValue(pixel) + 0x28 || GetGValue(pixel) != GetBValue(pixel)) continue;
+                ++count;
+                brightest = std::max(brightest, pixel);
+            }
         SelectObject(memory, previous);
         DeleteObject(bitmap);
         DeleteDC(memory);
         ReleaseDC(nullptr, screen);
-        return count;
+        return std::pair(count, brightest);
     };
-    EXPECT_GT(redPixels(), 10);
+    EXPECT_GT(redPixels().first, 10);
+    EXPECT_LE(GetRValue(redPixels().second), 0xC0);
+    // An operator who likes a dark screen.
+    const int face = COLOR_BTNFACE;
+    const COLORREF light = GetSysColor(face), dark = RGB(0x20, 0x20, 0x20);
+    SetSysColors(1, &face, &dark);
+    EXPECT_GT(redPixels().first, 10);
+    EXPECT_GE(GetGValue(redPixels().second), 0x90);
+    SetSysColors(1, &face, &light);
     utility_->MessageText("");
     EXPECT_EQ(L"", drive::Text(line));
     EXPECT_EQ(0, SendMessageW(line, kGuidanceLineIsError, 0, 0));
-    EXPECT_EQ(0, redPixels());
+    EXPECT_EQ(0, redPixels().first);
     DestroyWindow(dialog);
     utility_->MessageText("gone");
 }

@@ -1,9 +1,8 @@
-// A grid's list view: its columns and their widths, the height and place of its rows, and their painting.
+#include "KrGridView.h"
+
 #include <algorithm>
 #include <cmath>
-
-#include "KrGuarded.h"
-#include "KrListControlImpl.h"
+#include <numeric>
 
 namespace {
 
@@ -19,26 +18,29 @@ int Scaled(HWND window, int pixels) {
 
 }  // namespace
 
-bool KrListControlImpl::Attach(HWND dialog, HWND list) {
-    if (list_) return list == list_;
-    const auto id = reinterpret_cast<UINT_PTR>(this);
-    const auto self = reinterpret_cast<DWORD_PTR>(this);
-    if (!SetWindowSubclass(dialog, &KrListControlImpl::DialogProc, id, self)) return false;
-    if (!SetWindowSubclass(list, &KrListControlImpl::ListProc, id, self)) {
-        RemoveWindowSubclass(dialog, &KrListControlImpl::DialogProc, id);
-        return false;
-    }
-    dialog_ = dialog;
+void KrGridView::Attach(HWND list) {
     list_ = list;
-    listId_ = GetDlgCtrlID(list);
     // So that painting the rows leaves an open editor alone.
     SetWindowLongPtrW(list, GWL_STYLE, GetWindowLongPtrW(list, GWL_STYLE) | WS_CLIPCHILDREN);
     Send(LVM_SETUNICODEFORMAT, TRUE);
     SetExtendedStyle(LVS_EX_FULLROWSELECT);  // or a click would count in the first column only
-    return true;
 }
 
-void KrListControlImpl::MakeColumns() {
+void KrGridView::SetExtendedStyle(DWORD style) const {
+    // Without flicker, where the system can do that.
+    Send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, static_cast<LPARAM>(style | LVS_EX_DOUBLEBUFFER));
+}
+
+// ---- Columns and rows ----
+
+void KrGridView::Start() {
+    shares_.assign(static_cast<std::size_t>(rows_.Columns()), 0.0);
+    MakeColumns();
+    Measure();  // the header has its height by now
+    RowsChanged();
+}
+
+void KrGridView::MakeColumns() const {
     while (Send(LVM_DELETECOLUMN, 0)) continue;
     for (int column = 0; column < rows_.Columns(); ++column) {
         wchar_t title[] = L"";
@@ -50,7 +52,17 @@ void KrListControlImpl::MakeColumns() {
     }
 }
 
-void KrListControlImpl::RowsChanged() {
+void KrGridView::SetColumn(int column, const std::wstring& title, double share) {
+    std::wstring text = title;
+    LVCOLUMNW description{};
+    description.mask = LVCF_TEXT;
+    description.pszText = text.data();
+    Share(column) = share;
+    SendTo(LVM_SETCOLUMNW, static_cast<WPARAM>(column), &description);
+    FitColumns();
+}
+
+void KrGridView::RowsChanged() {
     FitColumns();  // first, or the list view would show a horizontal scroll bar for a moment
     Send(LVM_SETITEMCOUNT, static_cast<WPARAM>(rows_.Rows()), LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
     RepaintAll();
@@ -58,7 +70,7 @@ void KrListControlImpl::RowsChanged() {
 
 // A list view that draws nothing itself asks the dialog for its row height before the dialog can know of the grid, and
 // asks again when its size changes.
-void KrListControlImpl::Measure() {
+void KrGridView::Measure() const {
     RECT area{};
     GetWindowRect(list_, &area);
     constexpr UINT kSizeOnly = SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW;
@@ -68,7 +80,7 @@ void KrListControlImpl::Measure() {
     SetWindowPos(list_, nullptr, 0, 0, width, height, kSizeOnly);
 }
 
-int KrListControlImpl::RowHeight() const {
+int KrGridView::RowHeight() const {
     const HDC dc = GetDC(list_);
     const HGDIOBJ font = SelectObject(dc, reinterpret_cast<HFONT>(Send(WM_GETFONT)));
     TEXTMETRICW metric{};
@@ -82,7 +94,7 @@ int KrListControlImpl::RowHeight() const {
 }
 
 // The height inside the list view below the header, without a horizontal scroll bar.
-int KrListControlImpl::RoomForRows() const {
+int KrGridView::RoomForRows() const {
     RECT client{};
     GetClientRect(list_, &client);
     if (GetWindowLongPtrW(list_, GWL_STYLE) & WS_HSCROLL) client.bottom += GetSystemMetrics(SM_CYHSCROLL);
@@ -92,7 +104,7 @@ int KrListControlImpl::RoomForRows() const {
 }
 
 // The room inside the list view, less a vertical scroll bar when the rows need one.
-int KrListControlImpl::WidthForColumns() const {
+int KrGridView::WidthForColumns() const {
     RECT client{};
     GetClientRect(list_, &client);
     const auto style = GetWindowLongPtrW(list_, GWL_STYLE);
@@ -102,28 +114,28 @@ int KrListControlImpl::WidthForColumns() const {
     return client.right - (rows_.Rows() > RoomForRows() / height ? GetSystemMetrics(SM_CXVSCROLL) : 0);
 }
 
+int KrGridView::RowsOnPage() const { return static_cast<int>(Send(LVM_GETCOUNTPERPAGE)); }
+
 // Every column gets its share; the ends are rounded, not the widths, so that no pixel is left over.
-void KrListControlImpl::FitColumns() {
-    if (!list_ || fitting_ || rows_.Columns() == 0) return;
+void KrGridView::FitColumns() {
+    if (!list_ || fitting_) return;
     fitting_ = true;
     const int width = fitted_ = WidthForColumns();
-    double sum = 0;
-    for (int column = 0; column < rows_.Columns(); ++column) sum += rows_.FindColumn(column)->share;
+    const double sum = std::accumulate(shares_.begin(), shares_.end(), 0.0);
     double shares = 0;
     int left = 0;
     for (int column = 0; column < rows_.Columns() && sum > 0; ++column) {
-        shares += rows_.FindColumn(column)->share;
+        shares += Share(column);
         const int right = static_cast<int>(std::lround(width * (shares / sum)));
         if (ColumnWidth(column) != right - left)
             Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(right - left, 0));
         left = right;
     }
     fitting_ = false;
-    if (editor_.IsOpen()) editor_.Place(CellRect(current_));
 }
 
 // The user has given a column another width: it becomes its share, and the columns right of it divide what remains.
-void KrListControlImpl::KeepResized(int column) {
+void KrGridView::KeepResized(int column) {
     const int count = rows_.Columns();
     if (!rows_.FindColumn(column)) return;
     int left = 0;
@@ -132,62 +144,93 @@ void KrListControlImpl::KeepResized(int column) {
     const int most = std::max(room - kLeastWidth * (count - 1 - column), kLeastWidth);
     const int width = column == count - 1 ? room : std::clamp(ColumnWidth(column), kLeastWidth, most);
     double others = 0;
-    for (int i = column + 1; i < count; ++i) others += rows_.FindColumn(i)->share;
-    for (int i = 0; i < count; ++i) {
-        double& share = rows_.FindColumn(i)->share;
-        if (i > column) share = others > 0 ? share * std::max(room - width, 0) / others : 0;
-        if (i <= column) share = i == column ? width : ColumnWidth(i);
-    }
+    for (int i = column + 1; i < count; ++i) others += Share(i);
+    for (int i = 0; i < column; ++i) Share(i) = ColumnWidth(i);
+    Share(column) = width;
+    for (int i = column + 1; i < count; ++i) Share(i) = others > 0 ? Share(i) * std::max(room - width, 0) / others : 0;
     FitColumns();
 }
 
-RECT KrListControlImpl::RowRect(int row) const {
+// ---- Places ----
+
+RECT KrGridView::RowRect(int row) const {
     RECT area{};
     area.left = LVIR_BOUNDS;
     return SendTo(LVM_GETITEMRECT, static_cast<WPARAM>(row), &area) ? area : RECT{};
 }
 
-RECT KrListControlImpl::CellRect(GridPlace place) const {
+RECT KrGridView::CellRect(GridPlace place) const {
     RECT area = RowRect(place.row);
     for (int column = 0; column < place.column; ++column) area.left += ColumnWidth(column);
     area.right = area.left + ColumnWidth(place.column);
     return area;
 }
 
-bool KrListControlImpl::HasFocus() const {
+bool KrGridView::HasFocus() const {
     const HWND focus = GetFocus();
     return list_ && (focus == list_ || IsChild(list_, focus));
 }
 
-void KrListControlImpl::Repaint(int row) const {
-    if (!rows_.HasRow(row)) return;
-    const RECT area = RowRect(row);
-    if (list_) InvalidateRect(list_, &area, FALSE);
+GridPlace KrGridView::Hit(POINT point) const {
+    LVHITTESTINFO hit{};
+    hit.pt = point;
+    if (!list_ || SendTo(LVM_SUBITEMHITTEST, 0, &hit) < 0) return {};
+    const GridPlace place{hit.iItem, hit.iSubItem};
+    return rows_.Has(place) ? place : GridPlace{};
 }
 
-void KrListControlImpl::RepaintAll() const {
+bool KrGridView::IsCut(GridPlace place) const {
+    if (!list_ || !rows_.Has(place)) return false;
+    const HDC dc = GetDC(list_);
+    const HGDIOBJ font = SelectObject(dc, reinterpret_cast<HFONT>(Send(WM_GETFONT)));
+    const bool cut = painter_.IsCut(dc, CellRect(place), place);
+    SelectObject(dc, font);
+    ReleaseDC(list_, dc);
+    return cut;
+}
+
+// ---- The picture ----
+
+// The row before is freed by itself: otherwise a list view may go through all rows in search of it.
+void KrGridView::Select(int before, int row) const {
+    LVITEMW item{};
+    item.stateMask = LVIS_FOCUSED | LVIS_SELECTED;
+    if (before >= 0) SendTo(LVM_SETITEMSTATE, static_cast<WPARAM>(before), &item);
+    item.state = row < 0 ? 0 : item.stateMask;
+    SendTo(LVM_SETITEMSTATE, static_cast<WPARAM>(row), &item);
+}
+
+void KrGridView::Reveal(int row) const {
+    if (rows_.HasRow(row)) Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+}
+
+void KrGridView::ScrollToTop() const { Reveal(0); }
+
+void KrGridView::Repaint(int row) const {
+    if (!list_ || !rows_.HasRow(row)) return;
+    const RECT area = RowRect(row);
+    InvalidateRect(list_, &area, FALSE);
+}
+
+void KrGridView::RepaintAll() const {
     if (list_) InvalidateRect(list_, nullptr, TRUE);
 }
 
-void KrListControlImpl::DrawItem() { RepaintAll(); }
-
-void KrListControlImpl::OnDrawItem(KrDrawItem* request) {
-    Guarded([&] {
-        if (!request || !list_ || request->hwndItem != list_) return;
-        GridPicture picture;
-        picture.font = reinterpret_cast<HFONT>(Send(WM_GETFONT));
-        for (int column = 0; column < rows_.Columns(); ++column) picture.widths.push_back(ColumnWidth(column));
-        picture.current = current_;
-        picture.focused = HasFocus();
-        picture.enabled = IsWindowEnabled(list_) != FALSE;
-        picture.editing = editor_.IsOpen();
-        // Before the first key the frame alone shows where it would start.
-        if (picture.focused && current_.row < 0) picture.start = {0, rows_.FirstEditableColumn()};
-        // The request's rectangle may leave out what the list view keeps free for an icon.
-        const int row = static_cast<int>(request->itemID);
-        RECT area = RowRect(row);
-        area.top = request->rcItem.top;
-        area.bottom = request->rcItem.bottom;
-        painter_.DrawRow(request->hDC, area, row, picture);
-    });
+void KrGridView::Draw(const DRAWITEMSTRUCT& request, GridPlace current, bool editing) const {
+    if (!list_ || request.hwndItem != list_) return;
+    GridPicture picture;
+    picture.font = reinterpret_cast<HFONT>(Send(WM_GETFONT));
+    for (int column = 0; column < rows_.Columns(); ++column) picture.widths.push_back(ColumnWidth(column));
+    picture.current = current;
+    picture.focused = HasFocus();
+    picture.enabled = IsWindowEnabled(list_) != FALSE;
+    picture.editing = editing;
+    // Before the first key the frame alone shows where it would start.
+    if (picture.focused && current.row < 0) picture.start = {0, rows_.FirstEditableColumn()};
+    // The request's rectangle may leave out what the list view keeps free for an icon.
+    const int row = static_cast<int>(request.itemID);
+    RECT area = RowRect(row);
+    area.top = request.rcItem.top;
+    area.bottom = request.rcItem.bottom;
+    painter_.DrawRow(request.hDC, area, row, picture);
 }

@@ -1,0 +1,75 @@
+// The list view that shows a grid: its columns and their widths, where its rows and cells are, what the mouse hits, and
+// the painting. Without a list view (not attached yet, or gone) nothing happens and nothing is hit.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <string>
+#include <vector>
+
+#include "KrGridPainter.h"
+#include "KrGridRows.h"
+
+class KrGridView {
+  public:
+    explicit KrGridView(const GridRows& rows) : rows_(rows), painter_(rows) {}
+
+    void Attach(HWND list);
+    void Detach() { list_ = nullptr; }
+    HWND List() const { return list_; }
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return list_ ? SendMessageW(list_, message, wParam, lParam) : 0;
+    }
+    LRESULT SendTo(UINT message, WPARAM wParam, void* data) const {
+        return Send(message, wParam, reinterpret_cast<LPARAM>(data));
+    }
+    void SetExtendedStyle(DWORD style) const;
+
+    // ---- Columns and rows ----
+
+    void Start();                                                         // the rows are new ones
+    void SetColumn(int column, const std::wstring& title, double share);  // share: of the sum of all shares
+    void RowsChanged();                                                   // their number
+    int RowHeight() const;
+    int RowsOnPage() const;
+    bool NeedsFit() const { return WidthForColumns() != fitted_; }
+    void FitColumns();
+    void KeepResized(int column);
+
+    // ---- Places ----
+
+    RECT RowRect(int row) const;
+    RECT CellRect(GridPlace place) const;
+    GridPlace Hit(POINT point) const;
+    bool IsCut(GridPlace place) const;  // the cell is too narrow for its text
+    bool HasFocus() const;              // or its editor has
+
+    // ---- The picture ----
+
+    void Select(int before, int row) const;  // the list view's own selection; -1: none
+    void Reveal(int row) const;
+    void ScrollToTop() const;
+    void Repaint(int row) const;
+    void RepaintAll() const;
+    void ReadColors() { painter_.ReadColors(); }
+    void Draw(const DRAWITEMSTRUCT& request, GridPlace current, bool editing) const;
+
+  private:
+    void MakeColumns() const;
+    void Measure() const;
+    int RoomForRows() const;
+    int WidthForColumns() const;
+    int ColumnWidth(int column) const {
+        return static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
+    }
+    double& Share(int column) { return shares_[static_cast<std::size_t>(column)]; }
+
+    const GridRows& rows_;
+    KrGridPainter painter_;
+    HWND list_ = nullptr;
+    std::vector<double> shares_;  // of the columns
+    int fitted_ = 0;              // the width that the columns fill
+    bool fitting_ = false;
+};
