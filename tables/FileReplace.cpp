@@ -2,8 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cstdio>
-#include <memory>
+#include <cstring>
 
 #include "tables/FileBeside.h"
 
@@ -12,10 +11,6 @@ namespace {
 constexpr std::string_view kStart = "~kiro-", kEnd = ".tmp";
 constexpr std::string_view kDigits = "0123456789abcdef";
 constexpr int kDigitCount = 8;
-
-struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
 
 }  // namespace
 
@@ -36,12 +31,16 @@ bool IsNameBeside(const SystemPath& name) {
            std::equal(kEnd.begin(), kEnd.end(), digits + kDigitCount);
 }
 
-std::optional<std::string> ReadWholeFile(const SystemPath& path) {
+OwnedFile OpenFile(const SystemPath& path, const char* mode) {
 #ifdef _WIN32
-    const std::unique_ptr<std::FILE, FileCloser> file(_wfopen(path.c_str(), L"rb"));
+    return OwnedFile(_wfopen(path.c_str(), std::wstring(mode, mode + std::strlen(mode)).c_str()));
 #else
-    const std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "rb"));
+    return OwnedFile(std::fopen(path.c_str(), mode));
 #endif
+}
+
+std::optional<std::string> ReadWholeFile(const SystemPath& path) {
+    const OwnedFile file = OpenFile(path, "rb");
     if (!file) return std::nullopt;
     std::string bytes;
     char piece[16384];

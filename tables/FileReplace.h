@@ -1,7 +1,9 @@
 // Whole files: read at once, and replaced in one step.
 #pragma once
 
+#include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,6 +11,13 @@
 // A path as the system has it: UTF-16 on Windows. (std::filesystem::path converts to it by itself; using that class in
 // the library would link half a megabyte of locales.)
 using SystemPath = std::filesystem::path::string_type;
+
+struct FileCloser {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using OwnedFile = std::unique_ptr<std::FILE, FileCloser>;
+
+OwnedFile OpenFile(const SystemPath& path, const char* mode);  // null when it cannot be opened
 
 // Nothing when the file cannot be opened or read.
 std::optional<std::string> ReadWholeFile(const SystemPath& path);

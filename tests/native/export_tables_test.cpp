@@ -8,8 +8,8 @@
 #include "dxfout_tables/DxfOutLayerTable.h"
 #include "dxfout_tables/DxfOutLineTable.h"
 #include "dxfout_tables/DxfOutStyleTable.h"
-#include "text/SlotText.h"
 #include "tests/native/TableTest.h"
+#include "text/SlotText.h"
 
 using namespace std::string_literals;
 using Layers = DxfOutLayerTable;
@@ -28,9 +28,9 @@ static void Parse(std::string_view file, Fonts& t, TableListing& l) {
     ParseDxfOutLineTable(file, t, l, unknown);
 }
 static void Parse(std::string_view file, Styles& t, TableListing& l) {
-    ParseDxfOutStyleTable(file, outputVersion, t, l);
+    ParseDxfOutStyleTable(file, t, l, outputVersion);
 }
-static void Parse(std::string_view file, Arrows& t, TableListing& l) { ParseDxfOutArrowTable(file, CheckArrow, t, l); }
+static void Parse(std::string_view file, Arrows& t, TableListing& l) { ParseDxfOutArrowTable(file, t, l, CheckArrow); }
 static std::string Format(const Layers& table) { return FormatDxfOutLayerTable(table, kHeader); }
 static std::string Format(const Fonts& table) { return FormatDxfOutLineTable(table, kHeader); }
 static std::string Format(const Styles& table) { return FormatDxfOutStyleTable(table, kHeader); }

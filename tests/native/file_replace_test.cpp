@@ -12,6 +12,7 @@
 #include <fstream>
 #include <random>
 
+#include "tables/ErrorList.h"
 #include "tables/FileBeside.h"
 
 namespace fs = std::filesystem;
@@ -180,6 +181,35 @@ TEST_F(FileReplace, KilledAtAnyInstant) {
         ASSERT_TRUE(bytes == tables[0] || bytes == tables[1]) << round << ": " << bytes.value_or("").size();
     }
     EXPECT_GT(unfinished, 10) << "the kills came between the writes";
+}
+
+TEST_F(FileReplace, ErrorListSaysWhetherItIsWhole) {
+    ErrorList list;
+    const auto print = [&list](const SystemPath& path, std::size_t bad) {
+        list.OpenErrorList(path);
+        TableListing listing(list);
+        listing.FileName("T");
+        for (std::size_t line = 1; line <= 9; ++line) {
+            listing.Line("x\n", line);
+            if (line > 9 - bad) listing.Error(" ***** 書式が違います *****       COLOR  %d\n", 7);
+        }
+        list.CloseErrorList();
+        return list.IsWhole();
+    };
+    EXPECT_TRUE(print(file, 1));
+    const std::string lines = "    x\n    x\n    x\n    x\n    x\n    x\n    x\n    x\n    x\n";
+    EXPECT_EQ("\nFile Name : T\n\n" + lines + " ***** 書式が違います *****       COLOR  7\n", ReadWholeFile(file));
+    EXPECT_FALSE(print("/dev/full", 7));
+    std::string errors;
+    for (const char* line : {"3", "4", "5", "6", "7"}) errors += line + std::string(" 行目：書式が違います COLOR 7\n");
+    EXPECT_EQ(errors + "ほか 2 件\n", list.FirstErrors());
+    EXPECT_FALSE(print(folder, 1)) << "a folder";
+    EXPECT_EQ("9 行目：書式が違います COLOR 7\n", list.FirstErrors());
+    EXPECT_FALSE(print("", 0));
+    EXPECT_EQ("", list.FirstErrors());
+    // A message with a long text of the file is cut, and no character of it in two.
+    list.OnError(std::string(99, 'x') + "表");
+    EXPECT_EQ("9 行目：" + std::string(99, 'x') + "\n", list.FirstErrors());
 }
 
 TEST_F(FileReplace, LinesOfTextMode) {

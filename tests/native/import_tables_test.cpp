@@ -8,18 +8,19 @@
 #include "dxfin_tables/DxfInLineTable.h"
 #include "dxfin_tables/DxfInStyleTable.h"
 #include "tables/FieldText.h"
-#include "text/Numbers.h"
-#include "text/SlotText.h"
 #include "tables/TableLines.h"
 #include "tests/native/TableTest.h"
+#include "text/Numbers.h"
+#include "text/SlotText.h"
 
 using namespace std::string_literals;
 
-static DxfInPalette palette;  // filled by the first test that needs it
+static void ColorOf(int color, std::int16_t* red, std::int16_t* green, std::int16_t* blue) {
+    *red = static_cast<std::int16_t>(color % 256), *green = 20, *blue = 30;
+}
 
-static void Parse(std::string_view file, DxfInLayerTable& table, TableListing& listing) {
-    for (int i = 0; i < kDxfInColors * 3; ++i) palette[i / 3][i % 3] = i % 256;
-    ParseDxfInLayerTable(file, palette, table, listing);
+static void Parse(std::string_view file, DxfInLayerTable& table, TableListing& l) {
+    ParseDxfInLayerTable(file, table, l, ColorOf);
 }
 static void Parse(std::string_view file, DxfInLineTable& table, TableListing& l) {
     ParseDxfInLineTable(file, table, l);
@@ -145,7 +146,7 @@ TEST(LayerTable, Records) {
     EXPECT_EQ(Join(t->colorClass[0], t->colorClass[1], t->colorClass[256]), "256 1 1 ");
     EXPECT_EQ(Join(t->colorRevision[0], t->colorRevision[255], t->colorRevision[256]), "2 255 3 ");
     EXPECT_EQ(Join(t->colorRgb[1][0], t->colorRgb[1][1], t->colorRgb[1][2]), "255 0 1 ");
-    EXPECT_EQ(t->colorRgb[2][2], palette[2][2]);
+    EXPECT_EQ(Join(t->colorRgb[2][0], t->colorRgb[2][1], t->colorRgb[2][2], t->colorRgb[254][0]), "2 20 30 254 ");
     EXPECT_EQ(t->layerSwitch, 1);
 }
 
