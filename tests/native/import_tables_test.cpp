@@ -224,7 +224,8 @@ TEST(ImportTables, ComeBackAsTheyWereWritten) {
                                                 Many(1, 255, "COLOR # = %", 16) + "POLWIDTH-SWITCH 0")));
     EXPECT_TRUE(ComesBack(*Good<DxfInStyleTable>(
         Many(1, 252, "STYLE = S#表ソ\x83|, #.5, 2, 0.#, 0.#, 1.#, %, 3, 5#, 0.0#", 99) + "2TO1 = ON;DIM_2TO1 = ON")));
-    EXPECT_TRUE(ComesBack(*Good<DxfInArrowTable>(Many(1, 252, "ARROW A" + name + " = %, 180, 1#", 4095))));
+    EXPECT_TRUE(
+        ComesBack(*Good<DxfInArrowTable>(Many(1, 251, "ARROW A" + name + " = %, 180, 1#", 4095) + "ARROW B=1,0,5")));
 }
 
 // In the file a name stands with blanks around it and with values that are as wide as can be.
