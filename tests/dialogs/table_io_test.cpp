@@ -246,13 +246,13 @@ TEST_F(TableIoTest, WhatAnotherProgramChangedIsReplacedOnlyWhenAskedFor) {
         change(kImport[i], "/ newer\n");
         ReadImport(i);
         ExpectNoBox([&] { EXPECT_TRUE(WriteImport(i)); });
+        fs::remove(PathOf(kImport[i].file));
+        ExpectNoBox([&] { EXPECT_TRUE(WriteImport(i)); });
     }
     for (std::size_t i = 0; i < std::size(kExport); ++i) {
         ReadExport(i);  // there is no file
         change(kExport[i], "/ new\n");
         ExpectQuestion(kExport[i], IDNO, [&] { return WriteExport(i); });
-        fs::remove(PathOf(kExport[i].file));
-        ExpectNoBox([&] { EXPECT_TRUE(WriteExport(i)); });
     }
     // A new table in the place of one that the user has agreed to lose.
     layer->noFileRead = 1;
