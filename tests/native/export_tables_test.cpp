@@ -220,12 +220,12 @@ TEST(ExportStyles, Records) {
         {"2TO1 = 1;2TO1 ON", Form("   2TO1 = flag")},
         {"STYLE = TSTANDARD,-0.1;STYLE = TSTANDARD,nan", kBadStyle},
         {"STYLE;STYLE A,1;STYLES = A;STYLE = TSTANDARD,1,32768", Form("   STYLE = style_name , spaceing")},
-        {"STYLE = TBIGFONT,3,,nan,,,,,inf,-5;STYLE=TSTANDARD,,,4,0,0,,b,7,9;2TO1=OFFICE"},
+        {"STYLE = TBIGFONT,3,,nan,0,,,,inf,-5;STYLE=TSTANDARD,,,4,0,0,,b,7,9;2TO1=OFFICE"},
     });
     EXPECT_EQ(Values(*t, 0), "STANDARD: 2 -3 3 0 -1 a表  0.75 5 ");
     EXPECT_EQ(Values(*t, 1), "BIGFONT: 2 1 3 99 15 f g 0.75 5 ");
     EXPECT_EQ(Values(*t, 2), "TSTANDARD: 0 0 3 0 0 monotxt b 7 0.95 ");
-    EXPECT_EQ(Values(*t, 3), "TBIGFONT: 0 0 3 -1 0 monotxt bigfont 7 0.95 ");
+    EXPECT_EQ(Values(*t, 3), "TBIGFONT: 0 0 3 0 0 monotxt bigfont 7 0.95 ");
     EXPECT_EQ(t->twoToOne, 0);
     EXPECT_EQ(Good<Styles>("2TO1=ONE")->twoToOne, 1);
     // 72 bytes behind the keyword; fields of 63 bytes.
@@ -295,8 +295,8 @@ TEST(ExportTables, ComeBackAsTheyWereWritten) {
                                         Many(1, 257, "CLASS # = " + name) + Many(1, 257, "REVISION # = R" + name) +
                                         Many(0, 256, "COLOR # = %", 255))));
     EXPECT_TRUE(ComesBack(*Good<Fonts>("WIDTH-TYPE 1;" + Many(0, 16, "LINE-WIDTH # = #.29") +
-                                       Many(1, 63, "LINE-FONT1 # = " + name) + Many(1, 16, "LINE-FONT2 # = 0.#, %") +
-                                       Many(10, 200, "PITCH-" + name + " = #, 0.#, 3") +
+                                       Many(1, 63, "LINE-FONT1 # = " + name) + Many(1, 15, "LINE-FONT2 # = 0.#, %") +
+                                       "LINE-FONT2 16 = 0, -1;" + Many(10, 200, "PITCH-" + name + " = #, 0.#, 3") +
                                        Many(1, 256, "COMMENT-" + name + " = c, = " + name + "  #"))));
     EXPECT_TRUE(ComesBack(*Good<Styles>(
         "2TO1 = ON;STYLE = STANDARD,1.5,2,2.5,,,表\\/f,ソg,3.5,4.5;STYLE = BIGFONT,1.5,,2.5,,,f,g,3.5,4.5;"

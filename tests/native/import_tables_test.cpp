@@ -57,6 +57,7 @@ TEST(ImportLayers, Capacity) {
 
 TEST(ImportLayers, Text) {
     const auto t = ReadLines<DxfInLayerTable>({{"LAYER 表 = 12;LAYER-REVISION R = 3;COLOR-CLASS 255 = 7"}});
+    EXPECT_EQ(Join(t->colorClass[0], t->colorRevision[0], t->reserved[2], t->layerRevisionName[2047]), "1 1 0  ");
     t->layerClassName[0][0] = '\0';
     ExpectText(*t,
                "/ LAYER-SWITCH switch\n/              switch = 0 : Layer To Class\n"
@@ -125,6 +126,7 @@ TEST(ImportLines, CapacityAndPieces) {
 TEST(ImportLines, Text) {
     const auto t = ReadLines<DxfInLineTable>({{"COLOR 255 = 4"}});
     t->polyWidths[0].widthStart = 1234567.0;
+    t->lineTypeCount = 0;  // the names count
     ExpectText(*t,
                "/ Convert Line Type to Line Font No.\n/\nLINE-TYPE  CONTINUOUS = 1,1\nLINE-TYPE  DASHED = 2,1\n"
                "LINE-TYPE  CENTER = 3,1\nLINE-TYPE  PHANTOM = 4,1\n/\nLINE-WIDTH  0.00 = 1\n",
@@ -141,7 +143,8 @@ TEST(ImportStyles, Records) {
     const std::string notAbove = Error("無効な値です (> 0.0)"), badDirection = Error("無効な値です (0 or 1)");
     const std::string form = Form("  STYLE = style_name, spaceing");
     const auto t = ReadLines<DxfInStyleTable>({
-        {"STYLE = STANDARD, 2, 2, 3, 0.5, 1.5, 99, 15, 4, 5;STYLE = BIGFONT, , , , -0.1, 2.1, 100, 16, 0, 0"},
+        {"STYLE=BIGFONT,,,,,,5,6;STYLE = STANDARD, 2, 2, 3, 0.5, 1.5, 99, 15, 4, 5;STYLE = BIGFONT, , , , -0.1, 2.1, "
+         "100, 16, 0, 0"},
         {"STYLE = TSTANDARD,,,,1.0,0.9,0,0,-1,x;STYLE=表 ソ,,1,,,;STYLE=表 ソ,,0,,0.0,1.0,1,1,.1,.1,"},
         {"STYLE = A, 0,,,,;STYLE = A, inf,,,,;STYLE = STANDARD,9,,-1,,", notAbove},
         {"STYLE = A,,3,,,;STYLE = A,,-1,,,", badDirection},
