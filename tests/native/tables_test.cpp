@@ -30,7 +30,8 @@ TEST(TableFields, CharactersStayWhole) {
         EXPECT_EQ(CutAtCharacter(name, n).size(), whole[n]) << n;
         EXPECT_EQ(FieldText(name, n, "").Rest(), name.substr(0, whole[n])) << n;
     }
-    char slot[6] = "vwxyz";
+    for (const char* single : {"\xB1\xB2", "\x81\x7F"}) EXPECT_EQ(CutAtCharacter(single, 1).size(), 1u);
+    char slot[6] = {'v', 'w', 'x', 'y', 'z', '!'};
     StoreText(slot, name);
     EXPECT_EQ(std::string(slot, 6), "表\x83|\0\0"s);
     const char full[] = {'a', 'b'};
