@@ -64,7 +64,8 @@ class ImportEditors : public ImportTables {
             ASSERT_EQ(editor.edit ? hub : attributes, Settle()) << "the editor is still open";
             if (editor.edit) {
                 Click(hub, save ? IDOK : IDCANCEL);
-                if (Settle() != attributes) Answer(ReadBox(), save ? IDYES : IDNO);
+                // Whether to save, and if so, whether to overwrite what another program has written meanwhile.
+                while (Settle() != attributes) Answer(ReadBox(), save ? IDYES : IDNO);
             }
             Click(attributes, IDCANCEL);
         });
