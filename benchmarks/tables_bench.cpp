@@ -67,6 +67,8 @@ class ListingFile final : public ListingSink {
     File file_;
 };
 
+void Black(int, std::int16_t* red, std::int16_t* green, std::int16_t* blue) { *red = *green = *blue = 0; }
+
 struct ListingCounter final : ListingSink {
     std::size_t bytes = 0;
     void Write(std::string_view text) override { bytes += text.size(); }
@@ -138,7 +140,7 @@ class Bench {
         listing.FileName(Table().string());
         const auto bytes = ReadWholeFile(Table());
         Require(bytes.has_value(), "the table cannot be read");
-        ParseDxfInLayerTable(*bytes, palette_, *table_, listing);
+        ParseDxfInLayerTable(*bytes, *table_, listing, Black);
         Require(!listing.HasErrors() && table_->layerClassCount == kMost && table_->layerRevisionCount == kMost,
                 "the table is not whole");
     }
@@ -170,7 +172,7 @@ class Bench {
     void ParseOnce(const std::string& bytes, int count) {
         ListingCounter counter;
         TableListing listing(counter);
-        ParseDxfInLayerTable(bytes, palette_, *table_, listing);
+        ParseDxfInLayerTable(bytes, *table_, listing, Black);
         Require(!listing.HasErrors() && table_->layerClassCount == count && counter.bytes > bytes.size(),
                 "the records are not read");
     }
@@ -185,7 +187,6 @@ class Bench {
 
     fs::path folder_;
     std::unique_ptr<DxfInLayerTable> table_ = std::make_unique<DxfInLayerTable>();
-    DxfInPalette palette_{};
 };
 
 }  // namespace

@@ -123,21 +123,24 @@ void SetDefaults(DxfInLayerList list) {
     StoreText(list.names[0], kOther);
 }
 
-void SetDefaults(const DxfInPalette& palette, DxfInLayerTable& table) {
+void SetDefaults(DxfInLayerTable& table, DxfInColorSource colors) {
     table.layerSwitch = 0;
     std::memset(table.reserved, 0, sizeof table.reserved);
     SetDefaults(ClassesOf(table));
     SetDefaults(RevisionsOf(table));
-    for (std::int32_t color = 0; color < kDxfInColors; ++color)
+    for (std::int32_t color = 0; color < kDxfInColors; ++color) {
         table.colorClass[color] = table.colorRevision[color] = std::max(color, 1);
-    if (&palette != &table.colorRgb) std::memcpy(table.colorRgb, palette, sizeof palette);
+        std::int16_t rgb[3] = {};
+        colors(color, &rgb[0], &rgb[1], &rgb[2]);
+        std::copy_n(rgb, 3, table.colorRgb[color]);
+    }
 }
 
 }  // namespace
 
-void ParseDxfInLayerTable(std::string_view file, const DxfInPalette& palette, DxfInLayerTable& table,
-                          TableListing& listing) {
-    SetDefaults(palette, table);
+void ParseDxfInLayerTable(std::string_view file, DxfInLayerTable& table, TableListing& listing,
+                          DxfInColorSource colors) {
+    SetDefaults(table, colors);
     LayerReader reader(table, listing);
     ReadRecords(file, kPiece, kKeywords, reader, listing);
 }

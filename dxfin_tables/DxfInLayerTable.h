@@ -15,8 +15,6 @@ inline constexpr std::int32_t kDxfInColors = 257;       // 0 to 256
 inline constexpr std::size_t kDxfInLongestClassLayer = 68;
 inline constexpr std::size_t kDxfInLongestRevisionLayer = 58;
 
-using DxfInPalette = std::int32_t[kDxfInColors][3];  // red, green, blue, 0 to 255
-
 // About a megabyte: never on the stack.
 struct DxfInLayerTable {
     std::int32_t noFileRead;   // not 0: the file is not to be read
@@ -32,7 +30,7 @@ struct DxfInLayerTable {
     char layerRevisionName[kDxfInLayerSlots][257];
     std::int32_t colorClass[kDxfInColors];
     std::int32_t colorRevision[kDxfInColors];
-    DxfInPalette colorRgb;
+    std::int32_t colorRgb[kDxfInColors][3];  // red, green, blue, 0 to 255
 };
 
 // One of the two lists.
@@ -48,9 +46,12 @@ inline DxfInLayerList RevisionsOf(DxfInLayerTable& table) {
     return {table.layerRevisionCount, table.layerRevision, table.layerRevisionName};
 }
 
+// How the host says what a colour looks like.
+using DxfInColorSource = void (*)(int color, std::int16_t* red, std::int16_t* green, std::int16_t* blue);
+
 // Sets the defaults (all but noFileRead and fileName) and reads the bytes of the file over them. A file that is missing
 // or is not to be read is an empty one.
-void ParseDxfInLayerTable(std::string_view file, const DxfInPalette& palette, DxfInLayerTable& table,
-                          TableListing& listing);
+void ParseDxfInLayerTable(std::string_view file, DxfInLayerTable& table, TableListing& listing,
+                          DxfInColorSource colors);
 
 std::string FormatDxfInLayerTable(const DxfInLayerTable& table, const TableHeader& header);

@@ -22,7 +22,8 @@ class KrDxfInTbl_IO final : public TableIo {
     void ReadStyleTable(DxfInStyleTable& table);
     void ReadArrowTable(DxfInArrowTable& table);
 
-    // False when the file could not be written; the user has been told, and the old file is as it was.
+    // False when the file was not written, and is as it was: it cannot be, and the user has been told; or another
+    // program changed it since this object read it, and the user wants to keep that.
     bool WriteLayerTable(const DxfInLayerTable& table);
     bool WriteLineTable(DxfInLineTable& table);  // raises the weights of line widths below 1 to 1, in the table too
     bool WriteStyleTable(const DxfInStyleTable& table);
@@ -31,6 +32,4 @@ class KrDxfInTbl_IO final : public TableIo {
     // Whether the text has only the digits 0 to 9, or nothing at all. Otherwise the user is told of the first character
     // that is none.
     bool IsAllDigits(const std::string& text) const;
-
-  private:
 };

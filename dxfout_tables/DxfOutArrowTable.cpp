@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "tables/TableRecords.h"
 #include "text/Numbers.h"
 #include "text/SlotText.h"
-#include "tables/TableRecords.h"
 
 namespace {
 
@@ -48,8 +48,8 @@ Reading ArrowReader::Arrow(FieldText& fields) {
 
 }  // namespace
 
-void ParseDxfOutArrowTable(std::string_view file, DxfOutArrowCheck checkArrow, DxfOutArrowTable& table,
-                           TableListing& listing) {
+void ParseDxfOutArrowTable(std::string_view file, DxfOutArrowTable& table, TableListing& listing,
+                           DxfOutArrowCheck checkArrow) {
     table = {};
     ArrowReader reader(table, listing, checkArrow);
     ReadRecords(file, kPiece, kKeywords, reader, listing);

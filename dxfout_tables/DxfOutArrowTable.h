@@ -28,7 +28,7 @@ struct DxfOutArrowTable {
 using DxfOutArrowCheck = int (*)(const char* name);
 
 // Clears the table and reads the bytes of the file. Where there is no file the caller keeps the table as it was.
-void ParseDxfOutArrowTable(std::string_view file, DxfOutArrowCheck checkArrow, DxfOutArrowTable& table,
-                           TableListing& listing);
+void ParseDxfOutArrowTable(std::string_view file, DxfOutArrowTable& table, TableListing& listing,
+                           DxfOutArrowCheck checkArrow);
 
 std::string FormatDxfOutArrowTable(const DxfOutArrowTable& table, const TableHeader& header);

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <iterator>
 
+#include "tables/TableRecords.h"
 #include "text/Numbers.h"
 #include "text/SlotText.h"
-#include "tables/TableRecords.h"
 
 namespace {
 

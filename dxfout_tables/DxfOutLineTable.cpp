@@ -7,9 +7,9 @@
 #include <limits>
 #include <utility>
 
+#include "tables/TableRecords.h"
 #include "text/Numbers.h"
 #include "text/SlotText.h"
-#include "tables/TableRecords.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ constexpr double kLargestWidth = 1000.0;
 constexpr std::int32_t kLargestColor = 256;
 
 constexpr std::string_view kBadFont = " ***** 無効な線種番号です (1-%d) *****\n";
-constexpr std::string_view kBadWeight = " ***** 無効な線幅番号です (0-%d) *****\n";  // deliberate: not of LINE-FONT2
+constexpr std::string_view kBadWeight = " ***** 無効な線幅番号です (0-%d) *****\n";  // deliberate: LINE-FONT2 refuses 0
 constexpr std::string_view kBadWidth = " ***** 無効な線幅です (0.0-1000.0) *****\n";
 constexpr std::string_view kBadColor = " ***** 無効な色番号です (0-256) *****\n";  // deliberate: -1 passes
 constexpr std::string_view kNoComment = " ***** 注釈がありません *****\n";
@@ -79,7 +79,7 @@ Reading LineReader::WidthType(FieldText& fields) {
     return Reading::kGoOn;
 }
 
-// A width below nothing, or one whose hundredths no integer holds, is no form of it.
+// A negative width, and one whose hundredths are beyond an integer, are told of as faults of the form.
 Reading LineReader::LineWidth(FieldText& fields) {
     constexpr double kLargest = std::numeric_limits<std::int32_t>::max() / 100;
     const auto parts = fields.Cut("=");
@@ -132,7 +132,7 @@ Reading LineReader::Pitch(FieldText& fields) {
     const auto parts = fields.Cut("=");
     if (!parts) return Refuse(kForm);
     Pattern read = {};
-    std::string_view rest = fields.Rest();  // the one that ends the last value is the first blank
+    std::string_view rest = fields.Rest();  // a blank of the suffix ends the last value
     bool more = !rest.starts_with(' ');     // a pattern without pitches
     while (more && read.pitchCount < kDxfOutPitches) {
         const std::size_t end = rest.find_first_of(", ");

@@ -4,9 +4,9 @@
 #include <iterator>
 #include <limits>
 
+#include "tables/TableRecords.h"
 #include "text/Numbers.h"
 #include "text/SlotText.h"
-#include "tables/TableRecords.h"
 
 namespace {
 
@@ -154,8 +154,8 @@ void MakeConsistent(Style& standard, Style& big) {
 
 }  // namespace
 
-void ParseDxfOutStyleTable(std::string_view file, std::int32_t outputVersion, DxfOutStyleTable& table,
-                           TableListing& listing) {
+void ParseDxfOutStyleTable(std::string_view file, DxfOutStyleTable& table, TableListing& listing,
+                           std::int32_t outputVersion) {
     const VersionDefaults defaults = DefaultsOf(outputVersion);
     SetDefaults(table, defaults);
     StyleReader reader(table, listing, defaults.fontFile);

@@ -37,7 +37,7 @@ struct DxfOutStyleTable {
 
 // Sets the defaults for an output version (0: GX-3) and reads the bytes of the file over them. A file that is missing
 // is an empty one.
-void ParseDxfOutStyleTable(std::string_view file, std::int32_t outputVersion, DxfOutStyleTable& table,
-                           TableListing& listing);
+void ParseDxfOutStyleTable(std::string_view file, DxfOutStyleTable& table, TableListing& listing,
+                           std::int32_t outputVersion);
 
 std::string FormatDxfOutStyleTable(const DxfOutStyleTable& table, const TableHeader& header);

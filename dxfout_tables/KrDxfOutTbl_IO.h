@@ -30,7 +30,8 @@ class KrDxfOutTbl_IO final : private OwnedUtility, public TableIo {
     void ReadStyleTable(const TARNAINFO* info, DxfOutStyleTable* table);
     void ReadArrowTable(DxfOutArrowTable* table);  // without a file the table stays as it is
 
-    // False when the file could not be written; the user has been told, and the old file is as it was.
+    // False when the file was not written, and is as it was: it cannot be, and the user has been told; or another
+    // program changed it since this object read it, and the user wants to keep that.
     bool WriteLayerTable(const DxfOutLayerTable* table);
     bool WriteLineTable(const DxfOutLineTable* table);
     bool WriteStyleTable(const DxfOutStyleTable* table);

@@ -1,7 +1,5 @@
 #include "tablehub/TableIo.h"
 
-#include "tables/FileReplace.h"
-#include "text/TextFormat.h"
 #include "ui/MessageBoxes.h"
 #include "ui/Text.h"
 
@@ -22,46 +20,44 @@ std::string TablePath(KrUtility& utility, const char* key, std::string_view name
 
 void TableIo::OpenErrorList() {
     const std::string path = TablePath(utility_, "", kErrorList);
-    if (path.empty()) return;
     const std::wstring file = kiro::ui::ToWide(path);
     // Whoever still looks at the old list keeps it.
-    if (utility_.Access(nullptr, path.c_str()) == 0) _wunlink(file.c_str());
-    list_.reset(_wfopen(file.c_str(), L"w"));
+    if (!path.empty() && utility_.Access(nullptr, path.c_str()) == 0) _wunlink(file.c_str());
+    list_.OpenErrorList(file);
 }
 
-void TableIo::PrintErrorList(std::string_view text) {
-    if (!list_) return;
-    std::fwrite(text.data(), 1, text.size(), list_.get());
-    std::fflush(list_.get());
-}
-
-bool TableIo::ReadBytes(const std::string& path, std::string& bytes) {
-    if (path.empty()) return false;
-    auto read = ReadWholeFile(kiro::ui::ToWide(path));
-    if (read) bytes = std::move(*read);
-    return read.has_value();
+const std::string* TableIo::Load(const std::string& path) {
+    if (path.empty()) return nullptr;
+    const auto& bytes = known_[path] = ReadWholeFile(kiro::ui::ToWide(path));
+    return bytes ? &*bytes : nullptr;
 }
 
 void TableIo::TellOfErrors(const std::string& path, const TableWording& wording) const {
-    std::string text = "\nテーブルファイル\n";
-    text += path;
-    text += "\nにエラーがあります。\n";
-    text += kErrorList;
-    text += " を参照してください。\n";
+    std::string text = "\nテーブルファイル\n" + path + "\nにエラーがあります。\n" + kErrorList;
+    if (list_.IsWhole())
+        text += " を参照してください。\n";
+    else
+        text += " に書き込めません。最初のエラーは次のとおりです。\n" + list_.FirstErrors();
     kiro::ui::Tell(owner_, text, wording.caption, kiro::ui::Icon::kError);
 }
 
-bool TableIo::WriteTable(const std::string& path, std::string_view text, const TableWording& wording) {
-    if (!path.empty() && ReplaceWholeFile(kiro::ui::ToWide(path), TextModeLines(text))) return true;
-    std::string message;
-    AppendFormat(message, wording.cannotWrite, {std::string_view(path)});
-    kiro::ui::Tell(owner_, message, wording.caption);
-    return false;
+// A file that is gone is nobody's loss.
+bool TableIo::MayReplace(const std::string& path, const TableWording& wording) const {
+    const auto known = known_.find(path);
+    if (known == known_.end()) return true;
+    const auto now = ReadWholeFile(kiro::ui::ToWide(path));
+    return !now || now == known->second ||
+           kiro::ui::Ask(owner_, path + "\n\nこのファイルは、開いた後に他で変更されています。\n上書きしますか。",
+                         wording.caption, kiro::ui::Icon::kWarning, kiro::ui::Default::kNo);
 }
 
-std::string TableIo::MakeDateText(std::time_t time) {
-    const std::tm* local = std::localtime(&time);
-    char text[32] = "";
-    if (local) std::strftime(text, sizeof text, "%Y/%m/%d %H:%M:%S", local);
-    return text;
+bool TableIo::WriteText(const std::string& path, std::string_view text, const TableWording& wording) {
+    if (!MayReplace(path, wording)) return false;
+    std::string bytes = TextModeLines(text);
+    if (!path.empty() && ReplaceWholeFile(kiro::ui::ToWide(path), bytes)) {
+        known_[path] = std::move(bytes);
+        return true;
+    }
+    kiro::ui::Tell(owner_, Formatted(wording.cannotWrite, std::string_view(path)), wording.caption);
+    return false;
 }

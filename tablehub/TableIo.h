@@ -4,14 +4,16 @@
 
 #include <windows.h>
 
-#include <cstdio>
-#include <ctime>
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "entry/host/KrUtility.h"
-#include "tables/TableListing.h"
+#include "tables/ErrorList.h"
+#include "tables/TableWriter.h"
+#include "text/SlotText.h"
 
 inline constexpr char kTableKey[] = "#DXF:TABLE#";
 inline constexpr std::size_t kLongestTablePath = 260;  // what the tables' own fields hold, the NUL included
@@ -25,7 +27,22 @@ struct TableWording {
     const char* cannotWrite;  // with %s for the path
 };
 
-class TableIo : private ListingSink {
+enum class MissingFile { kGivesDefaults, kChangesNothing };
+
+// What there is to say about a table file. parse(bytes, table, listing, more that only this table needs...) and
+// format(table, header) are the portable functions of the table.
+template <class Parse, class Format>
+struct TableFile {
+    const char* name;  // not used by a table that has a field for it
+    TableWording wording;
+    Parse* parse;
+    Format* format;
+    MissingFile missing = MissingFile::kGivesDefaults;
+};
+
+// An object knows what the files held that it read or wrote: before one is replaced that is another by now, the user is
+// asked. So a dialog reads and writes its table with the same object.
+class TableIo {
   public:
     TableIo(const TableIo&) = delete;
     TableIo& operator=(const TableIo&) = delete;
@@ -34,50 +51,58 @@ class TableIo : private ListingSink {
     TableIo(KrUtility& utility, HWND owner) : utility_(utility), owner_(owner) {}
     ~TableIo() = default;
 
-    // Reads a file over a copy of the table with parse(bytes, copy, listing) while the error list is open; a file that
-    // cannot be opened has no bytes and is no error. The table changes in one step, when everything is read; then the
-    // user is told of errors. read false: the file is not opened.
-    enum class Missing { kGivesDefaults, kChangesNothing };
-    template <class Table, class Parse>
-    void ReadTable(Table& table, const std::string& path, bool read, const TableWording& wording, Parse parse,
-                   Missing missing = Missing::kGivesDefaults) {
+    // The table changes in one step, when everything is read; then the user is told of errors. A file that cannot be
+    // opened is no error. A table that wants its file not to be read has its defaults.
+    template <class File, class Table, class... More>
+    void Read(const File& file, Table& table, More&&... more) {
         const auto copy = std::make_unique<Table>(table);
+        const std::string path = PathOf(file, table);
         OpenErrorList();
-        TableListing listing(*this);
+        TableListing listing(list_);
         listing.FileName(path);
-        std::string bytes;
-        const bool opened = read && ReadBytes(path, bytes);
-        parse(std::string_view(bytes), *copy, listing);
-        CloseErrorList();
-        if (opened || missing == Missing::kGivesDefaults) table = *copy;
-        if (listing.HasErrors()) TellOfErrors(path, wording);
+        const std::string* const bytes = Load(path);
+        const bool reads = bytes && !LeavesUnread(table);
+        file.parse(reads ? std::string_view(*bytes) : "", *copy, listing, more...);
+        list_.CloseErrorList();
+        if (reads || file.missing == MissingFile::kGivesDefaults) table = *copy;
+        if (listing.HasErrors()) TellOfErrors(path, file.wording);
     }
-    // Replaces the file in one step; tells the user when that cannot be done. text: lines end with "\n".
-    bool WriteTable(const std::string& path, std::string_view text, const TableWording& wording);
-
-    std::string PathOf(std::string_view name) const { return TablePath(utility_, kTableKey, name); }
-    // "%Y/%m/%d %H:%M:%S", local time
-    static std::string MakeDateText(std::time_t time);
-    static std::string Now() { return MakeDateText(std::time(nullptr)); }
-
-    // The error list: "DXF_Interface.lis" in the host's home folder, which holds the listing of the last read. Without
-    // it (a folder that cannot be written) a table is read all the same.
-    void OpenErrorList();
-    void PrintErrorList(std::string_view text);
-    void CloseErrorList() { list_.reset(); }
+    // Replaces the file in one step. False when the user does not want that, or has been told that it cannot be done.
+    template <class File, class Table>
+    bool Write(const File& file, Table& table) {
+        const std::string path = PathOf(file, table);
+        const std::string date = MakeDateText(std::time(nullptr));
+        return WriteText(path, file.format(table, {path, date}), file.wording);
+    }
 
     HWND Owner() const { return owner_; }
 
   private:
-    struct FileCloser {
-        void operator()(std::FILE* file) const { std::fclose(file); }
-    };
+    template <class File, class Table>
+    std::string PathOf(const File& file, const Table& table) const {
+        if constexpr (requires { table.fileName; })
+            return TablePath(utility_, kTableKey, SlotText(table.fileName));
+        else
+            return TablePath(utility_, kTableKey, file.name);
+    }
+    template <class Table>
+    static bool LeavesUnread(const Table& table) {
+        if constexpr (requires { table.noFileRead; })
+            return table.noFileRead != 0;
+        else
+            return false;
+    }
 
-    void Write(std::string_view text) override { PrintErrorList(text); }
-    static bool ReadBytes(const std::string& path, std::string& bytes);
+    // The error list: "DXF_Interface.lis" in the host's home folder, which holds the listing of the last read. Without
+    // it (a folder that cannot be written) a table is read all the same.
+    void OpenErrorList();
+    const std::string* Load(const std::string& path);  // the file's bytes, now known; null when it cannot be opened
     void TellOfErrors(const std::string& path, const TableWording& wording) const;
+    bool WriteText(const std::string& path, std::string_view text, const TableWording& wording);
+    bool MayReplace(const std::string& path, const TableWording& wording) const;
 
     KrUtility& utility_;
     HWND owner_;
-    std::unique_ptr<std::FILE, FileCloser> list_;
+    ErrorList list_;
+    std::map<std::string, std::optional<std::string>> known_;  // paths and what is there; nothing: no file
 };

@@ -1,7 +1,9 @@
 // Whole files: read at once, and replaced in one step.
 #pragma once
 
+#include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,13 +12,22 @@
 // the library would link half a megabyte of locales.)
 using SystemPath = std::filesystem::path::string_type;
 
+struct FileCloser {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using OwnedFile = std::unique_ptr<std::FILE, FileCloser>;
+
+OwnedFile OpenFile(const SystemPath& path, const char* mode);  // null when it cannot be opened
+
 // Nothing when the file cannot be opened or read.
 std::optional<std::string> ReadWholeFile(const SystemPath& path);
 
-// Puts the bytes in the file's place in one step: they are written into a file beside it ("~" and its name), flushed to
-// the medium and renamed over it. At every instant, also when the program or the machine stops, the old file or the new
-// one is there, whole. False, and the old file is untouched, when that cannot be done: no room, no right, a read-only
-// file or a folder of that name, or another program doing the same at this moment. On POSIX systems a link is followed.
+// Puts the bytes in the file's place in one step: they are written into a new file beside it, flushed to the medium and
+// renamed over it. At every instant, also when the program or the machine stops, the old file or the new one is there,
+// whole. What a stopped writer left beside goes with the next writing in that folder. False, and the old file is
+// untouched, when it cannot be done: no room, no right, a read-only file or a folder of that name. Of two writers at
+// once each writes a file of its own, and the one that comes last stays; the system may refuse one of them that moment.
+// On POSIX systems a link is followed.
 bool ReplaceWholeFile(const SystemPath& path, std::string_view bytes);
 
 // "\n" becomes CR LF: what a file has that is written in text mode. Tables have it on every system, because the host

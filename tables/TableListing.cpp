@@ -7,7 +7,7 @@ void TableListing::FileName(std::string_view path) {
 }
 
 void TableListing::Line(std::string_view line, std::size_t number) {
-    sink_.NextLine(number);
+    sink_.OnLine(line, number);
     text_ = "    ";
     text_ += line;
     sink_.Write(text_);

@@ -13,9 +13,10 @@ class ListingSink {
     // text: at most a few hundred bytes more than a path. A line of the listing may come in several texts. "\n" ends a
     // line; a file takes it in text mode.
     virtual void Write(std::string_view text) = 0;
-    // The text that follows is this line of the file, from 1 on; what comes before the next one are its errors. The
-    // pieces of a long line have the same number.
-    virtual void NextLine(std::size_t /*number*/) {}
+    // Called before the text is written, for those who want to know what it says: a line of the file, numbered from 1
+    // on (the pieces of a long line have the same number), and what is wrong with the line that came last.
+    virtual void OnLine(std::string_view /*line*/, std::size_t /*number*/) {}
+    virtual void OnError(std::string_view /*message*/) {}
 };
 
 // The listing of one read: every line of the file, with an error line under each bad one.
@@ -30,6 +31,7 @@ class TableListing {
         hasErrors_ = true;
         text_.clear();
         AppendFormat(text_, format, {FormatArgument(values)...});
+        sink_.OnError(text_);
         sink_.Write(text_);
     }
     bool HasErrors() const { return hasErrors_; }

@@ -59,7 +59,7 @@ void ReadRecords(std::string_view file, std::size_t piece, const Keyword<Reader>
     TableLines lines(file, piece);
     while (lines.Next()) {
         listing.Line(lines.Text(), lines.Number());
-        // A line that begins with a tab is none: tabs are made blanks later.
+        // Before tabs become blanks: a line that begins with a tab is no comment.
         if (IsComment(lines.Text())) continue;
         lines.TabsToBlanks();
         const std::string_view line = lines.Text();

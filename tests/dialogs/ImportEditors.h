@@ -76,7 +76,8 @@ class ImportEditors : public ImportTables {
                   ASSERT_EQ(editor.edit ? hub : nullptr, Settle()) << "the editor is still open";
                   if (!editor.edit) return;
                   Click(hub, save ? IDOK : IDCANCEL);
-                  if (Settle()) Answer(ReadBox(), save ? IDYES : IDNO);
+                  // Whether to save, and whether to overwrite what another program has written meanwhile.
+                  while (Settle()) Answer(ReadBox(), save ? IDYES : IDNO);
               });
     }
     static void Change(const kiro::drive::Grid& grid, int row, int column, const std::wstring& text) {

@@ -350,6 +350,17 @@ TEST_F(ImportEditors, FilesThatChangeOrVanishMeanwhile) {
                 Command(kAdd);
                 Change(grid, grid.Rows() - 1, 1, L"新規");
                 Click(dialog, IDOK);
+                if (!vanishes && !editor->edit) {
+                    // Asked first: the other program's file stays when the user does not want to lose it.
+                    EXPECT_EQ(TableFile(editor->file).wstring() +
+                                  L"\n\nこのファイルは、開いた後に他で変更されています。\n上書きしますか。",
+                              ReadBox().text);
+                    Key(VK_RETURN);
+                    ASSERT_EQ(dialog, Settle());
+                    EXPECT_EQ("別の内容\n", Bytes(editor->file));
+                    Click(dialog, IDOK);
+                    Answer(ReadBox(), IDYES);
+                }
                 if (blocked) {
                     // Told, and nothing is lost as long as the dialog is open.
                     Answer(ReadBox(), IDOK);

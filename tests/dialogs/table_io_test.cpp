@@ -6,8 +6,8 @@
 #include "dxfout_tables/KrDxfOutTbl_IO.h"
 #include "entry/host/ParamBlocks.h"
 #include "tables/FileReplace.h"
-#include "text/SlotText.h"
 #include "tests/dialogs/TestHost.h"
+#include "text/SlotText.h"
 
 namespace fs = std::filesystem;
 namespace drive = kiro::drive;
@@ -44,32 +44,28 @@ class TableIoTest : public TestHost {
     std::string Bytes(const wchar_t* file) const { return ReadWholeFile(PathOf(file)).value_or("none"); }
 
     void ReadImport(std::size_t table) {
-        KrDxfInTbl_IO io(*utility, owner);
         if (table == 0) io.ReadLayerTable(*layer);
         if (table == 1) io.ReadLineTable(*line);
         if (table == 2) io.ReadStyleTable(*style);
         if (table == 3) io.ReadArrowTable(*arrow);
     }
     bool WriteImport(std::size_t table) {
-        KrDxfInTbl_IO io(*utility, owner);
         if (table == 0) return io.WriteLayerTable(*layer);
         if (table == 1) return io.WriteLineTable(*line);
         if (table == 2) return io.WriteStyleTable(*style);
         return io.WriteArrowTable(*arrow);
     }
     void ReadExport(std::size_t table) {
-        KrDxfOutTbl_IO io(owner);
-        if (table == 0) io.ReadLayerTable(outLayer.get());
-        if (table == 1) io.ReadLineTable(outLine.get());
-        if (table == 2) io.ReadStyleTable(&info, outStyle.get());
-        if (table == 3) io.ReadArrowTable(outArrow.get());
+        if (table == 0) outIo.ReadLayerTable(outLayer.get());
+        if (table == 1) outIo.ReadLineTable(outLine.get());
+        if (table == 2) outIo.ReadStyleTable(&info, outStyle.get());
+        if (table == 3) outIo.ReadArrowTable(outArrow.get());
     }
     bool WriteExport(std::size_t table) {
-        KrDxfOutTbl_IO io(owner);
-        if (table == 0) return io.WriteLayerTable(outLayer.get());
-        if (table == 1) return io.WriteLineTable(outLine.get());
-        if (table == 2) return io.WriteStyleTable(outStyle.get());
-        return io.WriteArrowTable(outArrow.get());
+        if (table == 0) return outIo.WriteLayerTable(outLayer.get());
+        if (table == 1) return outIo.WriteLineTable(outLine.get());
+        if (table == 2) return outIo.WriteStyleTable(outStyle.get());
+        return outIo.WriteArrowTable(outArrow.get());
     }
 
     // The call shows this box and nothing else.
@@ -90,14 +86,32 @@ class TableIoTest : public TestHost {
         drive::Drive(call, [] { EXPECT_EQ(nullptr, drive::Settle()); });
     }
     template <class Read>
-    void ExpectErrorBox(const Table& table, Read read) {
+    void ExpectErrorBox(const Table& table, Read read, const wchar_t* end = L" を参照してください。\n") {
         const std::wstring path = Full(table.file);
-        ExpectBox(table.caption,
-                  L"\nテーブルファイル\n" + path + L"\nにエラーがあります。\nDXF_Interface.lis を参照してください。\n",
+        ExpectBox(table.caption, L"\nテーブルファイル\n" + path + L"\nにエラーがあります。\nDXF_Interface.lis" + end,
                   MB_ICONERROR, read);
+    }
+    // Writing asks whether a file may be replaced that another program has changed.
+    template <class WriteTable>
+    void ExpectQuestion(const Table& table, int answer, WriteTable write) {
+        const std::string before = Bytes(table.file);
+        const bool written = drive::Drive(write, [&] {
+            const drive::Box box = drive::ReadBox();
+            EXPECT_EQ(table.caption, box.caption);
+            EXPECT_EQ(Full(table.file) + L"\n\nこのファイルは、開いた後に他で変更されています。\n上書きしますか。",
+                      box.text);
+            EXPECT_EQ(MB_ICONWARNING, box.icon);
+            EXPECT_EQ((std::vector<int>{IDYES, IDNO}), box.buttons);
+            EXPECT_EQ(IDNO, box.defaultButton);
+            drive::Answer(box, answer);
+        });
+        EXPECT_EQ(answer == IDYES, written);
+        EXPECT_EQ(answer == IDYES, Bytes(table.file) != before);
     }
 
     const KrUtilityPtr utility{KrCreateUtility()};
+    KrDxfInTbl_IO io{*utility, owner};
+    KrDxfOutTbl_IO outIo{owner};
     const std::unique_ptr<DxfInLayerTable> layer = std::make_unique<DxfInLayerTable>();
     const std::unique_ptr<DxfInLineTable> line = std::make_unique<DxfInLineTable>();
     const std::unique_ptr<DxfInStyleTable> style = std::make_unique<DxfInStyleTable>();
@@ -210,13 +224,46 @@ TEST_F(TableIoTest, AFileThatCannotBeWrittenStays) {
 
 TEST_F(TableIoTest, ReadsWithoutAnErrorList) {
     fs::create_directories(home / L"DXF_Interface.lis" / L"in its place");
-    Write(L"DXF\\TABLE\\DXFKIRO_LAYER", "LAYER A=7\n???\n");
-    ExpectErrorBox(kImport[0], [&] { ReadImport(0); });
+    Write(L"DXF\\TABLE\\DXFKIRO_LAYER", "LAYER A=7\n???\nLAYER B\n");
+    ExpectErrorBox(
+        kImport[0], [&] { ReadImport(0); },
+        L" に書き込めません。最初のエラーは次のとおりです。\n2 行目：無効なデータです\n"
+        L"3 行目：書式が違います LAYER layer_name = class#\n");
     EXPECT_EQ(1, layer->layerClassCount);
 }
 
+TEST_F(TableIoTest, WhatAnotherProgramChangedIsReplacedOnlyWhenAskedFor) {
+    const auto change = [this](const Table& table, const char* bytes) {
+        Write(std::wstring(L"DXF\\TABLE\\") + table.file, bytes);
+    };
+    for (std::size_t i = 0; i < std::size(kImport); ++i) {
+        change(kImport[i], "/ old\n");
+        ReadImport(i);
+        change(kImport[i], "/ new\n");
+        ExpectQuestion(kImport[i], IDNO, [&] { return WriteImport(i); });
+        ExpectQuestion(kImport[i], IDYES, [&] { return WriteImport(i); });
+        ExpectNoBox([&] { EXPECT_TRUE(WriteImport(i)); });
+        change(kImport[i], "/ newer\n");
+        ReadImport(i);
+        ExpectNoBox([&] { EXPECT_TRUE(WriteImport(i)); });
+        fs::remove(PathOf(kImport[i].file));
+        ExpectNoBox([&] { EXPECT_TRUE(WriteImport(i)); });
+    }
+    for (std::size_t i = 0; i < std::size(kExport); ++i) {
+        ReadExport(i);  // there is no file
+        change(kExport[i], "/ new\n");
+        ExpectQuestion(kExport[i], IDNO, [&] { return WriteExport(i); });
+    }
+    // A new table in the place of one that the user has agreed to lose.
+    layer->noFileRead = 1;
+    change(kImport[0], "/ old\n");
+    ReadImport(0);
+    ExpectNoBox([&] { EXPECT_TRUE(WriteImport(0)); });
+    change(kImport[0], "/ new\n");
+    ExpectQuestion(kImport[0], IDNO, [&] { return WriteImport(0); });
+}
+
 TEST_F(TableIoTest, DigitsAlone) {
-    const KrDxfInTbl_IO io(*utility, owner);
     ExpectNoBox([&] { EXPECT_TRUE(io.IsAllDigits("") && io.IsAllDigits("0123456789")); });
     ExpectBox(L"テーブル編集", L"数字以外の文字が入力されました: x", MB_ICONWARNING,
               [&] { EXPECT_FALSE(io.IsAllDigits("12x3y")); });

@@ -23,10 +23,10 @@ static void Parse(std::string_view file, DxfOutLineTable& t, TableListing& l) {
     Require(unknown.bytes <= file.size() * 40);
 }
 static void Parse(std::string_view file, DxfOutStyleTable& t, TableListing& l) {
-    ParseDxfOutStyleTable(file, static_cast<std::int32_t>(file.size() % 2), t, l);
+    ParseDxfOutStyleTable(file, t, l, static_cast<std::int32_t>(file.size() % 2));
 }
 static void Parse(std::string_view file, DxfOutArrowTable& t, TableListing& l) {
-    ParseDxfOutArrowTable(file, CheckArrow, t, l);
+    ParseDxfOutArrowTable(file, t, l, CheckArrow);
 }
 static std::string Format(const DxfOutLayerTable& table) { return FormatDxfOutLayerTable(table, {}); }
 static std::string Format(const DxfOutLineTable& table) { return FormatDxfOutLineTable(table, {}); }

@@ -6,9 +6,9 @@
 #include "dxfin_tables/DxfInStyleTable.h"
 #include "tests/fuzz/TableFuzz.h"
 
-static constexpr DxfInPalette kPalette = {};
+static void ColorOf(int, std::int16_t* red, std::int16_t* green, std::int16_t* blue) { *red = *green = *blue = 7; }
 static void Parse(std::string_view file, DxfInLayerTable& t, TableListing& l) {
-    ParseDxfInLayerTable(file, kPalette, t, l);
+    ParseDxfInLayerTable(file, t, l, ColorOf);
 }
 static void Parse(std::string_view file, DxfInLineTable& t, TableListing& l) { ParseDxfInLineTable(file, t, l); }
 static void Parse(std::string_view file, DxfInStyleTable& t, TableListing& l) { ParseDxfInStyleTable(file, t, l); }

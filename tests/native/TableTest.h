@@ -1,21 +1,27 @@
-// What the tests of conversion tables have in common. A test has, at global scope, Parse(file, table, listing) and
-// Format(table) for each of its tables.
+// What the tests of conversion tables have in common: their readers and writers by the type of the table, records with
+// the errors that they are to have, and texts to compare.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <concepts>
 #include <cstring>
 #include <memory>
-#include <random>
 #include <sstream>
 
+#include "dxfin_tables/DxfInArrowTable.h"
+#include "dxfin_tables/DxfInLayerTable.h"
+#include "dxfin_tables/DxfInLineTable.h"
+#include "dxfin_tables/DxfInStyleTable.h"
+#include "dxfout_tables/DxfOutArrowTable.h"
+#include "dxfout_tables/DxfOutLayerTable.h"
+#include "dxfout_tables/DxfOutLineTable.h"
+#include "dxfout_tables/DxfOutStyleTable.h"
 #include "text/SlotText.h"
-#include "tables/TableListing.h"
-#include "tables/TableWriter.h"
 
-inline constexpr std::string_view kForm = " ***** 書式が違います *****  ";
-inline constexpr std::string_view kNothing = " ***** 無効なデータです *****\n";
+using namespace std::string_literals;
+
 inline constexpr TableHeader kHeader = {"C:\\表\\T", "2024/01/02 03:04:05"};
 inline constexpr char kHeaderText[] = "/ File name : C:\\表\\T\n/      Date : 2024/01/02 03:04:05\n/\n";
 
@@ -23,6 +29,41 @@ struct ListingText final : ListingSink {
     std::string text;
     void Write(std::string_view more) override { text += more; }
 };
+
+// What the host says of colours and of arrow heads.
+inline void ColorOf(int color, std::int16_t* red, std::int16_t* green, std::int16_t* blue) {
+    *red = static_cast<std::int16_t>(color % 256), *green = 20, *blue = 30;
+}
+inline int CheckArrow(const char* name) { return name[0] == 'X' ? 0 : 7; }
+
+inline ListingText unknown;             // what the last read of export lines said of unknown keywords
+inline std::int32_t outputVersion = 1;  // of the export styles
+
+inline void Parse(std::string_view file, DxfInLayerTable& t, TableListing& l) {
+    ParseDxfInLayerTable(file, t, l, ColorOf);
+}
+inline void Parse(std::string_view file, DxfInLineTable& t, TableListing& l) { ParseDxfInLineTable(file, t, l); }
+inline void Parse(std::string_view file, DxfInStyleTable& t, TableListing& l) { ParseDxfInStyleTable(file, t, l); }
+inline void Parse(std::string_view file, DxfInArrowTable& t, TableListing& l) { ParseDxfInArrowTable(file, t, l); }
+inline void Parse(std::string_view file, DxfOutLayerTable& t, TableListing& l) { ParseDxfOutLayerTable(file, t, l); }
+inline void Parse(std::string_view file, DxfOutLineTable& t, TableListing& l) {
+    unknown.text.clear();
+    ParseDxfOutLineTable(file, t, l, unknown);
+}
+inline void Parse(std::string_view file, DxfOutStyleTable& t, TableListing& l) {
+    ParseDxfOutStyleTable(file, t, l, outputVersion);
+}
+inline void Parse(std::string_view file, DxfOutArrowTable& t, TableListing& l) {
+    ParseDxfOutArrowTable(file, t, l, CheckArrow);
+}
+inline std::string Format(DxfInLayerTable& t, const TableHeader& h = kHeader) { return FormatDxfInLayerTable(t, h); }
+inline std::string Format(DxfInLineTable& t, const TableHeader& h = kHeader) { return FormatDxfInLineTable(t, h); }
+inline std::string Format(DxfInStyleTable& t, const TableHeader& h = kHeader) { return FormatDxfInStyleTable(t, h); }
+inline std::string Format(DxfInArrowTable& t, const TableHeader& h = kHeader) { return FormatDxfInArrowTable(t, h); }
+inline std::string Format(DxfOutLayerTable& t, const TableHeader& h = kHeader) { return FormatDxfOutLayerTable(t, h); }
+inline std::string Format(DxfOutLineTable& t, const TableHeader& h = kHeader) { return FormatDxfOutLineTable(t, h); }
+inline std::string Format(DxfOutStyleTable& t, const TableHeader& h = kHeader) { return FormatDxfOutStyleTable(t, h); }
+inline std::string Format(DxfOutArrowTable& t, const TableHeader& h = kHeader) { return FormatDxfOutArrowTable(t, h); }
 
 template <class Table>
 struct Outcome {
@@ -50,21 +91,6 @@ Outcome<Table> Read(std::string_view file) {
     outcome.listed = sink.text;
     outcome.errors = listing.HasErrors();
     return outcome;
-}
-
-// A path that is longer than a line: what is left of it is no line of its own, and no half of a character.
-template <class Table, class Format>
-void ExpectPathFits(Format format, std::size_t piece) {
-    for (const char* folder : {"", "x"}) {
-        std::string path = folder;
-        while (path.size() < 300) path += "表";
-        const std::string text = format(*Read<Table>("").table, {path, kHeader.date});
-        EXPECT_FALSE(Read<Table>(text).errors) << text.substr(0, 300);
-        const std::size_t written = text.find('\n') - 14;
-        EXPECT_TRUE(written == piece - 15 || written == piece - 16) << written;
-        EXPECT_EQ(text.substr(14, written), path.substr(0, written));
-        EXPECT_EQ((piece - 15 - path.find("表")) % 2, piece - 15 - written);
-    }
 }
 
 // Records with ";" between them, and the error that each is to have under it in the listing.
@@ -98,6 +124,13 @@ std::unique_ptr<Table> ReadLines(const std::vector<Lines>& groups) {
     return std::move(outcome.table);
 }
 
+// The table of a file in which all is well.
+template <class Table>
+std::unique_ptr<Table> Good(std::string records) {
+    if (records.ends_with(';')) records.pop_back();
+    return ReadLines<Table>({{records}});
+}
+
 // So many good records, one that has no room and one that is not reached.
 template <class Table>
 std::unique_ptr<Table> Fill(int room, const std::string& record, const std::string& error) {
@@ -117,7 +150,8 @@ void ExpectText(Table& table, std::string_view start, std::string_view middle, s
 }
 
 inline std::string Error(std::string_view text) { return " ***** " + std::string(text) + " *****\n"; }
-inline std::string Form(std::string_view text) { return std::string(kForm) + std::string(text) + "\n"; }
+inline std::string Form(std::string_view text) { return " ***** 書式が違います *****  " + std::string(text) + "\n"; }
+inline const std::string kBad = Error("無効なデータです");
 
 template <class... Values>
 std::string Join(const Values&... values) {
@@ -126,25 +160,23 @@ std::string Join(const Values&... values) {
     return text.str();
 }
 
-// A table that is written and read again is the same.
-class RandomTable : public testing::Test {
-  protected:
-    int Any(int low, int high) { return low + static_cast<int>(random_() % static_cast<unsigned>(high - low + 1)); }
-    double Real(int low, int high) { return Any(low * 100, high * 100) / 100.0; }
-    std::string Name(int kinds = 12) {
-        constexpr std::string_view kCharacters[] = {"A",  "z",  "0",  "-",     "/",    "|",
-                                                    "\\", "表", "ソ", "\x83|", "アイ", ","};
-        std::string name = "N";
-        for (int i = Any(0, 12); i > 0; --i) name += kCharacters[Any(0, kinds - 1)];
-        return name;
+// So many records: "#" is their number, "%" one of the numbers from 1 to largest.
+inline std::string Many(int from, int to, const std::string& record, int largest = 256) {
+    std::string records;
+    for (int i = from; i <= to; ++i) {
+        for (const char c : record)
+            records += c == '#'   ? std::to_string(i)
+                       : c == '%' ? std::to_string(i * 7 % largest + 1)
+                                  : std::string(1, c);
+        records += ';';
     }
-    template <class Table>
-    void CheckRoundTrip(Table& table) {
-        const std::string text = Format(table);
-        const Outcome<Table> again = Read<Table>(text);
-        EXPECT_FALSE(again.errors) << again.listed;
-        EXPECT_TRUE(Same(table, *again.table));
-        EXPECT_EQ(Format(*again.table), text);
-    }
-    std::minstd_rand random_{20};
-};
+    return records;
+}
+
+// Whether a table is the same when it is written and read again.
+template <class Table>
+bool ComesBack(Table& table) {
+    const std::string text = Format(table);
+    const Outcome<Table> again = Read<Table>(text);
+    return !again.errors && Same(table, *again.table) && Format(*again.table) == text;
+}

@@ -12,6 +12,9 @@
 #include <fstream>
 #include <random>
 
+#include "tables/ErrorList.h"
+#include "tables/FileBeside.h"
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -26,6 +29,14 @@ class FileReplace : public testing::Test {
     }
     ~FileReplace() override { fs::remove_all(folder); }
 
+    static std::uint32_t Process() { return static_cast<std::uint32_t>(getpid()); }
+    void Write(const std::string& name, const std::string& bytes) const { std::ofstream(folder / name) << bytes; }
+    // The name that comes after another one.
+    static std::string After(const std::string& name) {
+        char text[32];
+        std::snprintf(text, sizeof text, "~kiro-%08lx.tmp", std::stoul(name.substr(6, 8), nullptr, 16) + 1);
+        return text;
+    }
     // How many files there are: a table leaves nothing beside it.
     std::ptrdiff_t Files() const { return std::distance(fs::directory_iterator(folder), {}); }
     void ExpectOld() const {
@@ -37,8 +48,19 @@ class FileReplace : public testing::Test {
     static bool InChild(Work work) {
         const pid_t child = fork();
         if (child == 0) _exit(work() ? 0 : 1);
+        return EndsWell(child);
+    }
+    static bool EndsWell(pid_t child) {
         int status = 0;
         return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    }
+
+    // How much of a table has been written beside it; -1: nothing is.
+    off_t SizeBeside() const {
+        std::error_code gone;
+        for (const auto& entry : fs::directory_iterator(folder))
+            if (entry.path() != file) return static_cast<off_t>(entry.file_size(gone));
+        return -1;
     }
 
     const std::string old = "the old table\n";
@@ -54,11 +76,38 @@ TEST_F(FileReplace, ReplacesAndMakes) {
     EXPECT_TRUE(ReplaceWholeFile(folder / "表", ""));
     EXPECT_EQ("", ReadWholeFile(folder / "表"));
     EXPECT_EQ(2, Files());
-    // What an earlier run left when it was killed is in nobody's way.
-    std::ofstream(folder / "~DXFKIRO_LINE") << "a longer text that an earlier run did not finish";
+}
+
+// What an operator keeps beside a table is none of ours, nor is what only looks like a leftover.
+TEST_F(FileReplace, LeavesAloneWhatIsNotOurs) {
+    Write("mine", "mine");
+    const char* const names[] = {"~DXFKIRO_LINE",       "~DXFKIRO_LINE.tmp",   "~kiro-0000000G.tmp",
+                                 "~kiro-0000001.tmp",   "~kiro-000000001.tmp", "~kiro-00000001.tmp~",
+                                 "a~kiro-00000001.tmp", "~kiro-00000001.TMP"};
+    for (const char* name : names) Write(name, "own");
+    // Links that lie where a leftover may be, and under the names that come next.
+    fs::create_symlink("mine", folder / "~kiro-00000002.tmp");
+    fs::create_directory(folder / "~kiro-00000003.tmp");
+    std::string next = NameBeside(Process());
+    for (int i = 0; i < 3; ++i) fs::create_symlink("mine", folder / (next = After(next)));
+    const std::ptrdiff_t files = Files();
+    EXPECT_TRUE(ReplaceWholeFile(file, "new"));
+    EXPECT_EQ("new", ReadWholeFile(file));
+    for (const char* name : names) EXPECT_EQ("own", ReadWholeFile(folder / name)) << name;
+    EXPECT_EQ("mine", ReadWholeFile(folder / "mine"));
+    EXPECT_EQ(files, Files());
+}
+
+TEST_F(FileReplace, RemovesWhatDeadWritersLeft) {
+    Write("~kiro-00000001.tmp", "a text that an earlier run did not finish");
+    Write("~kiro-fedcba98.tmp", "");
+    const int living = open((folder / "~kiro-fedcba98.tmp").c_str(), O_WRONLY);
+    ASSERT_EQ(0, flock(living, LOCK_EX));
     EXPECT_TRUE(ReplaceWholeFile(file, "x"));
-    EXPECT_EQ("x", ReadWholeFile(file));
-    EXPECT_EQ(2, Files());
+    EXPECT_EQ(2, Files()) << "one of them is still being written";
+    close(living);
+    EXPECT_TRUE(ReplaceWholeFile(folder / "another", "x"));
+    EXPECT_EQ(2, Files()) << "the two tables";
 }
 
 TEST_F(FileReplace, FollowsALink) {
@@ -80,13 +129,20 @@ TEST_F(FileReplace, RefusesWhatCannotBeReplaced) {
     ExpectOld();
 }
 
-TEST_F(FileReplace, OneAtATime) {
-    const int other = open((folder / "~DXFKIRO_LINE").c_str(), O_WRONLY | O_CREAT, 0600);
-    ASSERT_EQ(0, flock(other, LOCK_EX));
-    EXPECT_FALSE(ReplaceWholeFile(file, "x"));
-    EXPECT_EQ(old, ReadWholeFile(file));
-    close(other);
-    EXPECT_TRUE(ReplaceWholeFile(file, "x"));
+TEST_F(FileReplace, TwoAtOnce) {
+    const auto writeMany = [this](char letter) {
+        const std::string table(100000, letter);
+        for (int i = 0; i < 30; ++i) {
+            if (!ReplaceWholeFile(file, table)) return false;
+            const auto bytes = ReadWholeFile(file);
+            if (!bytes || *bytes != std::string(table.size(), (*bytes)[0])) return false;
+        }
+        return true;
+    };
+    const pid_t other = fork();
+    if (other == 0) _exit(writeMany('b') ? 0 : 1);
+    EXPECT_TRUE(writeMany('a'));
+    EXPECT_TRUE(EndsWell(other));
     EXPECT_EQ(1, Files());
 }
 
@@ -107,7 +163,6 @@ TEST_F(FileReplace, KilledAtAnyInstant) {
     const std::string tables[] = {std::string(300000, 'a'), std::string(500000, 'b')};
     ASSERT_TRUE(ReplaceWholeFile(file, tables[0]));
     std::mt19937 random(1);
-    const std::string beside = folder / "~DXFKIRO_LINE";
     int unfinished = 0;
     for (int round = 0; round < 100; ++round) {
         const pid_t child = fork();
@@ -115,17 +170,46 @@ TEST_F(FileReplace, KilledAtAnyInstant) {
             for (std::size_t i = 0;; ++i) ReplaceWholeFile(file, tables[i % 2]);
         }
         const auto size = static_cast<off_t>(random() % 500000);
-        struct stat status {};
-        for (int look = 0; look < 20000000; ++look) {
-            if (stat(beside.c_str(), &status) == 0 && status.st_size >= size) break;
-        }
+        for (int look = 0; look < 20000000 && SizeBeside() < size; ++look) continue;
         kill(child, SIGKILL);
         waitpid(child, nullptr, 0);
-        unfinished += fs::exists(beside);
+        ASSERT_LE(Files(), 2);
+        unfinished += Files() == 2;
+        RemoveLeftovers(folder / "");  // or the next round would take it for its own
+        ASSERT_EQ(1, Files());
         const auto bytes = ReadWholeFile(file);
         ASSERT_TRUE(bytes == tables[0] || bytes == tables[1]) << round << ": " << bytes.value_or("").size();
     }
     EXPECT_GT(unfinished, 10) << "the kills came between the writes";
+}
+
+TEST_F(FileReplace, ErrorListSaysWhetherItIsWhole) {
+    ErrorList list;
+    const auto print = [&list](const SystemPath& path, std::size_t bad) {
+        list.OpenErrorList(path);
+        TableListing listing(list);
+        listing.FileName("T");
+        for (std::size_t line = 1; line <= 9; ++line) {
+            listing.Line("x\n", line);
+            if (line > 9 - bad) listing.Error(" ***** 書式が違います *****       COLOR  %d\n", 7);
+        }
+        list.CloseErrorList();
+        return list.IsWhole();
+    };
+    EXPECT_TRUE(print(file, 1));
+    const std::string lines = "    x\n    x\n    x\n    x\n    x\n    x\n    x\n    x\n    x\n";
+    EXPECT_EQ("\nFile Name : T\n\n" + lines + " ***** 書式が違います *****       COLOR  7\n", ReadWholeFile(file));
+    EXPECT_FALSE(print("/dev/full", 7));
+    std::string errors;
+    for (const char* line : {"3", "4", "5", "6", "7"}) errors += line + std::string(" 行目：書式が違います COLOR 7\n");
+    EXPECT_EQ(errors + "ほか 2 件\n", list.FirstErrors());
+    EXPECT_FALSE(print(folder, 1)) << "a folder";
+    EXPECT_EQ("9 行目：書式が違います COLOR 7\n", list.FirstErrors());
+    EXPECT_FALSE(print("", 0));
+    EXPECT_EQ("", list.FirstErrors());
+    // A message with a long text of the file is cut, and no character of it in two.
+    list.OnError(std::string(99, 'x') + "表");
+    EXPECT_EQ("9 行目：" + std::string(99, 'x') + "\n", list.FirstErrors());
 }
 
 TEST_F(FileReplace, LinesOfTextMode) {

@@ -17,18 +17,11 @@ namespace {
 
 constexpr char kStandardOutput[] = "-";
 
-std::string Now() {
-    const std::time_t time = std::time(nullptr);
-    char text[32] = "";
-    if (const std::tm* local = std::localtime(&time)) std::strftime(text, sizeof text, "%Y/%m/%d %H:%M:%S", local);
-    return text;
-}
-
 // Writes a table to a file or to the standard output; what stands there is the file's business alone.
 void WriteTable(AnyTable& table, const TableKind& kind, const std::string& output) {
     const bool toFile = output != kStandardOutput;
     const std::string path = toFile ? ToCp932(FullName(output)) : std::string(kind.file);
-    const std::string text = TextModeLines(table.Write({path, Now()}));
+    const std::string text = TextModeLines(table.Write({path, MakeDateText(std::time(nullptr))}));
     if (!toFile)
         Print(text);
     else if (!ReplaceWholeFile(PathOf(output), text))

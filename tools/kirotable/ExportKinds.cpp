@@ -18,11 +18,6 @@ Value Name(const char (&slot)[N]) {
     return FromCp932(SlotText(slot));
 }
 
-void ParseLayer(std::string_view bytes, const ReadOptions&, DxfOutLayerTable& table, TableListing& listing,
-                ListingSink&) {
-    ParseDxfOutLayerTable(bytes, table, listing);
-}
-
 // Number 0 is no layer of its own: it was spread over the others while they were read.
 template <std::size_t N>
 Section Layers(std::string_view number, std::string_view name, const char (&names)[kDxfOutLayers][N]) {
@@ -72,7 +67,7 @@ TableView ViewLine(const DxfOutLineTable& table) {
 
 void ParseStyle(std::string_view bytes, const ReadOptions& options, DxfOutStyleTable& table, TableListing& listing,
                 ListingSink&) {
-    ParseDxfOutStyleTable(bytes, options.gx3 ? 0 : 1, table, listing);
+    ParseDxfOutStyleTable(bytes, table, listing, options.gx3 ? 0 : 1);
 }
 
 TableView ViewStyle(const DxfOutStyleTable& table) {
@@ -87,7 +82,7 @@ TableView ViewStyle(const DxfOutStyleTable& table) {
 
 void ParseArrow(std::string_view bytes, const ReadOptions&, DxfOutArrowTable& table, TableListing& listing,
                 ListingSink&) {
-    ParseDxfOutArrowTable(bytes, dxfotCheckArrow, table, listing);
+    ParseDxfOutArrowTable(bytes, table, listing, dxfotCheckArrow);
 }
 
 TableView ViewArrow(const DxfOutArrowTable& table) {
@@ -100,7 +95,7 @@ TableView ViewArrow(const DxfOutArrowTable& table) {
 }  // namespace
 
 std::unique_ptr<AnyTable> MakeDxfOutLayer() {
-    return TableOf<DxfOutLayerTable, ParseLayer, FormatDxfOutLayerTable, ViewLayer>::Make();
+    return TableOf<DxfOutLayerTable, ParseDxfOutLayerTable, FormatDxfOutLayerTable, ViewLayer>::Make();
 }
 std::unique_ptr<AnyTable> MakeDxfOutLine() {
     return TableOf<DxfOutLineTable, ParseLine, FormatDxfOutLineTable, ViewLine>::Make();

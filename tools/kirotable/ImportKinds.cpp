@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "TableKind.h"
 #include "Text.h"
 #include "dxfin_tables/DxfInArrowTable.h"
@@ -20,14 +18,8 @@ Value Name(const char (&slot)[N]) {
 
 void ParseLayer(std::string_view bytes, const ReadOptions&, DxfInLayerTable& table, TableListing& listing,
                 ListingSink&) {
-    DxfInPalette palette;
     DxfSetColorRGB();
-    for (std::int32_t color = 0; color < kDxfInColors; ++color) {
-        std::int16_t rgb[3];
-        DxfGetColorRGB(color, &rgb[0], &rgb[1], &rgb[2]);
-        std::copy_n(rgb, 3, palette[color]);
-    }
-    ParseDxfInLayerTable(bytes, palette, table, listing);
+    ParseDxfInLayerTable(bytes, table, listing, DxfGetColorRGB);
 }
 
 TableView ViewLayer(const DxfInLayerTable& table) {
@@ -46,10 +38,6 @@ TableView ViewLayer(const DxfInLayerTable& table) {
     return {{{"layerSwitch", table.layerSwitch}},
             {{"layerClassCount", table.layerClassCount}, {"layerRevisionCount", table.layerRevisionCount}},
             {classes, revisions, colors}};
-}
-
-void ParseLine(std::string_view bytes, const ReadOptions&, DxfInLineTable& table, TableListing& listing, ListingSink&) {
-    ParseDxfInLineTable(bytes, table, listing);
 }
 
 TableView ViewLine(const DxfInLineTable& table) {
@@ -73,11 +61,6 @@ TableView ViewLine(const DxfInLineTable& table) {
             {types, ranges, widths, colors}};
 }
 
-void ParseStyle(std::string_view bytes, const ReadOptions&, DxfInStyleTable& table, TableListing& listing,
-                ListingSink&) {
-    ParseDxfInStyleTable(bytes, table, listing);
-}
-
 TableView ViewStyle(const DxfInStyleTable& table) {
     Section styles = {"styles", {"styleName", "I0", "I1", "I2", "I3", "R1", "R2", "R3", "R4", "R5", "R6"}};
     for (std::int32_t i = 0; i < table.styleCount; ++i) {
@@ -98,11 +81,6 @@ TableView ViewStyle(const DxfInStyleTable& table) {
             {styles}};
 }
 
-void ParseArrow(std::string_view bytes, const ReadOptions&, DxfInArrowTable& table, TableListing& listing,
-                ListingSink&) {
-    ParseDxfInArrowTable(bytes, table, listing);
-}
-
 TableView ViewArrow(const DxfInArrowTable& table) {
     Section arrows = {"arrows", {"arrowName", "arrowMark", "arrowAngle", "arrowSize"}};
     for (std::int32_t i = 0; i < table.arrowCount; ++i) {
@@ -118,13 +96,13 @@ std::unique_ptr<AnyTable> MakeDxfInLayer() {
     return TableOf<DxfInLayerTable, ParseLayer, FormatDxfInLayerTable, ViewLayer>::Make();
 }
 std::unique_ptr<AnyTable> MakeDxfInLine() {
-    return TableOf<DxfInLineTable, ParseLine, FormatDxfInLineTable, ViewLine>::Make();
+    return TableOf<DxfInLineTable, ParseDxfInLineTable, FormatDxfInLineTable, ViewLine>::Make();
 }
 std::unique_ptr<AnyTable> MakeDxfInStyle() {
-    return TableOf<DxfInStyleTable, ParseStyle, FormatDxfInStyleTable, ViewStyle>::Make();
+    return TableOf<DxfInStyleTable, ParseDxfInStyleTable, FormatDxfInStyleTable, ViewStyle>::Make();
 }
 std::unique_ptr<AnyTable> MakeDxfInArrow() {
-    return TableOf<DxfInArrowTable, ParseArrow, FormatDxfInArrowTable, ViewArrow>::Make();
+    return TableOf<DxfInArrowTable, ParseDxfInArrowTable, FormatDxfInArrowTable, ViewArrow>::Make();
 }
 
 }  // namespace kirotable

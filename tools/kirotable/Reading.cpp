@@ -43,25 +43,20 @@ class FindingSink final : public ListingSink {
   public:
     explicit FindingSink(Reading& reading) : reading_(reading) {}
 
-    void NextLine(std::size_t number) override {
+    void Write(std::string_view) override {}
+    void OnLine(std::string_view line, std::size_t number) override {
         Finish();
         if (number == line_ && number != long_) {
             Warn(number, kLongLine);
             long_ = number;
         }
         line_ = number;
-        text_.clear();
-        expectText_ = true;
+        text_ = line;
         good_ = true;
     }
-    void Write(std::string_view text) override {
-        if (expectText_) {
-            expectText_ = false;
-            text_ = text.substr(std::min<std::size_t>(text.size(), 4));  // indented by as much
-            return;
-        }
+    void OnError(std::string_view message) override {
         good_ = false;
-        reading_.errors.push_back({line_, Printable(FromCp932(Trim(text)))});
+        reading_.errors.push_back({line_, Printable(FromCp932(Trim(message)))});
     }
     void Unknown() {
         if (good_) Warn(line_, kUnknownKeyword);
@@ -78,7 +73,7 @@ class FindingSink final : public ListingSink {
     Reading& reading_;
     std::size_t line_ = 0, long_ = 0;
     std::string text_;
-    bool expectText_ = false, good_ = false;
+    bool good_ = false;
 };
 
 class UnknownSink final : public ListingSink {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -71,7 +72,8 @@ extern const TableKind kTableKinds[8];
 const TableKind* FindKind(std::string_view name);                // null: there is none
 const TableKind* KindOfFile(const std::filesystem::path& path);  // null: the name does not tell
 
-// What a kind is made of; used by the files that define the kinds.
+// What a kind is made of; used by the files that define the kinds. Parse: of the table, or with the options and the
+// sink for what is unknown as well.
 template <class Table, auto Parse, auto Format, auto MakeView>
 class TableOf final : public AnyTable {
   public:
@@ -79,7 +81,10 @@ class TableOf final : public AnyTable {
 
     void Read(std::string_view bytes, const ReadOptions& options, TableListing& listing,
               ListingSink& unknown) override {
-        Parse(bytes, options, *table_, listing, unknown);
+        if constexpr (std::is_invocable_v<decltype(Parse), std::string_view, Table&, TableListing&>)
+            Parse(bytes, *table_, listing);
+        else
+            Parse(bytes, options, *table_, listing, unknown);
     }
     std::string Write(const TableHeader& header) override { return Format(*table_, header); }
     TableView View() const override { return MakeView(*table_); }
