@@ -6,9 +6,8 @@
 #include <shellapi.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
-#include <filesystem>
-#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,7 +25,7 @@ constexpr int kUsageError = 2;
 constexpr int kCrashed = 70;
 constexpr char kUsage[] =
     "usage: operator --demo DRAWING PICTURE.png DEMO HOME\n"
-    "       operator --pictures DIR DRAWING DEMO HOME STATUS\n"
+    "       operator --pictures DIR DRAWING DEMO HOME\n"
     "       operator --play DIALOG EVENTS SEED PLAYS LOGS DEMO HOME\n"
     "       operator --dialogs\n"
     "DRAWING is typed as it stands: a path, or a name in the folder DXF of HOME, which is made anew from DEMO.\n";
@@ -98,14 +97,13 @@ int RunPlay(const std::vector<std::wstring>& arguments) {
     return kiro::Play(order) == 0 ? 0 : 1;
 }
 
-// DIR DRAWING DEMO HOME STATUS, on a desktop that is large enough for every dialog. Who makes that desktop hides the
-// program's exit status: it is written into a file.
+// DIR DRAWING DEMO HOME
 int RunPictures(const std::vector<std::wstring>& arguments) {
+    // On a display, what is seen is the desktop of that.
+    if (!std::getenv("DISPLAY")) kiro::drive::UsePrivateDesktop();
     const MainWindow window;
     kiro::MakeDemoHome(arguments[3], arguments[4]);
-    const int failures = kiro::PaintScenes(arguments[1], arguments[2]);
-    std::ofstream(std::filesystem::path(arguments[5])) << (failures == 0 ? 0 : 1) << "\n";
-    return failures == 0 ? 0 : 1;
+    return kiro::PaintScenes(arguments[1], arguments[2]) == 0 ? 0 : 1;
 }
 
 // DRAWING PICTURE DEMO HOME
@@ -125,7 +123,7 @@ int Run(const std::vector<std::wstring>& arguments) {
         ListDialogs();
         return 0;
     }
-    if (arguments.size() == 6 && arguments[0] == L"--pictures") return RunPictures(arguments);
+    if (arguments.size() == 5 && arguments[0] == L"--pictures") return RunPictures(arguments);
     if (arguments.size() == 5 && arguments[0] == L"--demo") return RunDemo(arguments);
     std::fputs(kUsage, stderr);
     return kUsageError;

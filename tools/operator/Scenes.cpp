@@ -126,9 +126,17 @@ Windows Explained(int zone) {
     const HWND dialog = Settle();
     // From somewhere else, for only a mouse that moves opens an explanation.
     MoveMouse(Centre(Control(dialog, IDCANCEL)));
+    SyncInput();
     MoveMouse(Centre(Control(dialog, zone)));
-    Until("the explanation opens", [&] { return !Popups(dialog).empty(); });
-    return {dialog, Popups(dialog).front()};
+    // An explanation that opens while the mouse still moves may go and come again.
+    HWND popup = nullptr;
+    Until("the explanation opens and stays", [&] {
+        const HWND before = popup;
+        const auto popups = Popups(dialog);
+        popup = popups.empty() || !SyncInput() ? nullptr : popups.front();
+        return popup && popup == before;
+    });
+    return {dialog, popup};
 }
 
 }  // namespace
