@@ -90,7 +90,10 @@ void ExpectWhole(const Windows& windows) {
         RECT whole{};
         GetWindowRect(window, &area);
         UnionRect(&whole, &area, &desktop);
-        if (!EqualRect(&whole, &desktop)) throw Failure("the desktop is too small for it");
+        if (!EqualRect(&whole, &desktop))
+            throw Failure("it reaches over the desktop's edge: from " + std::to_string(area.left) + "," +
+                          std::to_string(area.top) + " to " + std::to_string(area.right) + "," +
+                          std::to_string(area.bottom));
     }
 }
 
