@@ -51,8 +51,9 @@ class MainWindow {
         definition.hInstance = GetModuleHandleW(nullptr);
         definition.lpszClassName = L"KiroOperator";
         RegisterClassW(&definition);
-        return CreateWindowExW(0, definition.lpszClassName, L"ＣＡＤ", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1000,
-                               740, nullptr, nullptr, definition.hInstance, nullptr);
+        return CreateWindowExW(0, definition.lpszClassName, L"ＣＡＤ", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
+                               GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN), nullptr, nullptr,
+                               definition.hInstance, nullptr);
     }
 
     HWND window_;
