@@ -23,12 +23,23 @@ struct Opening {
 
 constexpr int kNoTemplate = 0;  // a message box
 
+// What a dialog is held to beside its bare template, which is given the same entries, columns and rows.
+struct DialogFigures {
+    double openLimit;  // how many times as long it takes to open and close, at most
+    int openings;      // of which that is the median
+    int leakTimes;     // how often it is opened in search of what it leaves behind
+};
+constexpr DialogFigures kSimple{1.3, 100, 1000};
+constexpr DialogFigures kReadsFile{1.5, 50, 200};
+// The bare grid draws no row and has no guidance line.
+constexpr DialogFigures kHasGrid{4.0, 30, 200};
+
 struct CatalogueDialog {
     const char* name;
     int templateId;
     Opening (*prepare)();
+    const DialogFigures& figures = kSimple;
     const wchar_t* ownTable = nullptr;  // a file that only a confirmation may change
-    double openLimit = 1.3;             // of its time to open and close, as a multiple of the bare template's
 };
 
 std::span<const CatalogueDialog> Catalogue();

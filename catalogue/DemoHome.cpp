@@ -34,7 +34,8 @@ void Write(const std::filesystem::path& file, const std::string& bytes) {
 
 }  // namespace
 
-void MakeDemoHome(const std::filesystem::path& demo, const std::filesystem::path& home) {
+void MakeDemoHome(const std::filesystem::path& home) {
+    const std::filesystem::path demo = KIRO_DEMO;
     std::filesystem::remove_all(home);
     const auto tables = home / L"DXF" / L"TABLE";
     std::filesystem::create_directories(tables);

@@ -5,8 +5,8 @@
 
 namespace kiro {
 
-// Makes the folder anew, from the demonstration's files (UTF-8; tables become Shift-JIS), and the host takes it as its
-// home. Throws when a file cannot be written.
-void MakeDemoHome(const std::filesystem::path& demo, const std::filesystem::path& home);
+// Makes the folder anew, from the demonstration's files in the source (UTF-8; tables become Shift-JIS), and the host
+// takes it as its home. Throws when a file cannot be read or written.
+void MakeDemoHome(const std::filesystem::path& home);
 
 }  // namespace kiro

@@ -24,11 +24,11 @@ namespace {
 constexpr int kUsageError = 2;
 constexpr int kCrashed = 70;
 constexpr char kUsage[] =
-    "usage: operator --demo DRAWING PICTURE.png DEMO HOME\n"
-    "       operator --pictures DIR DRAWING DEMO HOME\n"
-    "       operator --play DIALOG EVENTS SEED PLAYS LOGS DEMO HOME\n"
+    "usage: operator --demo DRAWING PICTURE.png HOME\n"
+    "       operator --pictures DIR DRAWING HOME\n"
+    "       operator --play DIALOG EVENTS SEED PLAYS LOGS HOME\n"
     "       operator --dialogs\n"
-    "DRAWING is typed as it stands: a path, or a name in the folder DXF of HOME, which is made anew from DEMO.\n";
+    "DRAWING is typed as it stands: a path, or a name in the folder DXF of HOME, which is made anew.\n";
 
 // The CAD host's window, as far as the commands are concerned. It stays, whatever a user does to it.
 class MainWindow {
@@ -78,7 +78,7 @@ void ListDialogs() {
     for (const auto& dialog : kiro::Catalogue()) std::printf("%s\n", dialog.name);
 }
 
-// DIALOG EVENTS SEED PLAYS LOGS DEMO HOME
+// DIALOG EVENTS SEED PLAYS LOGS HOME
 int RunPlay(const std::vector<std::wstring>& arguments) {
     kiro::PlayOrder order;
     order.dialog = kiro::FindDialog(kiro::Utf8FromWide(arguments[1]));
@@ -91,27 +91,26 @@ int RunPlay(const std::vector<std::wstring>& arguments) {
     order.seed = static_cast<unsigned>(std::stoul(arguments[3]));
     order.plays = std::stoi(arguments[4]);
     order.logs = arguments[5];
-    order.demo = arguments[6];
-    order.home = arguments[7];
+    order.home = arguments[6];
     kiro::drive::UsePrivateDesktop();
     const MainWindow window;
     return kiro::Play(order) == 0 ? 0 : 1;
 }
 
-// DIR DRAWING DEMO HOME
+// DIR DRAWING HOME
 int RunPictures(const std::vector<std::wstring>& arguments) {
     // On a display, what is seen is the desktop of that.
     if (!std::getenv("DISPLAY")) kiro::drive::UsePrivateDesktop();
     const MainWindow window;
-    kiro::MakeDemoHome(arguments[3], arguments[4]);
+    kiro::MakeDemoHome(arguments[3]);
     return kiro::PaintScenes(arguments[1], arguments[2]) == 0 ? 0 : 1;
 }
 
-// DRAWING PICTURE DEMO HOME
+// DRAWING PICTURE HOME
 int RunDemo(const std::vector<std::wstring>& arguments) {
     kiro::drive::UsePrivateDesktop();
     const MainWindow window;
-    kiro::MakeDemoHome(arguments[3], arguments[4]);
+    kiro::MakeDemoHome(arguments[3]);
     const kiro::CallResult result = kiro::RunDemo(arguments[1], arguments[2]);
     const std::string text = kiro::Print(result.json);
     std::fwrite(text.data(), 1, text.size(), stdout);
@@ -119,13 +118,13 @@ int RunDemo(const std::vector<std::wstring>& arguments) {
 }
 
 int Run(const std::vector<std::wstring>& arguments) {
-    if (arguments.size() == 8 && arguments[0] == L"--play") return RunPlay(arguments);
+    if (arguments.size() == 7 && arguments[0] == L"--play") return RunPlay(arguments);
     if (arguments.size() == 1 && arguments[0] == L"--dialogs") {
         ListDialogs();
         return 0;
     }
-    if (arguments.size() == 5 && arguments[0] == L"--pictures") return RunPictures(arguments);
-    if (arguments.size() == 5 && arguments[0] == L"--demo") return RunDemo(arguments);
+    if (arguments.size() == 4 && arguments[0] == L"--pictures") return RunPictures(arguments);
+    if (arguments.size() == 4 && arguments[0] == L"--demo") return RunDemo(arguments);
     std::fputs(kUsage, stderr);
     return kUsageError;
 }

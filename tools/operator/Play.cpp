@@ -73,7 +73,7 @@ class OnePlay {
 
     // What went wrong; empty when nothing did.
     std::string Run() {
-        MakeDemoHome(order_.demo, order_.home);
+        MakeDemoHome(order_.home);
         const Watchdog watchdog(log_);
         std::string fault;
         try {

@@ -15,7 +15,6 @@ struct PlayOrder {
     unsigned seed = 1;
     int plays = 1;               // with this seed and those that follow it
     std::filesystem::path logs;  // a file for each play: what the user did, and what was wrong
-    std::filesystem::path demo;
     std::filesystem::path home;  // made anew for each play
 };
 
