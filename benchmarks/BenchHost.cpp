@@ -3,16 +3,18 @@
 #include <string>
 #include <utility>
 
-#include "hostlayer/include/KiroHost.h"
+#include "catalogue/DemoHome.h"
 #include "driver/BareDialog.h"
 #include "driver/Driver.h"
+#include "hostlayer/include/KiroHost.h"
 
 namespace {
 
 // Message boxes send no WM_ENTERIDLE: they are answered when they become active.
 LRESULT CALLBACK AnswerBoxes(int code, WPARAM wParam, LPARAM lParam) {
     if (code == HCBT_ACTIVATE && kiro::drive::IsBox(reinterpret_cast<HWND>(wParam))) {
-        PostMessageW(reinterpret_cast<HWND>(wParam), WM_COMMAND, IDOK, 0);
+        const auto box = reinterpret_cast<HWND>(wParam);
+        PostMessageW(box, WM_COMMAND, GetDlgItem(box, IDOK) ? IDOK : IDNO, 0);
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
@@ -26,8 +28,7 @@ BenchHost::BenchHost()
     wchar_t temp[MAX_PATH];
     GetTempPathW(MAX_PATH, temp);
     home_ = std::filesystem::path(temp) / (L"kirobench_" + std::to_wstring(GetCurrentProcessId()));
-    std::filesystem::create_directories(home_ / L"DXF");
-    KiroHostSetHome(home_.c_str());
+    kiro::MakeDemoHome(home_);
     KiroHostLoadModel(nullptr, nullptr, 0);
     KiroHostSetMainWindow(owner_);
 }
@@ -89,7 +90,7 @@ void BenchHost::Play(const std::function<void()>& call, const Work& work) {
     if (std::exchange(work_, nullptr)) throw kiro::drive::Failure("no dialog was shown");
 }
 
-void BenchHost::OpenBare(int templateId, void (*fill)(HWND dialog)) const {
+void BenchHost::OpenBare(int templateId, const Work& fill) const {
     const Style style(*this);
     kiro::drive::OpenBareDialog(library_, templateId, owner_, fill);
 }

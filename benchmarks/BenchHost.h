@@ -32,7 +32,7 @@ class BenchHost {
     };
 
     // While one lives, every dialog over the main window is cancelled as soon as it is shown and painted, and every
-    // message box is answered with OK.
+    // message box is answered with OK or No.
     class AutoClose {
       public:
         explicit AutoClose(BenchHost& host);
@@ -51,7 +51,7 @@ class BenchHost {
     void Play(const std::function<void()>& call, const Work& work);
 
     // A template of the library and nothing else, but what fill puts into its controls.
-    void OpenBare(int templateId, void (*fill)(HWND dialog) = nullptr) const;
+    void OpenBare(int templateId, const Work& fill = nullptr) const;
 
   private:
     static LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

@@ -1,5 +1,5 @@
 // bench [TIMES]: the figures that the dialogs are held to. TIMES: how often each dialog is opened and closed in search
-// of leaks (1000).
+// of leaks (each as often as the catalogue says).
 #include <windows.h>
 
 #include <algorithm>
@@ -10,55 +10,52 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <vector>
 
+#include "benchmarks/BareContents.h"
 #include "benchmarks/BenchHost.h"
 #include "benchmarks/LeakReport.h"
 #include "benchmarks/Measure.h"
-#include "entry/host/kirovanteo.h"
-#include "resources/catia/KrCatiaIn.ids.h"
-#include "resources/catia/KrDxfPass.ids.h"
-#include "resources/dxfin/KrDxfIn.ids.h"
-#include "resources/dxfin/KrDxfInHelp.ids.h"
-#include "resources/dxfout/KrDxfOut.ids.h"
-#include "resources/model/KrDxfLineType.ids.h"
-#include "resources/model/KrDxfLineWidth.ids.h"
-#include "resources/model/KrDxfWarning1.ids.h"
-#include "resources/peliondb/KrPlIn.ids.h"
-#include "resources/peliondb/KrPlOut.ids.h"
-#include "resources/varosdb/KrVrIn.ids.h"
-#include "resources/varosdb/KrVrOut.ids.h"
+#include "catalogue/Catalogue.h"
 #include "driver/Driver.h"
+#include "entry/host/kirovanteo.h"
+#include "resources/dxfin/KrDxfIn.ids.h"
 
 using namespace kiro::drive;
 
 namespace {
 
+constexpr int kExplanations = 1000;
 constexpr double kDllLimit = 1024 * 1024;
 constexpr std::size_t kLargeFile = std::size_t{300} << 20;
 constexpr std::size_t kSmallFile = 5 << 10;
-
-void FillImportDialog(HWND dialog) {
-    wchar_t text[16];
-    for (int picture = -256; picture <= 256; ++picture) {
-        if (picture == 0) continue;
-        wsprintfW(text, L"%d", picture);
-        SendDlgItemMessageW(dialog, kPictureCombo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
-    }
-    for (int scale = 1; scale <= 30; ++scale) {
-        wsprintfW(text, L"1/%d", scale);
-        SendDlgItemMessageW(dialog, kScaleCombo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
-    }
-}
 
 class Bench {
   public:
     Bench() { info_->input.importParams = &params_; }
 
-    bool Opening() {
-        const BenchHost::AutoClose closing(host_);
-        const Comparison opening = Compare(
-            100, [&] { DxfInputDlg(info_.get()); }, [&] { OpenBareImport(); });
-        return Report("import dialog, open and close / the bare template", opening, 1.3);
+    // By the catalogue: what each dialog leaves behind, and how long it takes to open and close, beside its bare
+    // template.
+    bool Dialogs(int times) {
+        bool kept = true;
+        for (const kiro::CatalogueDialog& dialog : kiro::Catalogue()) {
+            const kiro::Opening opening = dialog.prepare();
+            const auto run = [&] { opening.run(); };
+            BareContents contents;
+            if (dialog.templateId) host_.Play(run, [&](HWND window) { contents = ReadContents(window); });
+            const auto bare = [&] {
+                if (!dialog.templateId) return TellBare();
+                host_.OpenBare(dialog.templateId, [&](HWND window) { FillBare(window, contents); });
+            };
+            const BenchHost::AutoClose closing(host_);
+            if (dialog.templateId)
+                kept = Report(std::string(dialog.name) + ", open and close / the bare template",
+                              Compare(dialog.figures.openings, run, bare), dialog.figures.openLimit) &&
+                       kept;
+            kept = ReportLeaks(dialog.name, times ? times : dialog.figures.leakTimes, run, bare) && kept;
+        }
+        return kept;
     }
 
     bool VersionLine() {
@@ -90,65 +87,15 @@ class Bench {
         return Report("version line of a 300 MB binary DXF / a 5 KB one", binary, 1.2) && textKept;
     }
 
-    bool Leaks(int times) {
-        std::int32_t values[257] = {};
-        CATIAINFO catia{};
-        const struct {
-            const char* name;
-            std::function<void()> run;
-            std::function<void()> bare;
-        } dialogs[] = {
-            {"import dialog", [&] { DxfInputDlg(info_.get()); }, [&] { OpenBareImport(); }},
-            {"password dialog", [&] { DxfInputPass(info_.get()); }, [&] { host_.OpenBare(kDxfPassDialog); }},
-            {"export frame", [&] { DxfOutputDlg(info_.get()); }, [&] { host_.OpenBare(kDxfOutDialog); }},
-            {"Pelion input frame", [&] { PlInputDlg(info_.get()); }, [&] { host_.OpenBare(kPlInDialog); }},
-            {"Pelion output frame", [&] { PlOutputDlg(info_.get()); }, [&] { host_.OpenBare(kPlOutDialog); }},
-            {"Varos input frame", [&] { VrInputDlg(info_.get()); }, [&] { host_.OpenBare(kVrInDialog); }},
-            {"Varos output frame", [&] { VrOutputDlg(info_.get()); }, [&] { host_.OpenBare(kVrOutDialog); }},
-            {"CATIA frame", [&] { CatiaInputDlg(&catia); }, [&] { host_.OpenBare(kCatiaInDialog); }},
-            {"line type frame", [&] { DxfLineTypeDialog(values); }, [&] { host_.OpenBare(kDxfLineTypeDialog); }},
-            {"line width frame", [&] { DxfLineWidthDialog(0, values); }, [&] { host_.OpenBare(kDxfLineWidthDialog); }},
-            {"warning frame", [&] { DxfWarningDialog(1); }, [&] { host_.OpenBare(kDxfWarning1Dialog); }},
-            {"error box", [&] { ErrorMessageBox(-1); }, [&] { TellBare(); }},
-            {"warning box", [&] { WarningMessageBox("text", "caption"); }, [&] { TellBare(); }},
-        };
-        bool kept = true;
-        const BenchHost::AutoClose closing(host_);
-        for (const auto& dialog : dialogs) kept = ReportLeaks(dialog.name, times, dialog.run, dialog.bare) && kept;
-        return kept;
-    }
-
-    // The popups on the way of the mouse over the import dialog.
+    // The popups on the way of the mouse over a dialog.
     bool LeaksOfExplanations(int times) {
-        constexpr int kZones[] = {kDataTypeZone, kModeZone, kPictureZone, kMatrixZone, kScaleZone};
-        constexpr int kTemplates[] = {kDataTypeHelp, kModeHelp, kPictureHelp, kMatrixHelp, kScaleHelp};
-        bool kept = false;
-        Drive([&] { return DxfInputDlg(info_.get()); },
-              [&] {
-                  const HWND dialog = Settle();
-                  std::size_t turn = 0;
-                  // Everything is painted before the next step: what the system keeps depends on what was painted.
-                  const auto paint = [&] {
-                      for (const HWND popup : Popups(dialog)) {
-                          RedrawWindow(popup, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-                      }
-                      RedrawWindow(dialog, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-                      Sync();
-                  };
-                  const auto hover = [&] {
-                      const auto before = Popups(dialog);
-                      MoveMouse(Centre(Control(dialog, kZones[turn++ % 5])));
-                      Until("the explanation", [&] { return Popups(dialog).size() == 1 && Popups(dialog) != before; });
-                      paint();
-                  };
-                  const auto bare = [&] {
-                      const std::size_t which = turn++ % 5;
-                      ExplainBare(dialog, Control(dialog, kZones[which]), kTemplates[which]);
-                      paint();
-                  };
-                  kept = ReportLeaks("explanation", times, hover, bare);
-                  Click(dialog, IDCANCEL);
-              });
+        bool kept = true;
+        for (const kiro::CatalogueDialog& dialog : kiro::Catalogue()) {
+            std::vector<kiro::Explanation> popups;
+            for (const kiro::Explanation& explanation : kiro::Explanations())
+                if (std::string_view(explanation.dialog) == dialog.name) popups.push_back(explanation);
+            if (popups.size() > 1) kept = LeaksOfExplanations(dialog, popups, times) && kept;
+        }
         return kept;
     }
 
@@ -160,8 +107,37 @@ class Bench {
     }
 
   private:
-    // The template with the same list entries.
-    void OpenBareImport() const { host_.OpenBare(kDxfInDialog, FillImportDialog); }
+    bool LeaksOfExplanations(const kiro::CatalogueDialog& entry, const std::vector<kiro::Explanation>& popups,
+                             int times) {
+        bool kept = false;
+        Drive(entry.prepare().run, [&] {
+            const HWND dialog = Settle();
+            std::size_t turn = 0;
+            // Everything is painted before the next step: what the system keeps depends on what was painted.
+            const auto paint = [&] {
+                for (const HWND popup : Popups(dialog)) {
+                    RedrawWindow(popup, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+                }
+                RedrawWindow(dialog, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+                Sync();
+            };
+            const auto next = [&] { return popups[turn++ % popups.size()]; };
+            const auto hover = [&] {
+                const auto before = Popups(dialog);
+                MoveMouse(Centre(Control(dialog, next().zone)));
+                Until("the explanation", [&] { return Popups(dialog).size() == 1 && Popups(dialog) != before; });
+                paint();
+            };
+            const auto bare = [&] {
+                const kiro::Explanation which = next();
+                ExplainBare(dialog, Control(dialog, which.zone), which.templateId);
+                paint();
+            };
+            kept = ReportLeaks(std::string("explanation of ") + entry.name, times, hover, bare);
+            Click(dialog, IDCANCEL);
+        });
+        return kept;
+    }
     void TellBare() const {
         const BenchHost::Style style(host_);
         MessageBoxW(host_.Owner(), L"text", L" ", MB_OK | MB_ICONHAND);
@@ -214,15 +190,14 @@ class Bench {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const int times = argc > 1 ? std::atoi(argv[1]) : 1000;
+    const int times = argc > 1 ? std::atoi(argv[1]) : 0;
     UsePrivateDesktop();
     try {
         Bench bench;
         bool kept = bench.Size();
-        kept = bench.Opening() && kept;
         kept = bench.VersionLine() && kept;
-        kept = bench.Leaks(times) && kept;
-        kept = bench.LeaksOfExplanations(times) && kept;
+        kept = bench.Dialogs(times) && kept;
+        kept = bench.LeaksOfExplanations(times ? times : kExplanations) && kept;
         std::printf("%s\n", kept ? "every figure is kept" : "a figure is missed");
         return kept ? 0 : 1;
     } catch (const std::exception& failure) {

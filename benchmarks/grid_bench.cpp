@@ -1,5 +1,5 @@
-// grid_bench [TIMES]: the figures that the grid editors of the import tables are held to. TIMES: how often each editor
-// is opened and closed in search of leaks (200).
+// grid_bench [TIMES]: the figures that a grid editor with many rows is held to. TIMES: how often it is opened and
+// closed in search of leaks (200).
 #include <windows.h>
 
 #include <commctrl.h>
@@ -13,37 +13,15 @@
 #include <string>
 #include <utility>
 
+#include "benchmarks/BareContents.h"
 #include "benchmarks/BenchHost.h"
 #include "benchmarks/LeakReport.h"
 #include "benchmarks/Measure.h"
-#include "dxfin/KrDxfInAttr.h"
-#include "dxfin_tables/KrDxfInTable.h"
-#include "dxfin_tables/KrDxfInTbl_Arrow.h"
-#include "dxfin_tables/KrDxfInTbl_CLayer.h"
-#include "dxfin_tables/KrDxfInTbl_CWidth.h"
-#include "dxfin_tables/KrDxfInTbl_Color.h"
-#include "dxfin_tables/KrDxfInTbl_LStyle.h"
-#include "dxfin_tables/KrDxfInTbl_LWidth.h"
-#include "dxfin_tables/KrDxfInTbl_Layer.h"
-#include "dxfin_tables/KrDxfInTbl_Line.h"
-#include "dxfin_tables/KrDxfInTbl_PWidth.h"
-#include "dxfin_tables/KrDxfInTbl_TFont.h"
-#include "dxfin_tables/KrDxfInTbl_TFont2.h"
-#include "resources/grid.ids.h"
-#include "resources/dxfin/KrDxfInAttr.ids.h"
-#include "resources/dxfin_tables/KrDxfInTable.ids.h"
-#include "resources/dxfin_tables/KrDxfInTbl_Arrow.ids.h"
-#include "resources/dxfin_tables/KrDxfInTbl_CLayer.ids.h"
-#include "resources/dxfin_tables/KrDxfInTbl_CWidth.ids.h"
-#include "resources/dxfin_tables/KrDxfInTbl_Color.ids.h"
-#include "resources/dxfin_tables/KrDxfInTbl_LStyle.ids.h"
-#include "resources/dxfin_tables/KrDxfInTbl_LWidth.ids.h"
-#include "resources/dxfin_tables/KrDxfInTbl_Layer.ids.h"
-#include "resources/dxfin_tables/KrDxfInTbl_Line.ids.h"
-#include "resources/dxfin_tables/KrDxfInTbl_PWidth.ids.h"
-#include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
-#include "driver/GridDriver.h"
 #include "driver/Driver.h"
+#include "driver/GridDriver.h"
+#include "dxfin_tables/KrDxfInTbl_CLayer.h"
+#include "resources/dxfin_tables/KrDxfInTbl_CLayer.ids.h"
+#include "resources/grid.ids.h"
 
 using namespace kiro::drive;
 
@@ -154,7 +132,16 @@ class Bench {
         return Report("2,048 rows / 16 rows, edit started", CompareTables(*most, *few, &Bench::StartEdit), 1.5) && kept;
     }
 
-    bool Leaks(int times);
+    // What many rows leave behind, beside a bare grid of as many.
+    bool Leaks(int times) {
+        const LayerTable most = Layers(kMostRows, true);
+        BareContents contents;
+        host_.Play([&] { Edit(*most); }, [&](HWND dialog) { contents = ReadContents(dialog); });
+        const BenchHost::AutoClose closing(host_);
+        return ReportLeaks(
+            "2,048 rows", times, [&] { Edit(*most); },
+            [&] { host_.OpenBare(kDxfInLayerGridDialog, [&](HWND dialog) { FillBare(dialog, contents); }); });
+    }
 
   private:
     using Step = double (*)(const Hands& hands, int rows);
@@ -229,64 +216,6 @@ class Bench {
     GridWatch grids_;
     kiro::ui::ScopedResourceModule module_{host_.Library()};
 };
-
-// ---- Leaks ----
-
-// The columns and rows that a grid has. The library draws the rows.
-template <int kColumns, int kRows>
-void FillGrid(HWND dialog) {
-    const HWND list = GetDlgItem(dialog, kGrid);
-    wchar_t title[] = L"番号";
-    for (int i = 0; i < kColumns; ++i) {
-        LVCOLUMNW column{};
-        column.mask = LVCF_TEXT | LVCF_SUBITEM | LVCF_WIDTH;
-        column.pszText = title;
-        column.iSubItem = i;
-        column.cx = 50;
-        SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&column));
-    }
-    SendMessageW(list, LVM_SETITEMCOUNT, kRows, 0);
-}
-
-bool Bench::Leaks(int times) {
-    const LayerTable layers = Layers(kMostRows, true);
-    const auto lines = std::make_unique<DxfInLineTable>();
-    const HWND owner = host_.Owner();
-    DxfInParamBlock params{};
-    const struct {
-        const char* name;
-        std::function<INT_PTR()> run;
-        int bareTemplate;
-        void (*fill)(HWND);
-    } editors[] = {
-        {"layers", [&] { return KrDxfInTbl_CLayer(*layers).DoModal(owner); }, kDxfInLayerGridDialog,
-         FillGrid<3, kMostRows>},
-        {"colours", [&] { return KrDxfInTbl_Color(*layers).DoModal(owner); }, kDxfInColorGridDialog, FillGrid<3, 256>},
-        {"line types", [&] { return KrDxfInTbl_LStyle(*lines).DoModal(owner); }, kDxfInLineTypeGridDialog,
-         FillGrid<4, 16>},
-        {"polyline widths", [&] { return KrDxfInTbl_PWidth(*lines).DoModal(owner); }, kDxfInPolyWidthGridDialog,
-         FillGrid<3, 16>},
-        {"colour widths", [&] { return KrDxfInTbl_CWidth(*lines).DoModal(owner); }, kDxfInColorWidthGridDialog,
-         FillGrid<3, 256>},
-        {"line widths", [&] { return KrDxfInTbl_LWidth(*lines).DoModal(owner); }, kDxfInLineWidthGridDialog,
-         FillGrid<3, 24>},
-        {"text fonts", [&] { return KrDxfInTbl_TFont().DoModal(owner); }, kDxfInTextFontDialog, FillGrid<9, 16>},
-        {"text font factors", [&] { return KrDxfInTbl_TFont2().DoModal(owner); }, kDxfInTextFontHelpDialog, nullptr},
-        {"arrows", [&] { return KrDxfInTbl_Arrow().DoModal(owner); }, kDxfInArrowDialog, FillGrid<4, 16>},
-        {"layer table", [&] { return KrDxfInTbl_Layer(*layers, 1, 0).DoModal(owner); }, kLayerTableDialog, nullptr},
-        {"line table", [&] { return KrDxfInTbl_Line().DoModal(owner); }, kLineTableDialog, nullptr},
-        {"attributes", [&] { return KrDxfInAttr(params).DoModal(owner); }, kDxfInAttrDialog, nullptr},
-        {"launcher", [&] { return KrDxfInTable().DoModal(owner); }, kInTableDialog, nullptr},
-    };
-    bool kept = true;
-    const BenchHost::AutoClose closing(host_);
-    const BenchHost::Style style(host_);
-    for (const auto& editor : editors) {
-        const auto run = [&] { Require(editor.run() == IDCANCEL, "an editor was not shown, or not cancelled"); };
-        kept = ReportLeaks(editor.name, times, run, [&] { host_.OpenBare(editor.bareTemplate, editor.fill); }) && kept;
-    }
-    return kept;
-}
 
 }  // namespace
 

@@ -16,15 +16,18 @@ HANDLE MakeStyleContext(HMODULE library) {
     return CreateActCtxW(&definition);
 }
 
-void OpenBareDialog(HMODULE library, int templateId, HWND owner, void (*fill)(HWND dialog)) {
+void OpenBareDialog(HMODULE library, int templateId, HWND owner, const std::function<void(HWND dialog)>& fill) {
     DialogBoxParamW(
         library, MAKEINTRESOURCEW(templateId), owner,
         [](HWND dialog, UINT message, WPARAM wParam, LPARAM filling) -> INT_PTR {
-            if (message == WM_INITDIALOG && filling) reinterpret_cast<void (*)(HWND)>(filling)(dialog);
+            if (message == WM_INITDIALOG) {
+                const auto& work = *reinterpret_cast<const std::function<void(HWND)>*>(filling);
+                if (work) work(dialog);
+            }
             if (message == WM_COMMAND && LOWORD(wParam) == IDCANCEL) EndDialog(dialog, IDCANCEL);
             return message == WM_INITDIALOG;
         },
-        reinterpret_cast<LPARAM>(fill));
+        reinterpret_cast<LPARAM>(&fill));
 }
 
 }  // namespace kiro::drive

@@ -3,12 +3,15 @@
 
 #include <windows.h>
 
+#include <functional>
+
 namespace kiro::drive {
 
 // The controls of the style that a library's manifest asks for, as its commands have them. The caller releases it.
 HANDLE MakeStyleContext(HMODULE library);
 
 // Runs a template until it is cancelled, in the style that is active. fill may put something into its controls.
-void OpenBareDialog(HMODULE library, int templateId, HWND owner, void (*fill)(HWND dialog) = nullptr);
+void OpenBareDialog(HMODULE library, int templateId, HWND owner,
+                    const std::function<void(HWND dialog)>& fill = nullptr);
 
 }  // namespace kiro::drive

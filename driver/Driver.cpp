@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "driver/GridWatch.h"
+#include "driver/State.h"
 
 namespace kiro::drive {
 namespace {
@@ -42,6 +43,7 @@ struct Session {
     Event done{true};
     std::atomic<LONG> asked{0};
     std::atomic<LONG> seen{0};
+    std::atomic<bool> inputWaits{false};  // of mouse or keyboard, at the last sync
     std::exception_ptr failure;
 };
 Session* session;
@@ -50,6 +52,7 @@ Session* session;
 LRESULT CALLBACK OnMessageTaken(int code, WPARAM removed, LPARAM data) {
     auto* message = reinterpret_cast<MSG*>(data);
     if (code == HC_ACTION && removed == PM_REMOVE && message->message == kSyncMessage && session) {
+        session->inputWaits = (HIWORD(GetQueueStatus(QS_INPUT)) & QS_INPUT) != 0;
         session->seen = static_cast<LONG>(message->wParam);
         message->message = WM_NULL;
         session->synced.Set();
@@ -95,28 +98,6 @@ void ForEachChild(HWND parent, Visit visit) {
     for (HWND child = GetWindow(parent, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) visit(child);
 }
 
-// Every modal dialog disables its owner, so the one that is enabled is the innermost.
-HWND ModalDialog() {
-    HWND found = nullptr;
-    ForEachWindow(Current().uiThread, [&](HWND window) {
-        if (HasClass(window, kDialogClass) && IsWindowVisible(window) && IsWindowEnabled(window) && HasCaption(window))
-            found = window;
-        return found == nullptr;
-    });
-    return found;
-}
-
-// Posted messages outrank input, painting, timers and the moment at which a modal loop shows its dialog. A poll without
-// this pause would keep the queue full and hold them all back. False when the call has returned.
-bool Pause() { return !Current().done.Wait(1); }
-
-GUITHREADINFO GuiState() {
-    GUITHREADINFO state{};
-    state.cbSize = sizeof state;
-    GetGUIThreadInfo(Current().uiThread, &state);
-    return state;
-}
-
 void Post(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (!PostMessageW(window, message, wParam, lParam)) throw Failure("a message cannot be posted: the window is gone");
 }
@@ -149,8 +130,15 @@ void PlayUser(const std::function<void()>& user) {
     } catch (const std::exception&) {
     }
     // The call can no longer be ended, nor can a thread be. A test that hangs would say less.
-    std::fputs("driver: the call does not return\n", stderr);
+    std::fprintf(stderr, "driver: the call does not return\n%s", StateOf(current.uiThread).c_str());
     std::_Exit(3);
+}
+
+// What the user sent to a dialog that is gone by now is for nobody: F10 would open the main window's menu.
+bool IsInput(UINT message) {
+    return (message >= WM_KEYFIRST && message <= WM_KEYLAST) || (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) ||
+           (message >= WM_NCMOUSEMOVE && message <= WM_NCXBUTTONDBLCLK) || message == WM_SYSCOMMAND ||
+           message == WM_CONTEXTMENU;
 }
 
 }  // namespace
@@ -173,10 +161,33 @@ void Run(const std::function<void()>& call, const std::function<void()>& user) {
         current.done.Set();
         player.join();
     }
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        if (!IsInput(message.message)) DispatchMessageW(&message);
     session = nullptr;
     if (current.failure) std::rethrow_exception(current.failure);
     if (failure) std::rethrow_exception(failure);
+}
+
+// Every modal dialog disables its owner, so the one that is enabled is the innermost.
+HWND ModalDialog() {
+    HWND found = nullptr;
+    ForEachWindow(Current().uiThread, [&](HWND window) {
+        if (HasClass(window, kDialogClass) && IsWindowVisible(window) && IsWindowEnabled(window) && HasCaption(window))
+            found = window;
+        return found == nullptr;
+    });
+    return found;
+}
+
+// Posted messages outrank input, painting, timers and the moment at which a modal loop shows its dialog. A poll without
+// this pause would keep the queue full and hold them all back. False when the call has returned.
+bool Pause() { return !Current().done.Wait(1); }
+
+GUITHREADINFO GuiState() {
+    GUITHREADINFO state{};
+    state.cbSize = sizeof state;
+    GetGUIThreadInfo(Current().uiThread, &state);
+    return state;
 }
 
 DWORD UiThread() { return Current().uiThread; }
@@ -205,6 +216,16 @@ bool Sync() {
                 throw Failure("the windows do not take their messages");
         }
     }
+}
+
+bool SyncInput() {
+    // Input comes after everything posted, so it may still wait when that has been handled.
+    for (int i = 0; i < 200; ++i) {
+        if (!Sync()) return false;
+        if (!Current().inputWaits) return true;
+        if (!Pause()) return false;
+    }
+    return true;
 }
 
 HWND Settle() {
@@ -341,12 +362,32 @@ void CloseBox(HWND dialog) {
     Sync();
 }
 
+// A menu, or a window that the user moves, has a loop of its own, which may outlive the dialog that it belongs to.
+void LeaveModes() {
+    const GUITHREADINFO state = GuiState();
+    if (state.flags & GUI_INMENUMODE) PostMessageW(state.hwndMenuOwner, WM_CANCELMODE, 0, 0);
+    if (state.flags & GUI_INMOVESIZE) PostMessageW(state.hwndMoveSize, WM_KEYDOWN, VK_ESCAPE, 1);
+    // The loop of a window that is moved by keys goes on under Wine when something else has taken the capture, and even
+    // when the window is hidden; nothing tells of it any more. Escape ends it, and is for nobody else.
+    if (!ModalDialog()) PostThreadMessageW(UiThread(), WM_KEYDOWN, VK_ESCAPE, 1);
+}
+
 void CancelEverything() {
-    while (const HWND dialog = Settle()) {
-        if (GuiState().flags & GUI_INMENUMODE) CancelMenu();
+    constexpr int kTries = 30;  // of one dialog
+    HWND last = nullptr;
+    int tries = 0;
+    for (const ULONGLONG start = GetTickCount64(); Sync(); Pause()) {
+        LeaveModes();
+        const HWND dialog = ModalDialog();
+        tries = dialog && dialog == last ? tries + 1 : 0;
+        last = dialog;
+        const bool late = GetTickCount64() - start > kPatience;
+        if (tries > kTries && late) throw Failure("a dialog does not close");
+        if (!dialog && late) throw Failure("no dialog is open and the call does not return");
+        if (!dialog) continue;
         const HWND no = GetDlgItem(dialog, IDNO);
         PostMessageW(dialog, WM_COMMAND, IsBox(dialog) && no ? IDNO : IDCANCEL, 0);
-        Sync();
+        if (!Sync()) return;
         if (IsWindow(dialog) && IsWindowEnabled(dialog)) PostMessageW(dialog, WM_CLOSE, 0, 0);
     }
 }

@@ -52,6 +52,8 @@ auto Drive(Call call, const std::function<void()>& user) {
 HWND Settle();
 // Everything posted so far has been handled. False when the call has returned.
 bool Sync();
+// The same, and the windows have taken what mouse and keyboard sent (or take none of it).
+bool SyncInput();
 // Waits until the condition holds; `what` names it in the Failure. Call it also for what input, timers and painting
 // bring about: those come after everything posted, so Sync does not wait for them.
 void Until(const char* what, const std::function<bool()>& condition);
@@ -112,18 +114,25 @@ std::vector<std::wstring> MenuItems(HWND menu);
 void PickMenu(int index);
 void CancelMenu();
 
-// ---- The mouse ----
+// ---- The mouse and the keyboard themselves ----
 
 // The mouse is one for all programs of a desktop. A program that moves it asks for a desktop of its own, before it
 // makes its first window, so that programs can run side by side.
 void UsePrivateDesktop();
 POINT Centre(HWND window);  // in screen coordinates, as all of these
 void MoveMouse(POINT point);
-void MouseDown();
-void MouseUp();
+void MouseDown(bool right = false);
+void MouseUp(bool right = false);
+void MouseWheel(int notches);
+// A key as from the keyboard, to whatever has the focus on the desktop; held: 0 or a key held down meanwhile.
+void PressKey(WORD virtualKey, WORD held = 0);
 
-// Used by the parts of this library.
+// Used by the parts of this library, and by who plays a user of another kind.
 DWORD UiThread();
+GUITHREADINFO GuiState();  // of the call's thread
+HWND ModalDialog();        // the innermost dialog that is shown and takes input; null: none
+void LeaveModes();         // ends menus, and the moving and sizing of windows
+bool Pause();              // between two looks at the windows; false when the call has returned
 LRESULT Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);  // a Failure when there is no answer
 HDESK PrivateDesktop();                                                         // null: that of the process
 

@@ -5,13 +5,22 @@ namespace {
 
 HDESK privateDesktop;
 
-void Input(DWORD flags, LONG x = 0, LONG y = 0) {
+void Input(DWORD flags, LONG x = 0, LONG y = 0, DWORD data = 0) {
     INPUT input{};
     input.type = INPUT_MOUSE;
     input.mi.dx = x;
     input.mi.dy = y;
+    input.mi.mouseData = data;
     input.mi.dwFlags = flags;
     if (SendInput(1, &input, sizeof input) != 1) throw Failure("the mouse does not obey");
+}
+
+void KeyInput(WORD virtualKey, bool down) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = virtualKey;
+    input.ki.dwFlags = down ? 0 : KEYEVENTF_KEYUP;
+    if (SendInput(1, &input, sizeof input) != 1) throw Failure("the keyboard does not obey");
 }
 
 }  // namespace
@@ -40,7 +49,15 @@ void MoveMouse(POINT point) {
           MulDiv(point.y * 2 + 1, 65536, height * 2));
 }
 
-void MouseDown() { Input(MOUSEEVENTF_LEFTDOWN); }
-void MouseUp() { Input(MOUSEEVENTF_LEFTUP); }
+void MouseDown(bool right) { Input(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN); }
+void MouseUp(bool right) { Input(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP); }
+void MouseWheel(int notches) { Input(MOUSEEVENTF_WHEEL, 0, 0, static_cast<DWORD>(notches * WHEEL_DELTA)); }
+
+void PressKey(WORD virtualKey, WORD held) {
+    if (held) KeyInput(held, true);
+    KeyInput(virtualKey, true);
+    KeyInput(virtualKey, false);
+    if (held) KeyInput(held, false);
+}
 
 }  // namespace kiro::drive

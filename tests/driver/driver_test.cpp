@@ -8,6 +8,7 @@
 
 #include "driver/Leaks.h"
 #include "driver/Picture.h"
+#include "driver/State.h"
 
 namespace kiro::drive {
 namespace {
@@ -62,6 +63,47 @@ TEST(DriverTest, EndsTheCallWhenTheUserFails) {
     EXPECT_EQ("a message box was expected, but the call has returned", FailureOf([] {}, [] { ReadBox(); }));
     EXPECT_EQ("the call returned before this happened: a miracle",
               FailureOf([] {}, [] { Until("a miracle", [] { return false; }); }));
+}
+
+// A menu or a moved window has a loop of its own inside the call, in which the box may be closed.
+TEST(DriverTest, EndsTheLoopsOfTheSystem) {
+    for (const WPARAM command : {SC_MOVE, SC_KEYMENU}) {
+        for (const bool closed : {false, true}) {
+            EXPECT_EQ(IDNO, Drive([] { return Ask(); },
+                                  [&] {
+                                      const HWND box = Settle();
+                                      PostMessageW(box, WM_SYSCOMMAND, command, command == SC_KEYMENU ? L' ' : 0);
+                                      Until("the loop",
+                                            [] { return (GuiState().flags & (GUI_INMOVESIZE | GUI_INMENUMODE)) != 0; });
+                                      if (closed) PostMessageW(box, WM_COMMAND, IDNO, 0);
+                                      CancelEverything();
+                                  }));
+        }
+    }
+}
+
+TEST(DriverTest, TellsWhereACallStands) {
+    std::string state;
+    Drive([] { return Ask(); },
+          [&] {
+              const Box box = ReadBox();
+              state = StateOf(UiThread());
+              Answer(box, IDNO);
+          });
+    EXPECT_NE(std::string::npos, state.find("#32770 \"\xE7\xA2\xBA\xE8\xAA\x8D\", visible, enabled")) << state;
+    EXPECT_NE(std::string::npos, state.find("at user32.dll+")) << state;
+    EXPECT_NE(std::string::npos, state.find("at driver_test.exe+")) << state;
+}
+
+TEST(DriverTest, WaitsForWhatMouseAndKeyboardSend) {
+    EXPECT_EQ(IDYES, Drive([] { return Ask(); },
+                           [] {
+                               Settle();
+                               PressKey(VK_TAB);
+                               SyncInput();
+                               PressKey(VK_RETURN);
+                               SyncInput();
+                           }));
 }
 
 TEST(DriverTest, DoesWhatAUserCanDoOnly) {

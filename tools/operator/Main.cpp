@@ -6,32 +6,34 @@
 #include <shellapi.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "Demo.h"
-#include "driver/Driver.h"
+#include "Play.h"
 #include "Scenes.h"
+#include "catalogue/DemoHome.h"
+#include "driver/Driver.h"
 #include "hostlayer/include/KiroHost.h"
 
 namespace {
 
 constexpr int kUsageError = 2;
+constexpr int kCrashed = 70;
 constexpr char kUsage[] =
-    "usage: operator --demo DRAWING HOME PICTURE.png\n"
+    "usage: operator --demo DRAWING PICTURE.png HOME\n"
     "       operator --pictures DIR DRAWING HOME\n"
-    "DRAWING is typed as it stands: a path, or a name in the folder DXF of HOME.\n";
+    "       operator --play DIALOG EVENTS SEED PLAYS LOGS HOME\n"
+    "       operator --dialogs\n"
+    "DRAWING is typed as it stands: a path, or a name in the folder DXF of HOME, which is made anew.\n";
 
-// The CAD host's window, as far as the commands are concerned.
+// The CAD host's window, as far as the commands are concerned. It stays, whatever a user does to it.
 class MainWindow {
   public:
-    MainWindow()
-        : window_(CreateWindowExW(0, L"STATIC", L"ＣＡＤ", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1000, 740, nullptr,
-                                  nullptr, nullptr, nullptr)) {
-        KiroHostSetMainWindow(window_);
-    }
+    MainWindow() : window_(Make()) { KiroHostSetMainWindow(window_); }
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
     ~MainWindow() {
@@ -40,6 +42,20 @@ class MainWindow {
     }
 
   private:
+    static HWND Make() {
+        WNDCLASSW definition{};
+        definition.lpfnWndProc = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+            if (message == WM_CLOSE || message == WM_SYSCOMMAND) return 0;
+            return DefWindowProcW(window, message, wParam, lParam);
+        };
+        definition.hInstance = GetModuleHandleW(nullptr);
+        definition.lpszClassName = L"KiroOperator";
+        RegisterClassW(&definition);
+        return CreateWindowExW(0, definition.lpszClassName, L"ＣＡＤ", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
+                               GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN), nullptr, nullptr,
+                               definition.hInstance, nullptr);
+    }
+
     HWND window_;
 };
 
@@ -49,24 +65,68 @@ std::vector<std::wstring> Arguments() {
     return {words.get() + 1, words.get() + count};
 }
 
-int Run(const std::vector<std::wstring>& arguments) {
-    const bool demo = arguments.size() == 4 && arguments[0] == L"--demo";
-    const bool pictures = arguments.size() == 4 && arguments[0] == L"--pictures";
-    if (!demo && !pictures) {
-        std::fputs(kUsage, stderr);
+// A crash may otherwise end a program with status 0 under Wine.
+LONG WINAPI EndAtCrash(EXCEPTION_POINTERS* exception) {
+    std::fprintf(stdout, "crashes: %08lx at %p\n", exception->ExceptionRecord->ExceptionCode,
+                 exception->ExceptionRecord->ExceptionAddress);
+    std::fflush(stdout);
+    TerminateProcess(GetCurrentProcess(), kCrashed);
+    return EXCEPTION_EXECUTE_HANDLER;
+}
+
+void ListDialogs() {
+    for (const auto& dialog : kiro::Catalogue()) std::printf("%s\n", dialog.name);
+}
+
+// DIALOG EVENTS SEED PLAYS LOGS HOME
+int RunPlay(const std::vector<std::wstring>& arguments) {
+    kiro::PlayOrder order;
+    order.dialog = kiro::FindDialog(kiro::Utf8FromWide(arguments[1]));
+    if (!order.dialog) {
+        std::fputs("operator: there is no such dialog; these there are:\n", stderr);
+        ListDialogs();
         return kUsageError;
     }
+    order.events = std::stoi(arguments[2]);
+    order.seed = static_cast<unsigned>(std::stoul(arguments[3]));
+    order.plays = std::stoi(arguments[4]);
+    order.logs = arguments[5];
+    order.home = arguments[6];
     kiro::drive::UsePrivateDesktop();
     const MainWindow window;
-    if (pictures) {
-        KiroHostSetHome(arguments[3].c_str());
-        return kiro::PaintScenes(arguments[1], arguments[2]) == 0 ? 0 : 1;
-    }
-    KiroHostSetHome(arguments[2].c_str());
-    const kiro::CallResult result = kiro::RunDemo(arguments[1], arguments[3]);
+    return kiro::Play(order) == 0 ? 0 : 1;
+}
+
+// DIR DRAWING HOME
+int RunPictures(const std::vector<std::wstring>& arguments) {
+    // On a display, what is seen is the desktop of that.
+    if (!std::getenv("DISPLAY")) kiro::drive::UsePrivateDesktop();
+    const MainWindow window;
+    kiro::MakeDemoHome(arguments[3]);
+    return kiro::PaintScenes(arguments[1], arguments[2]) == 0 ? 0 : 1;
+}
+
+// DRAWING PICTURE HOME
+int RunDemo(const std::vector<std::wstring>& arguments) {
+    kiro::drive::UsePrivateDesktop();
+    const MainWindow window;
+    kiro::MakeDemoHome(arguments[3]);
+    const kiro::CallResult result = kiro::RunDemo(arguments[1], arguments[2]);
     const std::string text = kiro::Print(result.json);
     std::fwrite(text.data(), 1, text.size(), stdout);
     return result.exitStatus;
+}
+
+int Run(const std::vector<std::wstring>& arguments) {
+    if (arguments.size() == 7 && arguments[0] == L"--play") return RunPlay(arguments);
+    if (arguments.size() == 1 && arguments[0] == L"--dialogs") {
+        ListDialogs();
+        return 0;
+    }
+    if (arguments.size() == 4 && arguments[0] == L"--pictures") return RunPictures(arguments);
+    if (arguments.size() == 4 && arguments[0] == L"--demo") return RunDemo(arguments);
+    std::fputs(kUsage, stderr);
+    return kUsageError;
 }
 
 }  // namespace
@@ -74,6 +134,7 @@ int Run(const std::vector<std::wstring>& arguments) {
 int main() {
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
+    SetUnhandledExceptionFilter(EndAtCrash);
     try {
         return Run(Arguments());
     } catch (const std::exception& error) {

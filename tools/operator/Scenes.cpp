@@ -4,19 +4,18 @@
 #include <functional>
 #include <vector>
 
-#include "driver/BareDialog.h"
-#include "Calls.h"
+#include "catalogue/Catalogue.h"
 #include "driver/Driver.h"
 #include "driver/Picture.h"
 #include "hostlayer/include/KiroHost.h"
 #include "resources/catia/KrDxfPass.ids.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
-#include "resources/dxfin/KrDxfInAttr.ids.h"
 
 namespace kiro {
 namespace {
 
 using namespace drive;
+
 Windows Filled(const std::wstring& drawing) {
     const HWND dialog = Settle();
     Focus(dialog, kFileNameEdit);
@@ -34,16 +33,6 @@ Windows AfterStart(const std::wstring& drawing) {
     return {dialog, ReadBox().window};
 }
 
-template <int zone>
-Windows Hovered(const std::wstring&) {
-    const HWND dialog = Settle();
-    // From somewhere else, for only a mouse that moves opens an explanation.
-    MoveMouse(Centre(Control(dialog, kSubModelEdit)));
-    MoveMouse(Centre(Control(dialog, zone)));
-    Until("the explanation opens", [&] { return !Popups(dialog).empty(); });
-    return {dialog, Popups(dialog).front()};
-}
-
 template <int button>
 Windows Opened(const std::wstring&) {
     const HWND dialog = Settle();
@@ -51,17 +40,6 @@ Windows Opened(const std::wstring&) {
     const HWND next = Settle();
     if (next == dialog) throw Failure("no dialog opens");
     return {dialog, next};
-}
-
-template <int label>
-Windows Explained(const std::wstring& drawing) {
-    Windows windows = Opened<kAttributesButton>(drawing);
-    const HWND attributes = windows.back();
-    MoveMouse(Centre(Control(attributes, kKeepSettingsCheck)));
-    MoveMouse(Centre(Control(attributes, label)));
-    Until("the explanation opens", [&] { return !Popups(attributes).empty(); });
-    windows.push_back(Popups(attributes).front());
-    return windows;
 }
 
 Windows PictureRefused(const std::wstring&) {
@@ -93,97 +71,92 @@ Windows PasswordTyped(const std::wstring&) {
     return {dialog};
 }
 
-Windows AfterYes(const std::wstring&) {
-    Answer(ReadBox(), IDYES);
-    return {Settle()};
-}
-
 constexpr Scene kScenes[] = {
-    {"import-dxf", "DxfInputDlg", u8"{}", AsItOpens},
-    {"import-dxf-filled", "DxfInputDlg", u8"{}", Filled},
-    {"import-dwg", "DxfInputDlg", u8R"({"inputIsDwg": 1})", AsItOpens},
-    {"import-help-type", "DxfInputDlg", u8"{}", Hovered<kDataTypeZone>},
-    {"import-help-mode", "DxfInputDlg", u8"{}", Hovered<kModeZone>},
-    {"import-help-picture", "DxfInputDlg", u8"{}", Hovered<kPictureZone>},
-    {"import-help-matrix", "DxfInputDlg", u8"{}", Hovered<kMatrixZone>},
-    {"import-help-scale", "DxfInputDlg", u8"{}", Hovered<kScaleZone>},
-    {"import-picture-refused", "DxfInputDlg", u8"{}", PictureRefused},
-    {"import-not-saved", "DxfInputDlg", u8"{}", AfterStart, true},
-    {"import-recent-menu", "DxfInputDlg", u8"{}", LabelMenu},
-    {"import-chooser", "DxfInputDlg", u8"{}", Opened<kBrowseButton>},
-    {"import-parameters", "DxfInputDlg", u8"{}", Opened<kParametersButton>},
-    {"import-attributes", "DxfInputDlg", u8"{}", Opened<kAttributesButton>},
-    {"attributes-help-layer", "DxfInputDlg", u8"{}", Explained<kLayerHelpLabel>},
-    {"attributes-help-line-type", "DxfInputDlg", u8"{}", Explained<kLineTypeHelpLabel>},
-    {"attributes-help-line-width", "DxfInputDlg", u8"{}", Explained<kLineWidthHelpLabel>},
-    {"attributes-help-color", "DxfInputDlg", u8"{}", Explained<kColorHelpLabel>},
-    {"attributes-help-arrow", "DxfInputDlg", u8"{}", Explained<kArrowHelpLabel>},
-    {"attributes-help-text-width", "DxfInputDlg", u8"{}", Explained<kTextWidthHelpLabel>},
-    {"import-batch", "DxfInputDlg", u8"{}", Opened<kBatchButton>},
-    {"password", "DxfInputPass", u8R"({"inputFileName": "/図面/保護図面.dwg"})", AsItOpens},
-    {"password-typed", "DxfInputPass", u8R"({"inputFileName": "/図面/保護図面.dwg"})", PasswordTyped},
-    {"password-refused", "DxfInputPass", u8R"({"inputFileName": "/図面/保護図面.dwg"})", PasswordRefused},
-    {"export", "DxfOutputDlg", u8"{}", AsItOpens},
-    {"pelion-input", "PlInputDlg", u8"{}", AsItOpens},
-    {"pelion-output", "PlOutputDlg", u8"{}", AsItOpens},
-    {"varos-input", "VrInputDlg", u8"{}", AsItOpens},
-    {"varos-output", "VrOutputDlg", u8"{}", AsItOpens},
-    {"catia-input", "CatiaInputDlg", u8"{}", AsItOpens},
-    {"layer-names-question", "DxfLayerNameDialog", u8"{}", AsItOpens},
-    {"layer-names", "DxfLayerNameDialog", u8"{}", AfterYes},
-    {"layer-names-error", "DxfLayerNameDialog", u8R"({"layerNames": [1]})", AsItOpens},
-    {"line-types", "DxfLineTypeDialog", u8"{}", AsItOpens},
-    {"line-types-question", "DxfLineTypeDialog", u8R"({"lineTypes": [1]})", AsItOpens},
-    {"line-types-error", "DxfLineTypeDialog", u8R"({"lineTypes": [-1]})", AsItOpens},
-    {"line-widths", "DxfLineWidthDialog", u8"{}", AsItOpens},
-    {"line-widths-question", "DxfLineWidthDialog", u8R"({"lineWidths": [1]})", AsItOpens},
-    {"line-widths-error", "DxfLineWidthDialog", u8R"({"lineWidths": [-1]})", AsItOpens},
-    {"conversion-warning", "DxfWarningDialog", u8R"({"kind": 1})", AsItOpens},
-    {"error-box", "ErrorMessageBox", u8R"({"errorCode": 1})", AsItOpens},
-    {"warning-box", "WarningMessageBox",
-     u8R"({"message": "変換できない要素があります。\nエラーリストを確認してください。", "caption": "ＤＸＦ読込み"})",
-     AsItOpens},
+    {"import-dxf-filled", "import-dxf", Filled},
+    {"import-picture-refused", "import-dxf", PictureRefused},
+    {"import-not-saved", "import-dxf", AfterStart, true},
+    {"import-recent-menu", "import-dxf", LabelMenu},
+    {"import-chooser", "import-dxf", Opened<kBrowseButton>},
+    {"password-typed", "password", PasswordTyped},
+    {"password-refused", "password", PasswordRefused},
 };
 
-// What the user finds in a dialog that no command opens.
-void OpenBare(int templateId) {
-    const HMODULE library = GetModuleHandleW(L"kirovanteo.dll");
-    const HANDLE context = MakeStyleContext(library);
-    ULONG_PTR cookie = 0;
-    ActivateActCtx(context, &cookie);
-    OpenBareDialog(library, templateId, nullptr);
-    DeactivateActCtx(0, cookie);
-    ReleaseActCtx(context);
+// Nothing is cut by the edge of the desktop, which is small where there is no display.
+void ExpectWhole(const Windows& windows) {
+    RECT desktop{};
+    GetWindowRect(GetDesktopWindow(), &desktop);
+    for (const HWND window : windows) {
+        RECT area{};
+        RECT whole{};
+        GetWindowRect(window, &area);
+        UnionRect(&whole, &area, &desktop);
+        if (!EqualRect(&whole, &desktop))
+            throw Failure("it reaches over the desktop's edge: from " + std::to_string(area.left) + "," +
+                          std::to_string(area.top) + " to " + std::to_string(area.right) + "," +
+                          std::to_string(area.bottom));
+    }
 }
 
-bool Paint(const Scene& scene, const std::filesystem::path& folder, const std::wstring& drawing) {
-    KiroHostSetModified(scene.modified);
-    try {
-        const Json input = Json::parse(reinterpret_cast<const char*>(scene.input));
-        Drive(
-            [&] { scene.command ? void(CallExport(*FindExport(scene.command), input)) : OpenBare(scene.bareTemplate); },
-            [&] {
-                Picture(scene.play(drawing), folder / (std::string(scene.name) + ".png"));
+class Painter {
+  public:
+    explicit Painter(const std::filesystem::path& folder) : folder_(folder) {
+        std::filesystem::create_directories(folder);
+    }
+
+    // The user does something and says what there is to see.
+    void Paint(const char* name, const char* dialog, const std::function<Windows()>& user) {
+        try {
+            const Opening opening = FindDialog(dialog)->prepare();
+            Drive(opening.run, [&] {
+                const Windows windows = user();
+                ExpectWhole(windows);
+                Picture(windows, folder_ / (std::string(name) + ".png"));
                 CancelEverything();
             });
-        return true;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s: %s\n", scene.name, error.what());
-        return false;
+        } catch (const std::exception& error) {
+            std::fprintf(stderr, "%s: %s\n", name, error.what());
+            ++failures_;
+        }
     }
+    int Failures() const { return failures_; }
+
+  private:
+    std::filesystem::path folder_;
+    int failures_ = 0;
+};
+
+Windows Explained(int zone) {
+    const HWND dialog = Settle();
+    // From somewhere else, for only a mouse that moves opens an explanation.
+    MoveMouse(Centre(Control(dialog, IDCANCEL)));
+    SyncInput();
+    MoveMouse(Centre(Control(dialog, zone)));
+    // An explanation that opens while the mouse still moves may go and come again.
+    HWND popup = nullptr;
+    Until("the explanation opens and stays", [&] {
+        const HWND before = popup;
+        const auto popups = Popups(dialog);
+        popup = popups.empty() || !SyncInput() ? nullptr : popups.front();
+        return popup && popup == before;
+    });
+    return {dialog, popup};
 }
 
 }  // namespace
 
-Windows AsItOpens(const std::wstring&) { return {Settle()}; }
-
 int PaintScenes(const std::filesystem::path& folder, const std::wstring& drawing) {
-    std::filesystem::create_directories(folder);
-    int failures = 0;
+    Painter painter(folder);
+    for (const CatalogueDialog& dialog : Catalogue())
+        painter.Paint(dialog.name, dialog.name, [] { return Windows{Settle()}; });
+    for (const Explanation& explanation : Explanations())
+        painter.Paint(explanation.name, explanation.dialog, [&] { return Explained(explanation.zone); });
     for (const std::span<const Scene> scenes : {std::span<const Scene>(kScenes), TableScenes()}) {
-        for (const Scene& scene : scenes) failures += !Paint(scene, folder, drawing);
+        for (const Scene& scene : scenes) {
+            KiroHostSetModified(scene.modified);
+            painter.Paint(scene.name, scene.dialog, [&] { return scene.play(drawing); });
+        }
     }
-    return failures;
+    return painter.Failures();
 }
 
 }  // namespace kiro

@@ -1,0 +1,162 @@
+#include "catalogue/Catalogue.h"
+
+#include <algorithm>
+
+#include "catalogue/Openings.h"
+#include "dxfin_tables/KrDxfInTable.h"
+#include "dxfin_tables/KrDxfInTbl_Arrow.h"
+#include "dxfin_tables/KrDxfInTbl_CLayer.h"
+#include "dxfin_tables/KrDxfInTbl_CWidth.h"
+#include "dxfin_tables/KrDxfInTbl_Color.h"
+#include "dxfin_tables/KrDxfInTbl_LStyle.h"
+#include "dxfin_tables/KrDxfInTbl_LWidth.h"
+#include "dxfin_tables/KrDxfInTbl_Line.h"
+#include "dxfin_tables/KrDxfInTbl_PWidth.h"
+#include "dxfin_tables/KrDxfInTbl_TFont.h"
+#include "dxfin_tables/KrDxfInTbl_TFont2.h"
+#include "entry/CommandFrame.h"
+#include "entry/host/kirobc.h"
+#include "entry/host/kirovanteo.h"
+#include "resources/catia/KrCatiaIn.ids.h"
+#include "resources/catia/KrDxfPass.ids.h"
+#include "resources/dxfin/KrDxfIn.ids.h"
+#include "resources/dxfin/KrDxfInAll.ids.h"
+#include "resources/dxfin/KrDxfInAttr.ids.h"
+#include "resources/dxfin/KrDxfInAttrHelp.ids.h"
+#include "resources/dxfin/KrDxfInHelp.ids.h"
+#include "resources/dxfin/KrDxfInParam.ids.h"
+#include "resources/dxfin_tables/KrDxfInTable.ids.h"
+#include "resources/dxfin_tables/KrDxfInTbl_Arrow.ids.h"
+#include "resources/dxfin_tables/KrDxfInTbl_CLayer.ids.h"
+#include "resources/dxfin_tables/KrDxfInTbl_CWidth.ids.h"
+#include "resources/dxfin_tables/KrDxfInTbl_Color.ids.h"
+#include "resources/dxfin_tables/KrDxfInTbl_LStyle.ids.h"
+#include "resources/dxfin_tables/KrDxfInTbl_LWidth.ids.h"
+#include "resources/dxfin_tables/KrDxfInTbl_Layer.ids.h"
+#include "resources/dxfin_tables/KrDxfInTbl_Line.ids.h"
+#include "resources/dxfin_tables/KrDxfInTbl_PWidth.ids.h"
+#include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
+#include "resources/dxfout/KrDxfOut.ids.h"
+#include "resources/model/KrDxfLayerName.ids.h"
+#include "resources/model/KrDxfLineType.ids.h"
+#include "resources/model/KrDxfLineWidth.ids.h"
+#include "resources/model/KrDxfWarning1.ids.h"
+#include "resources/peliondb/KrPlIn.ids.h"
+#include "resources/peliondb/KrPlOut.ids.h"
+#include "resources/varosdb/KrVrIn.ids.h"
+#include "resources/varosdb/KrVrOut.ids.h"
+
+namespace kiro {
+namespace {
+
+constexpr std::int32_t kNotSet = 1;    // a state word with which the user is asked
+constexpr std::int32_t kRefused = -1;  // and one with which the command refuses
+constexpr bool kToClasses = false;
+constexpr bool kToRevisions = true;
+
+template <auto command>
+Opening OverRecord() {
+    return Cleared<TARNAINFO>([](TARNAINFO& info) { return command(&info); });
+}
+template <std::int32_t state>
+void AskLayerNames() {
+    std::int32_t words[257] = {state};
+    DxfLayerNameDialog(0, words);
+}
+template <std::int32_t state>
+void AskLineTypes() {
+    std::int32_t words[64] = {state};
+    DxfLineTypeDialog(words);
+}
+template <std::int32_t state>
+void AskLineWidths() {
+    std::int32_t words[17] = {state};
+    DxfLineWidthDialog(0, words);
+}
+void TellWarning() {
+    const auto euc = [](const char* text) { return HxEucEncoder::Sjis2Euc(text); };
+    WarningMessageBox(euc("変換できない要素があります。\nエラーリストを確認してください。").c_str(),
+                      euc("ＤＸＦ読込み").c_str());
+}
+
+const CatalogueDialog kDialogs[] = {
+    // The import.
+    {"import-dxf", kDxfInDialog, [] { return ImportCommand(false); }},
+    {"import-dwg", kDxfInDialog, [] { return ImportCommand(true); }},
+    {"import-parameters", kDxfInParamDialog, Plain<CommandFrame, kDxfInParamDialog>},
+    {"import-batch", kDxfInAllDialog, Plain<CommandFrame, kDxfInAllDialog>},
+    {"import-attributes", kDxfInAttrDialog, ImportAttributes},
+    {"password", kDxfPassDialog, PasswordCommand},
+    // The tables of the import.
+    {"table-launcher", kInTableDialog, Plain<KrDxfInTable>},
+    {"table-layer", kLayerTableDialog, LayerHub, kReadsFile},
+    {"table-layer-classes", kDxfInLayerGridDialog, [] { return EditorOf<KrDxfInTbl_CLayer>(DemoLayers(kToClasses)); },
+     kHasGrid},
+    {"table-layer-revisions", kDxfInLayerGridDialog,
+     [] { return EditorOf<KrDxfInTbl_CLayer>(DemoLayers(kToRevisions)); }, kHasGrid},
+    {"table-colors", kDxfInColorGridDialog, [] { return EditorOf<KrDxfInTbl_Color>(DemoLayers(kToClasses)); },
+     kHasGrid},
+    {"table-color-classes", kDxfInColorGridDialog, [] { return EditorOf<KrDxfInTbl_Color>(DemoLayers(kToRevisions)); },
+     kHasGrid},
+    {"table-lines", kLineTableDialog, Plain<KrDxfInTbl_Line>, kReadsFile},
+    {"table-line-types", kDxfInLineTypeGridDialog, [] { return EditorOf<KrDxfInTbl_LStyle>(DemoLines()); }, kHasGrid},
+    {"table-polylines", kDxfInPolyWidthGridDialog, [] { return EditorOf<KrDxfInTbl_PWidth>(DemoLines()); }, kHasGrid},
+    {"table-color-widths", kDxfInColorWidthGridDialog, [] { return EditorOf<KrDxfInTbl_CWidth>(DemoLines()); },
+     kHasGrid},
+    {"table-line-widths", kDxfInLineWidthGridDialog, [] { return EditorOf<KrDxfInTbl_LWidth>(DemoLines()); }, kHasGrid},
+    {"table-fonts", kDxfInTextFontDialog, Plain<KrDxfInTbl_TFont>, kHasGrid, L"DXFKIRO_STYLE"},
+    {"table-fonts-help", kDxfInTextFontHelpDialog, Plain<KrDxfInTbl_TFont2>},
+    {"table-arrows", kDxfInArrowDialog, Plain<KrDxfInTbl_Arrow>, kHasGrid, L"DXFKIRO_ARROW"},
+    // The other commands.
+    {"export", kDxfOutDialog, OverRecord<DxfOutputDlg>},
+    {"pelion-input", kPlInDialog, OverRecord<PlInputDlg>},
+    {"pelion-output", kPlOutDialog, OverRecord<PlOutputDlg>},
+    {"varos-input", kVrInDialog, OverRecord<VrInputDlg>},
+    {"varos-output", kVrOutDialog, OverRecord<VrOutputDlg>},
+    {"catia-input", kCatiaInDialog,
+     [] { return Cleared<CATIAINFO>([](CATIAINFO& info) { return CatiaInputDlg(&info); }); }},
+    {"layer-names", kDxfLayerNameDialog, Plain<CommandFrame, kDxfLayerNameDialog>},
+    {"line-types", kDxfLineTypeDialog,
+     [] { return Cleared<LineTypeWords>([](LineTypeWords& types) { return DxfLineTypeDialog(types.words); }); }},
+    {"line-widths", kDxfLineWidthDialog,
+     [] {
+         return Cleared<LineWidthWords>([](LineWidthWords& widths) { return DxfLineWidthDialog(0, widths.words); });
+     }},
+    {"conversion-warning", kDxfWarning1Dialog, Plain<CommandFrame, kDxfWarning1Dialog>},
+    // What commands ask and tell before their dialogs, or without one.
+    {"layer-names-question", kNoTemplate, [] { return BoxOf(AskLayerNames<0>); }},
+    {"layer-names-error", kNoTemplate, [] { return BoxOf(AskLayerNames<kNotSet>); }},
+    {"line-types-question", kNoTemplate, [] { return BoxOf(AskLineTypes<kNotSet>); }},
+    {"line-types-error", kNoTemplate, [] { return BoxOf(AskLineTypes<kRefused>); }},
+    {"line-widths-question", kNoTemplate, [] { return BoxOf(AskLineWidths<kNotSet>); }},
+    {"line-widths-error", kNoTemplate, [] { return BoxOf(AskLineWidths<kRefused>); }},
+    {"error-box", kNoTemplate, [] { return BoxOf([] { ErrorMessageBox(1); }); }},
+    {"warning-box", kNoTemplate, [] { return BoxOf(TellWarning); }},
+};
+
+constexpr Explanation kExplanations[] = {
+    {"import-help-type", "import-dxf", kDataTypeZone, kDataTypeHelp},
+    {"import-help-mode", "import-dxf", kModeZone, kModeHelp},
+    {"import-help-picture", "import-dxf", kPictureZone, kPictureHelp},
+    {"import-help-matrix", "import-dxf", kMatrixZone, kMatrixHelp},
+    {"import-help-scale", "import-dxf", kScaleZone, kScaleHelp},
+    {"attributes-help-layer", "import-attributes", kLayerHelpLabel, kLayerConversionHelp},
+    {"attributes-help-line-type", "import-attributes", kLineTypeHelpLabel, kLineTypeConversionHelp},
+    {"attributes-help-line-width", "import-attributes", kLineWidthHelpLabel, kLineWidthConversionHelp},
+    {"attributes-help-color", "import-attributes", kColorHelpLabel, kColorConversionHelp},
+    {"attributes-help-arrow", "import-attributes", kArrowHelpLabel, kArrowConversionHelp},
+    {"attributes-help-text-width", "import-attributes", kTextWidthHelpLabel, kTextWidthConversionHelp},
+};
+
+}  // namespace
+
+std::span<const CatalogueDialog> Catalogue() { return kDialogs; }
+
+const CatalogueDialog* FindDialog(std::string_view name) {
+    const auto found = std::ranges::find(kDialogs, name, &CatalogueDialog::name);
+    return found == std::end(kDialogs) ? nullptr : found;
+}
+
+std::span<const Explanation> Explanations() { return kExplanations; }
+
+}  // namespace kiro

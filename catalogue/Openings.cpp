@@ -1,0 +1,92 @@
+#include "catalogue/Openings.h"
+
+#include "dxfin/KrDxfInAttr.h"
+#include "dxfin_tables/KrDxfInTbl_IO.h"
+#include "dxfin_tables/KrDxfInTbl_Layer.h"
+#include "entry/host/FixedText.h"
+#include "entry/host/kirobc.h"
+#include "entry/host/kirovanteo.h"
+
+namespace kiro {
+namespace {
+
+constexpr char kLayerFile[] = "DXFKIRO_LAYER";
+
+HANDLE StyleContext() {
+    static const HANDLE context = drive::MakeStyleContext(GetModuleHandleW(L"kirovanteo.dll"));
+    return context;
+}
+
+// The table as its file has it; of a layer table, the file that it names.
+template <class Table>
+std::shared_ptr<Table> Read(std::shared_ptr<Table> table, void (KrDxfInTbl_IO::*read)(Table&)) {
+    const KrUtilityPtr utility(KrCreateUtility());
+    KrDxfInTbl_IO io(*utility, Grgetwin(-1));
+    (io.*read)(*table);
+    return table;
+}
+
+std::shared_ptr<DxfInLayerTable> NamedLayers() {
+    auto table = std::make_shared<DxfInLayerTable>();
+    WriteFixedText(table->fileName, kLayerFile);
+    return table;
+}
+
+}  // namespace
+
+LibraryContext::LibraryContext() : module_(GetModuleHandleW(L"kirovanteo.dll")) {
+    ActivateActCtx(StyleContext(), &cookie_);
+}
+
+LibraryContext::~LibraryContext() { DeactivateActCtx(0, cookie_); }
+
+// ---- Records ----
+
+std::shared_ptr<ImportData> DemoImport(bool dwg) {
+    auto data = std::make_shared<ImportData>();
+    data->info.input.inputIsDwg = dwg;
+    data->info.input.importParams = &data->params;
+    // Without a font table, which no demonstration has, text widths are converted by the table only.
+    data->params.textWidthConversion = 2;
+    data->params.defaultLineWeight = 1;
+    return data;
+}
+
+// "一括変換" hands the name of the layer table over although nothing is confirmed.
+Opening ImportCommand(bool dwg) {
+    const auto data = DemoImport(dwg);
+    const auto bytes = BytesOf(data->info);
+    constexpr std::size_t table = offsetof(TarnaImportView, layerTableFileName);
+    constexpr std::size_t behind = table + sizeof TarnaImportView::layerTableFileName;
+    return {[data] { return Ended(DxfInputDlg(&data->info)); }, {bytes.first(table), bytes.subspan(behind)}};
+}
+
+Opening PasswordCommand() {
+    const auto data = DemoImport(true);
+    WriteFixedText(data->info.input.inputFileName, HxEucEncoder::Sjis2Euc("/図面/保護図面.dwg"));
+    return {[data] { return Ended(DxfInputPass(&data->info)); }, {BytesOf(*data)}};
+}
+
+Opening ImportAttributes() {
+    const auto data = DemoImport(false);
+    return {[data] { return RunDialog([&] { return KrDxfInAttr(data->params); }); }, {BytesOf(*data)}};
+}
+
+// ---- Tables ----
+
+std::shared_ptr<DxfInLayerTable> DemoLayers(bool revisions) {
+    const auto table = Read(NamedLayers(), &KrDxfInTbl_IO::ReadLayerTable);
+    table->layerSwitch = revisions;
+    return table;
+}
+
+std::shared_ptr<DxfInLineTable> DemoLines() {
+    return Read(std::make_shared<DxfInLineTable>(), &KrDxfInTbl_IO::ReadLineTable);
+}
+
+Opening LayerHub() {
+    const auto start = NamedLayers();
+    return {[start] { return RunDialog([&] { return KrDxfInTbl_Layer(*start, 1, 0); }); }, {BytesOf(*start)}};
+}
+
+}  // namespace kiro
