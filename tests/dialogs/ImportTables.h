@@ -1,33 +1,65 @@
-// The attribute conversion behind the import dialog, and the conversion tables behind that.
+// The attribute conversion of an import, the dialogs that own its tables' files, and the grid editors behind those.
+// Each is opened as the library opens it, without the windows that a user comes through.
 #pragma once
 
 #include <functional>
 #include <iterator>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "driver/GridDriver.h"
+#include "dxfin/KrDxfInAttr.h"
+#include "dxfin_tables/KrDxfInTbl_Arrow.h"
+#include "dxfin_tables/KrDxfInTbl_Layer.h"
+#include "dxfin_tables/KrDxfInTbl_Line.h"
+#include "dxfin_tables/KrDxfInTbl_TFont.h"
+#include "entry/host/FixedText.h"
 #include "resources/dxfin/KrDxfInAttr.ids.h"
-#include "tests/dialogs/ImportDialogTest.h"
+#include "resources/dxfin_tables/KrDxfInTbl_Layer.ids.h"
+#include "resources/dxfin_tables/KrDxfInTbl_Line.ids.h"
+#include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
+#include "resources/grid.ids.h"
+#include "tests/dialogs/TestHost.h"
 
 inline constexpr wchar_t kTables[] = L"DXF\\TABLE\\";
 inline constexpr wchar_t kLayerFile[] = L"DXFKIRO_LAYER";
+inline constexpr wchar_t kLineFile[] = L"DXFKIRO_LINE";
+inline constexpr wchar_t kFontFile[] = L"DXFKIRO_STYLE";
+inline constexpr wchar_t kArrowFile[] = L"DXFKIRO_ARROW";
+inline constexpr wchar_t kLayerCaption[] = L"レイヤ割当て・色割当て";
 inline constexpr wchar_t kSaveQuestion[] = L"変更内容を保存しますか？";
 inline constexpr int kChooserName = 0x47C;  // the system chooser's file-name combo
 
-class ImportTables : public ImportDialog {
+// Where an editor is found, and what its refusals say.
+struct Editor {
+    const wchar_t* caption;
+    const wchar_t* file;
+    int choose = 0;  // the radio of the hub that enables the button; 0: none
+    int edit = 0;    // the button of the hub; 0: the editor owns its file
+};
+inline constexpr Editor kClasses = {L"レイヤのクラス割当て", kLayerFile, kLayersToClassesRadio, kLayerClassButton};
+inline constexpr Editor kRevisions = {L"レイヤのレビジョン割当て", kLayerFile, kLayersToRevisionsRadio,
+                                      kLayerRevisionButton};
+inline constexpr Editor kColorRevisions = {L"色のレビジョン割当て", kLayerFile, kLayersToClassesRadio,
+                                           kColorRevisionButton};
+inline constexpr Editor kColorClasses = {L"色のクラス割当て", kLayerFile, kLayersToRevisionsRadio, kColorClassButton};
+inline constexpr Editor kLineTypes = {L"線種割当て", kLineFile, 0, kLineTypesButton};
+inline constexpr Editor kPolylines = {L"線種割当て", kLineFile, kPolylinesOnRadio, kPolylineWidthsButton};
+inline constexpr Editor kColorWidths = {L"線種割当て", kLineFile, kColorsOnRadio, kColorWidthsButton};
+inline constexpr Editor kLineWidths = {L"線種割当て", kLineFile, kWidthsOnRadio, kLineWidthsButton};
+inline constexpr Editor kFonts = {L"文字フォント割当て", kFontFile};
+inline constexpr Editor kArrows = {L"矢印割当て", kArrowFile};
+
+using Cells = std::vector<std::wstring>;
+
+class ImportTables : public TestHost {
   protected:
-    // The user gets the open dialog and closes it.
-    void Attributes(const std::function<void(HWND dialog)>& user) {
-        using namespace kiro::drive;
-        Look([&](HWND import) {
-            Click(import, kAttributesButton);
-            const HWND dialog = Settle();
-            ASSERT_EQ(L"読込み：属性変換", Text(dialog));
-            user(dialog);
-            ASSERT_EQ(import, Settle()) << "the dialog is still open";
-        });
-    }
+    enum RowCommand { kAdd, kInsert, kDelete };  // in the order of the menu
+
+    // ---- Files ----
+
     std::filesystem::path TableFile(const std::wstring& name) const { return home / (kTables + name); }
     std::filesystem::path WriteTable(const std::wstring& name, const std::string& bytes) const {
         return Write(kTables + name, bytes);
@@ -36,6 +68,63 @@ class ImportTables : public ImportDialog {
         std::ifstream in(TableFile(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(in), {}};
     }
+    bool Has(const std::wstring& name, const std::string& text) const {
+        return Bytes(name).find(text) != std::string::npos;
+    }
+    // Where the file is to be there can be none.
+    void Obstruct(const std::wstring& name) const {
+        std::filesystem::remove_all(TableFile(name));
+        std::filesystem::create_directories(TableFile(name));
+    }
+
+    // ---- Opening. The user gets the open dialog and closes it. ----
+
+    template <class Dialog>
+    INT_PTR Play(Dialog& dialog, const std::function<void(HWND dialog)>& user) {
+        const LibraryResources resources;
+        return kiro::drive::Drive([&] { return dialog.DoModal(owner); }, [&] { user(kiro::drive::Settle()); });
+    }
+    void Attributes(const std::function<void(HWND dialog)>& user) {
+        KrDxfInAttr dialog(record.params);
+        Play(dialog, user);
+    }
+    // The dialog that owns the file.
+    INT_PTR Open(const std::wstring& file, const std::function<void(HWND dialog)>& user) {
+        if (file == kLineFile) {
+            KrDxfInTbl_Line dialog;
+            return Play(dialog, user);
+        }
+        if (file == kFontFile) {
+            KrDxfInTbl_TFont dialog;
+            return Play(dialog, user);
+        }
+        if (file == kArrowFile) {
+            KrDxfInTbl_Arrow dialog;
+            return Play(dialog, user);
+        }
+        const auto table = std::make_unique<DxfInLayerTable>();
+        WriteFixedText(table->fileName, "DXFKIRO_LAYER");
+        KrDxfInTbl_Layer dialog(*table, 1, 0);
+        return Play(dialog, user);
+    }
+    // An editor; afterwards the table is saved or not.
+    void Edit(const Editor& editor, bool save, const std::function<void(HWND dialog, const kiro::drive::Grid&)>& user) {
+        using namespace kiro::drive;
+        Open(editor.file, [&](HWND hub) {
+            if (editor.choose) Click(hub, editor.choose);
+            if (editor.edit) Click(hub, editor.edit);
+            const HWND dialog = Settle();
+            user(dialog, Grid(dialog, kGrid));
+            ASSERT_EQ(editor.edit ? hub : nullptr, Settle()) << "the editor is still open";
+            if (!editor.edit) return;
+            Click(hub, save ? IDOK : IDCANCEL);
+            // Whether to save, and whether to overwrite what another program has written meanwhile.
+            while (Settle()) Answer(ReadBox(), save ? IDYES : IDNO);
+        });
+    }
+
+    // ---- What the user does and sees ----
+
     // Names a file in the chooser that the button opens.
     static void Choose(HWND dialog, int button, const std::wstring& name) {
         using namespace kiro::drive;
@@ -52,15 +141,61 @@ class ImportTables : public ImportDialog {
         EXPECT_EQ(answer == IDOK ? std::vector<int>{IDOK} : (std::vector<int>{IDYES, IDNO}), box.buttons);
         kiro::drive::Answer(box, answer);
     }
-    void OpenLayers(HWND dialog, const std::function<void(HWND hub)>& user) {
-        using namespace kiro::drive;
-        Choose(dialog, kColorChangeButton, kLayerFile);
-        const HWND hub = Settle();
-        ASSERT_EQ(L"レイヤ割当て・色割当て", Text(hub));
-        user(hub);
-        ASSERT_EQ(dialog, Settle()) << "the table is still open";
-    }
     static void ExpectEnabled(HWND dialog, const std::vector<std::pair<int, bool>>& rows) {
         for (const auto& [id, on] : rows) EXPECT_EQ(on, kiro::drive::IsEnabled(dialog, id)) << id;
     }
+    static void ExpectError(HWND dialog, const std::wstring& message) {
+        EXPECT_EQ(message, kiro::drive::Guidance(dialog));
+        EXPECT_TRUE(kiro::drive::IsGuidanceError(dialog)) << testing::PrintToString(message);
+    }
+    static void Change(const kiro::drive::Grid& grid, int row, int column, const std::wstring& text) {
+        grid.Click(row, column);
+        grid.Write(text);
+    }
+    // "設定" must be refused with the box, and lead to the cell with the message.
+    static void ExpectRefusal(const Editor& editor, HWND dialog, kiro::drive::GridPlace cell,
+                              const std::wstring& message) {
+        using namespace kiro::drive;
+        Click(dialog, IDOK);
+        Expect(editor.caption, L"設定内容に誤りがあります。", MB_ICONERROR, IDOK);
+        ASSERT_EQ(dialog, Settle()) << "closed with " << testing::PrintToString(message);
+        EXPECT_EQ(cell, Grid(dialog, kGrid).Current());
+        EXPECT_EQ(kGrid, FocusId());
+        ExpectError(dialog, message);
+    }
+    static bool IsMarked(const kiro::drive::Grid& grid, kiro::drive::GridPlace cell) {
+        return grid.Pixel(cell.row, cell.column, 4, 4) == RGB(0xFF, 0xE0, 0xE0);
+    }
+    static bool IsMenuOpen() {
+        GUITHREADINFO state{};
+        state.cbSize = sizeof state;
+        return GetGUIThreadInfo(kiro::drive::UiThread(), &state) && (state.flags & GUI_INMENUMODE);
+    }
+    static POINT MenuPlace(const kiro::drive::Grid& grid) {  // of the open menu, in the list view
+        RECT menu{};
+        GetWindowRect(kiro::drive::OpenMenu(), &menu);
+        POINT place{menu.left, menu.top};
+        ScreenToClient(grid.List(), &place);
+        return place;
+    }
+    // A command of the row menu, which the menu key opens.
+    static void Command(RowCommand command) {
+        kiro::drive::Key(VK_APPS);
+        kiro::drive::PickMenu(command);
+        EXPECT_EQ(kGrid, kiro::drive::FocusId());
+    }
+    static Cells Row(const kiro::drive::Grid& grid, int row) {
+        using namespace kiro::drive;
+        Cells cells;
+        const auto header = reinterpret_cast<HWND>(Send(grid.List(), LVM_GETHEADER));
+        for (int column = 0; column < Send(header, HDM_GETITEMCOUNT); ++column) cells.push_back(grid.Cell(row, column));
+        return cells;
+    }
+    static std::vector<Cells> AllRows(const kiro::drive::Grid& grid) {
+        std::vector<Cells> rows;
+        for (int row = 0; row < grid.Rows(); ++row) rows.push_back(Row(grid, row));
+        return rows;
+    }
+
+    ImportRecord record;
 };
