@@ -5,9 +5,12 @@
 #include <algorithm>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "entry/host/KrUtility.h"
+#include "text/Numbers.h"
 #include "ui/MessageBoxes.h"
 #include "ui/RadioGroup.h"
 
@@ -47,6 +50,27 @@ class WordChoices {
                          }});
     }
 
+    // An edit with an integer from low to high, in half-width characters. message: for any other text.
+    void Number(Word word, int editId, std::int32_t low, std::int32_t high, const char* message) {
+        rows_.push_back(
+            {[=, this](const Block& block) { dialog_.Item<Edit>(editId).SetText(std::to_string(block.*word)); },
+             [=, this](Block& block) { block.*word = ReadInteger(TextOf(editId)).value_or(0); }});
+        numbers_.push_back({{editId, message}, low, high});
+    }
+
+    // The first edit, in the order in which they were stated, whose text is no such number. To be asked before Read.
+    struct Fault {
+        int editId;
+        const char* message;
+    };
+    std::optional<Fault> FirstFault(KrUtility& utility) const {
+        for (const NumberRow& number : numbers_) {
+            if (!utility.CheckNumber(TextOf(number.fault.editId).c_str(), kKrInteger, number.low, number.high))
+                return number.fault;
+        }
+        return std::nullopt;
+    }
+
     void Show(const Block& block) const {  // when the dialog is initialised
         for (const Row& row : rows_) row.show(block);
     }
@@ -59,6 +83,12 @@ class WordChoices {
         std::function<void(const Block&)> show;
         std::function<void(Block&)> read;
     };
+    struct NumberRow {
+        Fault fault;
+        std::int32_t low;
+        std::int32_t high;
+    };
+    std::string TextOf(int editId) const { return dialog_.Item<Edit>(editId).Text().value_or(std::string()); }
     static int IndexOf(const std::vector<std::int32_t>& values, std::int32_t value, int otherwise) {
         const auto found = std::find(values.begin(), values.end(), value);
         return found == values.end() ? otherwise : static_cast<int>(found - values.begin());
@@ -66,6 +96,7 @@ class WordChoices {
 
     Dialog& dialog_;
     std::vector<Row> rows_;
+    std::vector<NumberRow> numbers_;
 };
 
 // "設定を保存する": hands the words to the host and has it keep them as its defaults. When that fails the host has the
