@@ -1,9 +1,13 @@
-// A host that calls a command on a second thread, with its own message loop, while another one is open on the first.
+// What a host may do while a command's dialogs are open: end its message loop, destroy its window, or call a command on
+// another thread, with a message loop of its own.
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <thread>
 
+#include "resources/catia/KrDxfPass.ids.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
+#include "resources/dxfin/KrDxfInAttr.ids.h"
 #include "tests/dialogs/TestHost.h"
 
 using namespace kiro::drive;
@@ -62,6 +66,56 @@ class SecondCommand {
 };
 
 }  // namespace
+
+// Nothing is confirmed, and the quit is there for the host's own loop.
+TEST_F(TestHost, AQuitOrTheEndOfTheWindowCancelsEveryCommand) {
+    ImportRecord record;
+    const ImportRecord before = record;
+    std::int32_t lineTypes[64] = {};
+    const struct {
+        std::function<int()> call;  // not 0: cancelled
+        std::function<void(HWND)> user;
+    } commands[] = {
+        {[&] { return DxfInputDlg(&record.info); }, [](HWND dialog) { Click(dialog, kAddRadio); }},
+        {[&] { return DxfInputDlg(&record.info); },
+         [](HWND dialog) {
+             Click(dialog, kAttributesButton);
+             Click(Settle(), kLayerNamesCheck);  // is not confirmed
+         }},
+        {[&] { return DxfInputPass(&record.info); }, [](HWND dialog) { TypeKeys(dialog, kPasswordEdit, L"secret"); }},
+        {[] { return DxfWarningDialog(1) ? 0 : 1; }, [](HWND) {}},
+        {[&] { return DxfLineTypeDialog(lineTypes) ? 0 : 1; }, [](HWND) {}},
+    };
+    for (const auto& command : commands) {
+        for (const bool quit : {true, false}) {
+            int code = 0;
+            EXPECT_NE(0, Drive(
+                             [&] {
+                                 const int result = command.call();
+                                 MSG message;
+                                 while (quit && GetMessageW(&message, nullptr, 0, 0) > 0) continue;
+                                 if (quit) code = static_cast<int>(message.wParam);
+                                 return result;
+                             },
+                             [&] {
+                                 command.user(Settle());
+                                 if (quit)
+                                     PostThreadMessageW(UiThread(), WM_QUIT, 77, 0);
+                                 else
+                                     PostMessageW(owner, WM_CLOSE, 0, 0);
+                                 Until("the end", [] { return Settle() == nullptr; });
+                             }));
+            EXPECT_EQ(quit ? 77 : 0, code);
+            EXPECT_TRUE(before == record);
+            if (!quit) {
+                owner = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 900, 700,
+                                        nullptr, nullptr, nullptr, nullptr);
+                KiroHostSetMainWindow(owner);
+            }
+            EXPECT_TRUE(IsWindowEnabled(owner));
+        }
+    }
+}
 
 TEST_F(TestHost, TheEndOfACommandLeavesThatOfAnotherThreadAlone) {
     ImportRecord record;
