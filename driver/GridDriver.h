@@ -16,6 +16,7 @@
 #include <functional>
 #include <string>
 
+#include "driver/Clipboard.h"
 #include "driver/Driver.h"
 #include "driver/GridWatch.h"
 
@@ -43,7 +44,7 @@ inline void KeyHolding(WORD held, WORD key) {
 
 class Grid {
   public:
-    Grid(HWND dialog, int listId) : dialog_(dialog), list_(Control(dialog, listId)) {}
+    Grid(HWND dialog, int listId) : list_(Control(dialog, listId)) {}
 
     // ---- Reading ----
 
@@ -115,14 +116,7 @@ class Grid {
         Send(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
     }
     void Paste(const std::wstring& text) const {
-        if (!OpenClipboard(dialog_)) throw Failure("the clipboard cannot be opened");
-        EmptyClipboard();
-        const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
-        const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
-        std::memcpy(GlobalLock(memory), text.c_str(), size);
-        GlobalUnlock(memory);
-        SetClipboardData(CF_UNICODETEXT, memory);
-        CloseClipboard();
+        PutOnClipboard(text);
         PostMessageW(Focused(), WM_PASTE, 0, 0);
         Sync();
     }
@@ -176,7 +170,6 @@ class Grid {
         Sync();
     }
 
-    HWND dialog_;
     HWND list_;
 };
 

@@ -1,8 +1,8 @@
 // The password dialog: what the operator types is what the record holds, and nothing of it stays behind.
+#include "driver/Clipboard.h"
 #include "driver/GridDriver.h"
 #include "entry/host/FixedText.h"
 #include "resources/catia/KrDxfPass.ids.h"
-#include "tests/dialogs/Clipboard.h"
 #include "tests/dialogs/TestHost.h"
 
 using namespace kiro::drive;
@@ -118,7 +118,7 @@ TEST_F(PasswordDialog, EditsLikeAnyEdit) {
 }
 
 TEST_F(PasswordDialog, TakesBackAndPastesButCopiesNothing) {
-    PutIntoClipboard(L"貼\r\nrest");
+    PutOnClipboard(L"貼\r\nrest");
     const DWORD clipboard = GetClipboardSequenceNumber();
     EXPECT_EQ(0, Run([&](HWND dialog) {
                   const HWND edit = Control(dialog, kPasswordEdit);

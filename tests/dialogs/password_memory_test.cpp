@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
+#include "driver/Clipboard.h"
 #include "driver/Driver.h"
 #include "resources/catia/KrDxfPass.ids.h"
-#include "tests/dialogs/Clipboard.h"
 
 namespace {
 
@@ -235,7 +235,7 @@ TEST(PasswordMemory, NothingStaysWhateverEndsTheDialog) {
 
 // The clipboard is the system's, which makes a copy of its own for a program that asks for it. Pasting adds none.
 TEST(PasswordMemory, PastingAddsNothing) {
-    PutIntoClipboard(kLong.wide);
+    kiro::drive::PutOnClipboard(kLong.wide);
     {
         const Host host;
         const int before = host.Finds(kAll);
@@ -246,7 +246,7 @@ TEST(PasswordMemory, PastingAddsNothing) {
         host.WaitForReturn();
         EXPECT_EQ(before, host.Finds(kAll));
     }
-    PutIntoClipboard(L"");
+    kiro::drive::PutOnClipboard(L"");
 }
 
 }  // namespace

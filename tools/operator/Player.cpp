@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Calls.h"
+#include "driver/Clipboard.h"
 #include "driver/Driver.h"
 #include "driver/State.h"
 
@@ -85,17 +86,6 @@ HWND DroppedList() {
     for (HWND window = nullptr; !found && (window = FindWindowExW(nullptr, window, L"ComboLBox", nullptr));)
         if (GetWindowThreadProcessId(window, nullptr) == UiThread() && IsWindowVisible(window)) found = window;
     return found;
-}
-
-void PutOnClipboard(const std::wstring& text) {
-    if (!OpenClipboard(nullptr)) return;
-    EmptyClipboard();
-    const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
-    std::memcpy(GlobalLock(memory), text.c_str(), size);
-    GlobalUnlock(memory);
-    SetClipboardData(CF_UNICODETEXT, memory);
-    CloseClipboard();
 }
 
 // A dialog may close just now, and what is sent to a window that goes is for nobody.
