@@ -5,7 +5,8 @@
 #include <iterator>
 
 #include "catalogue/DemoHome.h"
-#include "tests/dialogs/GoldenText.h"
+#include "catalogue/DialogText.h"
+#include "tests/dialogs/LineDifferences.h"
 #include "tests/dialogs/TestHost.h"
 
 namespace {
@@ -24,7 +25,7 @@ TEST_F(Golden, EveryDialogIsAsItIsHeld) {
     std::string text;
     for (const kiro::CatalogueDialog& dialog : kiro::Catalogue()) {
         try {
-            text += GoldenText(dialog);
+            text += kiro::DialogText(dialog);
         } catch (const std::exception& failure) {
             ADD_FAILURE() << dialog.name << ": " << failure.what();
         }

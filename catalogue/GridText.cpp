@@ -4,18 +4,20 @@
 
 #include "RecordJson.h"
 #include "driver/GridDriver.h"
-#include "tests/dialogs/GoldenText.h"
+#include "catalogue/DialogText.h"
 
-using namespace kiro::drive;
+namespace kiro {
+
+using namespace drive;
 
 namespace {
 
 constexpr int kFirstRows = 5;  // that are shown, beside the last
 constexpr int kComboEdit = 1001;
 
-class GridText {
+class GridWriter {
   public:
-    GridText(HWND dialog, int listId) : dialog_(dialog), grid_(dialog, listId) {
+    GridWriter(HWND dialog, int listId) : dialog_(dialog), grid_(dialog, listId) {
         const auto header = reinterpret_cast<HWND>(Send(grid_.List(), LVM_GETHEADER));
         columns_ = static_cast<int>(Send(header, HDM_GETITEMCOUNT));
     }
@@ -42,7 +44,7 @@ class GridText {
     std::string Row(int row) const {
         std::string text = std::to_string(row + 1) + ":";
         for (int column = 0; column < columns_; ++column)
-            text += (column ? " | " : " ") + kiro::Utf8FromWide(grid_.Cell(row, column));
+            text += (column ? " | " : " ") + Utf8FromWide(grid_.Cell(row, column));
         return text + "\n";
     }
     std::wstring Title(int column) const {
@@ -155,4 +157,6 @@ class GridText {
 
 }  // namespace
 
-std::string GoldenGrid(HWND dialog, int listId) { return GridText(dialog, listId).Write(); }
+std::string GridText(HWND dialog, int listId) { return GridWriter(dialog, listId).Write(); }
+
+}  // namespace kiro

@@ -2,7 +2,7 @@
 #include <sstream>
 #include <vector>
 
-#include "tests/dialogs/GoldenText.h"
+#include "tests/dialogs/LineDifferences.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "tests/dialogs/GoldenText.h"
+#include "catalogue/DialogText.h"
 
 #include <commctrl.h>
 
@@ -9,7 +9,9 @@
 #include "RecordJson.h"
 #include "driver/Driver.h"
 
-using namespace kiro::drive;
+namespace kiro {
+
+using namespace drive;
 
 namespace {
 
@@ -67,7 +69,7 @@ std::string Kind(HWND control) {
     if (name == L"Edit") return Has(control, ES_PASSWORD) ? "password" : "edit";
     if (name == L"ComboBox") return Has(control, CBS_DROPDOWNLIST) ? "list" : "list with edit";
     if (name == L"SysListView32") return "grid";
-    return kiro::Utf8FromWide(name);
+    return Utf8FromWide(name);
 }
 
 std::string Entries(HWND dialog, HWND combo) {
@@ -134,7 +136,7 @@ std::string GuidanceTexts(HWND dialog) {
 
 std::string ExplanationTexts(HWND dialog, const char* name) {
     std::string lines;
-    for (const kiro::Explanation& explanation : kiro::Explanations()) {
+    for (const Explanation& explanation : Explanations()) {
         if (std::string_view(explanation.dialog) != name) continue;
         const auto before = Popups(dialog);
         MoveMouse(Centre(Control(dialog, explanation.zone)));
@@ -146,7 +148,7 @@ std::string ExplanationTexts(HWND dialog, const char* name) {
     return lines;
 }
 
-std::string DialogText(HWND dialog, const char* name) {
+std::string WindowText(HWND dialog, const char* name) {
     std::string text = "title " + Quoted(Text(dialog)) + ", " + Size(dialog) + "\n";
     text += "default button " + std::to_string(LOWORD(Send(dialog, DM_GETDEFID))) + ", focus at " +
             std::to_string(FocusId()) + "\n";
@@ -154,7 +156,7 @@ std::string DialogText(HWND dialog, const char* name) {
     text += ExplanationTexts(dialog, name);
     text += GuidanceTexts(dialog);
     for (const HWND control : Children(dialog))
-        if (Kind(control) == "grid") text += GoldenGrid(dialog, GetDlgCtrlID(control));
+        if (Kind(control) == "grid") text += GridText(dialog, GetDlgCtrlID(control));
     return text;
 }
 
@@ -179,18 +181,20 @@ std::string BoxText() {
 
 std::string Quoted(const std::wstring& text) {
     std::string quoted = "\"";
-    for (const char unit : kiro::Utf8FromWide(text)) quoted += unit == '\n' ? std::string("\\n") : std::string(1, unit);
+    for (const char unit : Utf8FromWide(text)) quoted += unit == '\n' ? std::string("\\n") : std::string(1, unit);
     return quoted + "\"";
 }
 
-std::string GoldenText(const kiro::CatalogueDialog& dialog) {
+std::string DialogText(const CatalogueDialog& dialog) {
     std::string text = std::string("==== ") + dialog.name;
     if (dialog.templateId) text += ", template " + std::to_string(dialog.templateId);
     text += "\n";
     Drive(dialog.prepare().run, [&] {
         const HWND window = Settle();
-        text += IsBox(window) ? BoxText() : DialogText(window, dialog.name);
+        text += IsBox(window) ? BoxText() : WindowText(window, dialog.name);
         CancelEverything();
     });
     return text + "\n";
 }
+
+}  // namespace kiro
