@@ -181,13 +181,16 @@ void KrCellEditor::PlaceCombo(const RECT& cell) const {
     const int height = cell.bottom - cell.top - 1;
     // The current style has a number of its own, and shows thirty unless it is told.
     SendMessageW(open_, CB_SETMINVISIBLE, kShownChoices, 0);
-    const auto choices = static_cast<int>(std::min<std::size_t>(editing_.combo->choices.size(), kShownChoices));
-    const auto line = static_cast<int>(SendMessageW(open_, CB_GETITEMHEIGHT, 0, 0));
-    SetWindowPos(open_, HWND_TOP, cell.left, cell.top, cell.right - cell.left - 1, height + choices * line + 4,
-                 SWP_NOACTIVATE);
+    SetWindowPos(open_, HWND_TOP, cell.left, cell.top, cell.right - cell.left - 1, height, SWP_NOACTIVATE);
     const auto field = static_cast<int>(SendMessageW(open_, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0));
     if (const int excess = HeightOf(open_) - height; excess != 0 && field - excess > 0)
         SendMessageW(open_, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), field - excess);
+    // The list gets what a combination box has below its field; its frame is two lines at either end.
+    const auto choices = static_cast<int>(std::min<std::size_t>(editing_.combo->choices.size(), kShownChoices));
+    const auto line = static_cast<int>(SendMessageW(open_, CB_GETITEMHEIGHT, 0, 0));
+    const int frame = 4 * GetSystemMetricsForDpi(SM_CYBORDER, GetDpiForWindow(open_));
+    SetWindowPos(open_, nullptr, 0, 0, cell.right - cell.left - 1, HeightOf(open_) + choices * line + frame,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void KrCellEditor::Place(const RECT& cell) { kind_ == kEdit ? PlaceEdit(cell) : PlaceCombo(cell); }
