@@ -10,17 +10,21 @@
 
 class ImportDialog : public TestHost {
   protected:
+    using User = std::function<void(HWND dialog)>;
+
     // Runs the command. The user gets the open dialog and closes it.
-    int Run(const std::function<void(HWND dialog)>& user) {
+    int Run(const User& user) {
         return kiro::drive::Drive([this] { return DxfInputDlg(&record.info); }, [&] { user(kiro::drive::Settle()); });
     }
-    // The same, closed with "取消" at the end.
-    void Look(const std::function<void(HWND dialog)>& user) {
-        EXPECT_EQ(1, Run([&](HWND dialog) {
-                      user(dialog);
-                      kiro::drive::Click(dialog, IDCANCEL);
-                  }));
+    // The same, closed with this button at the end.
+    int RunTo(int button, const User& user) {
+        return Run([&](HWND dialog) {
+            user(dialog);
+            kiro::drive::Click(dialog, button);
+        });
     }
+    void Look(const User& user) { EXPECT_EQ(1, RunTo(IDCANCEL, user)); }
+    void Confirm(const User& user) { EXPECT_EQ(0, RunTo(IDOK, user)); }
     void GiveName(HWND dialog, const std::wstring& name) {
         kiro::drive::Focus(dialog, kFileNameEdit);
         kiro::drive::Type(dialog, kFileNameEdit, name);
@@ -31,45 +35,21 @@ class ImportDialog : public TestHost {
         Write(L"DXF\\図面.dxf", TextDxf("AC1015"));
         GiveName(dialog, L"図面.dxf");
     }
-    // "処理開始" must be refused with this box and leave the focus there.
-    void ExpectRefusal(HWND dialog, const std::wstring& text, int focus) {
-        kiro::drive::Click(dialog, IDOK);
-        const kiro::drive::Box box = kiro::drive::ReadBox();
-        EXPECT_EQ(L"ＤＸＦ読込み", box.caption);
-        EXPECT_EQ(text, box.text);
-        EXPECT_EQ(static_cast<UINT>(MB_ICONWARNING), box.icon);
-        EXPECT_EQ(std::vector<int>{IDOK}, box.buttons);
-        kiro::drive::Answer(box, IDOK);
-        EXPECT_EQ(dialog, kiro::drive::Settle()) << "closed after a refusal";
-        EXPECT_EQ(focus, kiro::drive::FocusId());
-    }
-    std::wstring VersionOf(HWND dialog, const std::wstring& name) {
-        GiveName(dialog, name);
-        return kiro::drive::Text(dialog, kVersionText);
-    }
-
-    // The upper edge of the frame around the label.
-    static RECT LabelFrame(HWND dialog) {
+    // Where a control or a popup is, in the dialog.
+    static RECT Area(HWND dialog, HWND window) {
         RECT rect{};
-        GetWindowRect(kiro::drive::Control(dialog, kFileNameLabel), &rect);
+        GetWindowRect(window, &rect);
         MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
-        return {rect.left, rect.top - 4, rect.right, rect.top - 3};
+        return rect;
     }
-    // Whether a point of a control is painted in the colour.
-    static bool HasColor(HWND dialog, int id, COLORREF color) {
-        const HWND control = kiro::drive::Control(dialog, id);
-        RECT rect{};
-        GetWindowRect(control, &rect);
-        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
-        return HasColor(dialog, rect, color);
-    }
-    static bool HasColor(HWND window, const RECT& rect, COLORREF color) {
+    static RECT Area(HWND dialog, int id) { return Area(dialog, kiro::drive::Control(dialog, id)); }
+    // Whether a point is painted in the colour.
+    static bool HasColor(HWND window, const RECT& area, COLORREF color) {
         RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         const HDC dc = GetDC(window);
         bool found = false;
-        for (int y = rect.top; y < rect.bottom && !found; ++y) {
-            for (int x = rect.left; x < rect.right && !found; ++x) found = GetPixel(dc, x, y) == color;
-        }
+        for (int y = area.top; y < area.bottom && !found; ++y)
+            for (int x = area.left; x < area.right && !found; ++x) found = GetPixel(dc, x, y) == color;
         ReleaseDC(window, dc);
         return found;
     }

@@ -1,171 +1,151 @@
-// The import dialog's fields: what they show, what follows from what.
-#include <filesystem>
-#include <fstream>
+// The import dialog: its fields, its refusals in their order, and the record that the host receives.
 #include <sstream>
 
+#include "driver/GridDriver.h"
 #include "entry/host/FixedText.h"
-#include "tests/dialogs/ImportDialogTest.h"
+#include "resources/dxfin_tables/KrDxfInTbl_Layer.ids.h"
+#include "resources/grid.ids.h"
+#include "tests/dialogs/ImportTables.h"
 
 using namespace kiro::drive;
 
 namespace {
 
-constexpr wchar_t kPlaceholder[] = L"ファイル名を入力 または［参照］でファイルを選択";
+const std::wstring kVersion = L"ファイルバージョン：";
+constexpr wchar_t kNoFile[] = L"ファイルが見つかりません";
+
+class Import : public ImportTables {
+  protected:
+    using Names = std::vector<std::wstring>;
+
+    // Types the texts; clicks where there is none.
+    static void Play(HWND dialog, std::initializer_list<std::pair<int, const wchar_t*>> steps) {
+        for (const auto& [id, text] : steps) text ? Type(dialog, id, text) : Click(dialog, id);
+    }
+    std::wstring VersionOf(HWND dialog, const std::wstring& name) {
+        GiveName(dialog, name);
+        return Text(dialog, kVersionText);
+    }
+    // At DXF files, then at DWG files.
+    void LookAtBoth(const std::function<void(HWND dialog, bool dwg)>& user) {
+        for (const bool dwg : {false, true}) {
+            input.inputIsDwg = dwg;
+            Look([&](HWND dialog) { user(dialog, dwg); });
+        }
+    }
+    // "処理開始" must be refused with a box that says this and leave the focus there.
+    static void ExpectRefusal(HWND dialog, const std::wstring& text, int focus, const wchar_t* caption) {
+        Click(dialog, IDOK);
+        const Box box = ReadBox();
+        EXPECT_EQ(caption, box.caption);
+        EXPECT_NE(std::wstring::npos, box.text.find(text)) << testing::PrintToString(text);
+        EXPECT_EQ(static_cast<UINT>(MB_ICONWARNING), box.icon);
+        Answer(box, IDOK);
+        EXPECT_EQ(dialog, Settle()) << "closed after a refusal";
+        EXPECT_EQ(focus, FocusId());
+    }
+    void WriteDwg() { Write(L"DWG\\a.dwg", "AC1015" + std::string(100, '\0')); }
+
+    TarnaImportView& input = record.info.input;
+};
 
 }  // namespace
 
-TEST_F(ImportDialog, StartsAsTheCommandSays) {
-    for (const bool dwg : {false, true}) {
-        record.info.input.inputIsDwg = dwg ? 7 : 0;
-        record.info.input.pictureMatrix = dwg ? 0 : 1;
-        WriteFixedText(record.info.input.layerTableFileName, "DXFKIRO_LAYER\xC9\xBD");  // EUC for 表
-        Look([&](HWND dialog) {
-            EXPECT_EQ(dwg ? L"ＤＷＧ読込み" : L"ＤＸＦ読込み", Text(dialog));
-            EXPECT_EQ(dwg ? L"ＤＷＧ" : L"ＤＸＦ", Text(dialog, kDrawingRadio));
-            EXPECT_TRUE(IsChecked(dialog, kDrawingRadio) && IsChecked(dialog, kNewRadio) &&
-                        IsChecked(dialog, kDiskRadio));
-            EXPECT_EQ(!dwg, IsChecked(dialog, kMatrixOnRadio));
-            EXPECT_EQ(dwg, IsChecked(dialog, kMatrixOffRadio));
-            EXPECT_FALSE(IsEnabled(dialog, kMatrixOnRadio) || IsEnabled(dialog, kMatrixOffRadio));
-            EXPECT_EQ(L"1", Text(dialog, kPictureEdit));
-            EXPECT_EQ(L"1", Text(dialog, kScaleEdit));
-            EXPECT_EQ(L"DXFSUB", Text(dialog, kSubModelEdit));
-            EXPECT_EQ(L"DXFKIRO_LAYER表", Text(dialog, kTableEdit));
-            EXPECT_EQ(kPlaceholder, Text(dialog, kFileNameEdit));
-            EXPECT_EQ(L"ファイルバージョン：", Text(dialog, kVersionText));
-
-            const auto pictures = Items(dialog, kPictureCombo);
-            ASSERT_EQ(512u, pictures.size());
-            EXPECT_EQ(L"-256", pictures.front());
-            EXPECT_EQ(L"-1", pictures[255]);
-            EXPECT_EQ(L"1", pictures[256]);
-            EXPECT_EQ(L"256", pictures.back());
-            EXPECT_EQ(256, Picked(dialog, kPictureCombo));
-            EXPECT_EQ(
-                (std::vector<std::wstring>{
-                    L"1",    L"1/2",  L"1/3",  L"1/4",  L"1/5",   L"1/6",   L"1/8",   L"1/10",  L"1/20",  L"1/30",
-                    L"1/40", L"1/50", L"1/60", L"1/80", L"1/100", L"1/200", L"1/300", L"1/400", L"1/500", L"1/1000",
-                    L"2",    L"3",    L"4",    L"5",    L"10",    L"20",    L"30",    L"40",    L"50",    L"100"}),
-                Items(dialog, kScaleCombo));
-        });
-    }
-}
-
-TEST_F(ImportDialog, GuidanceFollowsTheFocus) {
-    Look([&](HWND dialog) {
-        const struct {
-            int id;
-            const wchar_t* text;
-        } rows[] = {{kScaleEdit, L"図面の縮尺倍率を入力してください。"},
-                    {kSubModelEdit, L"サブモデル名を入力してください。"},
-                    {kFileNameEdit, L"ファイル名を入力してください。ワイルドカード文字が使えます。"},
-                    {kPictureEdit, L"格納先ピクチャ番号を入力してください。"},
-                    {kTableEdit, L""}};
-        for (const auto& row : rows) {
-            Focus(dialog, row.id);
-            EXPECT_EQ(row.text, Guidance(dialog));
-            EXPECT_FALSE(IsGuidanceError(dialog));
-            Focus(dialog, kDrawingRadio);
-            EXPECT_EQ(L"", Guidance(dialog));
+TEST_F(Import, LeadsThroughAllWindows) {
+    KiroHostSetModified(true);
+    WriteTable(kLayerFile, "LAYER 壁 = 5\n");
+    record.params.colorConversion = 0;
+    WriteFixedText(input.layerTableFileName, "\xC9\xBD");  // EUC for 表
+    Confirm([&](HWND dialog) {
+        for (const auto& [button, title] : {std::pair(kParametersButton, L"ＤＸＦ読込みパラメータ"),
+                                            std::pair(kBatchButton, L"ＤＸＦ読込み 一括変換")}) {
+            Click(dialog, button);
+            EXPECT_EQ(title, Text(Settle()));
+            EXPECT_FALSE(IsWindowEnabled(dialog));
+            // The batch dialog has the name as it is shown.
+            EXPECT_STREQ(button == kBatchButton ? "\x95\x5C" : "\xC9\xBD", input.layerTableFileName);
+            Click(Settle(), IDCANCEL);
+            EXPECT_EQ(dialog, Settle());
+            EXPECT_STREQ("\xC9\xBD", input.layerTableFileName);
         }
+        Click(dialog, kAttributesButton);
+        const HWND attributes = Settle();
+        Click(attributes, kColorTableRadio);
+        OpenLayers(attributes, [&](HWND hub) {
+            Click(hub, kLayersToClassesRadio);
+            Click(hub, kLayerClassButton);
+            const HWND editor = Settle();
+            const Grid grid(editor, kGrid);
+            EXPECT_EQ(L"壁", grid.Cell(1, 1));
+            grid.Click(1, 2);
+            grid.Write(L"7");
+            Click(editor, IDOK);
+            EXPECT_EQ(hub, Settle());
+            Click(hub, IDOK);
+            Expect(L"レイヤ割当て・色割当て", kSaveQuestion, MB_ICONQUESTION, IDYES);
+        });
+        Click(attributes, IDOK);
+        EXPECT_EQ(dialog, Settle());
+        Choose(dialog, kTableBrowseButton, kLayerFile);
+        EXPECT_EQ(dialog, Settle());
+        GiveDrawing(dialog);
+        Click(dialog, kAddRadio);  // loses nothing: no question
     });
+    EXPECT_NE(std::string::npos, Bytes(kLayerFile).find("LAYER 壁 = 7"));
+    EXPECT_EQ(1, input.addMode);
+    EXPECT_EQ(0, input.dataType);
+    EXPECT_EQ(2, record.params.colorConversion);
+    EXPECT_EQ(TableFile(kLayerFile).generic_string(), input.layerTableFileName);
 }
 
-TEST_F(ImportDialog, PictureAndMatrixGoTogether) {
-    Look([&](HWND dialog) {
-        Type(dialog, kPictureEdit, L"-3");
-        EXPECT_EQ(253, Picked(dialog, kPictureCombo));
-        EXPECT_TRUE(IsEnabled(dialog, kMatrixOnRadio) && IsEnabled(dialog, kMatrixOffRadio));
-        Type(dialog, kPictureEdit, L"007");  // no entry reads so: nothing follows
-        EXPECT_EQ(253, Picked(dialog, kPictureCombo));
-        EXPECT_TRUE(IsEnabled(dialog, kMatrixOnRadio));
-        Pick(dialog, kPictureCombo, 511);
-        EXPECT_EQ(L"256", Text(dialog, kPictureEdit));
-        EXPECT_EQ(kPictureEdit, FocusId());
-        EXPECT_FALSE(IsEnabled(dialog, kMatrixOnRadio));
-        Pick(dialog, kPictureCombo, 0);
-        EXPECT_EQ(L"-256", Text(dialog, kPictureEdit));
-        EXPECT_TRUE(IsEnabled(dialog, kMatrixOffRadio));
-    });
-}
-
-TEST_F(ImportDialog, AddedModelsTakeThePicturesScale) {
+TEST_F(Import, PictureDecidesMatrixAndScale) {
     const auto model = Write(L"model.json", R"({"baseScale": 0.5, "pictures": [{"number": 2, "scale": 0.1}]})");
     ASSERT_EQ(0, KiroHostLoadModel(model.c_str(), nullptr, 0));
+    const struct {
+        int control;
+        const wchar_t* text;  // null: a radio button
+        bool matrix;          // can be chosen
+        const wchar_t* scale;
+    } steps[] = {{kScaleEdit, L"5", false, L"5"},      {kPictureEdit, L"-3", true, L"5"},
+                 {kPictureEdit, L"007", true, L"5"},  // no entry reads so: nothing follows
+                 {kPictureEdit, L"1", false, L"5"},    {kAddRadio, nullptr, false, L"1/2"},
+                 {kPictureEdit, L"-2", true, L"1/20"}, {kPictureEdit, L"x", true, L"1"},
+                 {kNewRadio, nullptr, true, L"1"},     {kPictureEdit, L"-257", true, L"1"},
+                 {kAddRadio, nullptr, true, L"1"},     {kPictureEdit, L"2", false, L"1/20"},
+                 {kNewRadio, nullptr, false, L"1"},    {kAddRadio, nullptr, false, L"1/20"}};
     Look([&](HWND dialog) {
-        Type(dialog, kScaleEdit, L"5");
-        Click(dialog, kAddRadio);
-        EXPECT_FALSE(IsEnabled(dialog, kScaleEdit) || IsEnabled(dialog, kScaleCombo));
-        EXPECT_EQ(L"1/2", Text(dialog, kScaleEdit));
-        Type(dialog, kPictureEdit, L"-2");
-        EXPECT_EQ(L"1/20", Text(dialog, kScaleEdit));
-        Type(dialog, kPictureEdit, L"x");
-        EXPECT_EQ(L"1", Text(dialog, kScaleEdit));
-        Click(dialog, kNewRadio);
-        Type(dialog, kPictureEdit, L"-257");
-        Click(dialog, kAddRadio);
-        EXPECT_EQ(L"1", Text(dialog, kScaleEdit));
-        Type(dialog, kPictureEdit, L"2");
-        Click(dialog, kNewRadio);
-        EXPECT_TRUE(IsEnabled(dialog, kScaleEdit) && IsEnabled(dialog, kScaleCombo));
-        EXPECT_EQ(L"1", Text(dialog, kScaleEdit));
-        Click(dialog, kAddRadio);
-        EXPECT_EQ(L"1/20", Text(dialog, kScaleEdit));
-    });
-}
-
-TEST_F(ImportDialog, ScaleListKeepsOneEntryOfTheUsers) {
-    Look([&](HWND dialog) {
-        const auto enter = [&](const wchar_t* text) {
-            Focus(dialog, kScaleEdit);
-            Type(dialog, kScaleEdit, text);
-            Focus(dialog, kSubModelEdit);
-            return Items(dialog, kScaleCombo);
-        };
-        EXPECT_EQ(L"1/7", enter(L" 1/7 ").front());
-        const auto second = enter(L"1/9");
-        EXPECT_EQ(31u, second.size());
-        EXPECT_EQ(L"1/9", second.front());
-        EXPECT_EQ(31u, enter(L"1/50").size());
-        EXPECT_EQ(12, Picked(dialog, kScaleCombo));
-        Pick(dialog, kScaleCombo, 30);
-        EXPECT_EQ(L"100", Text(dialog, kScaleEdit));
-        EXPECT_EQ(kScaleEdit, FocusId());
-        Focus(dialog, kSubModelEdit);
-        Type(dialog, kSubModelEdit, L"　A ");
-        Focus(dialog, kScaleEdit);
-        EXPECT_EQ(L"A", Text(dialog, kSubModelEdit));
-    });
-}
-
-TEST_F(ImportDialog, CombosReachOverTheirEditsWhileTheyHaveTheFocus) {
-    const int pairs[][2] = {{kPictureCombo, kPictureEdit}, {kScaleCombo, kScaleEdit}, {kRecentCombo, kFileNameEdit}};
-    Look([&](HWND dialog) {
-        GiveName(dialog, L"図面.dxf");
-        for (const auto& [combo, edit] : pairs) {
-            RECT narrow{}, wide{}, field{}, again{};
-            GetWindowRect(Control(dialog, combo), &narrow);
-            GetWindowRect(Control(dialog, edit), &field);
-            Focus(dialog, combo);
-            GetWindowRect(Control(dialog, combo), &wide);
-            EXPECT_EQ(field.left, wide.left);
-            EXPECT_EQ(narrow.right, wide.right);
-            EXPECT_TRUE(HasColor(dialog, edit, GetSysColor(COLOR_WINDOWTEXT))) << "its text cannot be read";
-            Focus(dialog, kSubModelEdit);
-            GetWindowRect(Control(dialog, combo), &again);
-            EXPECT_TRUE(EqualRect(&narrow, &again));
+        for (const auto& step : steps) {
+            SCOPED_TRACE(&step - steps);
+            Play(dialog, {{step.control, step.text}});
+            EXPECT_EQ(step.scale, Text(dialog, kScaleEdit));
+            const bool own = !IsChecked(dialog, kAddRadio);
+            ExpectEnabled(
+                dialog,
+                {{kMatrixOnRadio, step.matrix}, {kMatrixOffRadio, step.matrix}, {kScaleEdit, own}, {kScaleCombo, own}});
+        }
+        EXPECT_EQ(257, Picked(dialog, kPictureCombo));
+        for (const auto& [index, number] : {std::pair(511, L"256"), std::pair(0, L"-256"), std::pair(256, L"1")}) {
+            Pick(dialog, kPictureCombo, index);
+            EXPECT_EQ(number, Text(dialog, kPictureEdit));
+            EXPECT_EQ(kPictureEdit, FocusId());
+            EXPECT_EQ(index == 0, IsEnabled(dialog, kMatrixOnRadio));
         }
     });
 }
 
-TEST_F(ImportDialog, ListsTakeTheKeyboard) {
+TEST_F(Import, ScaleListTakesKeysAndKeepsOneEntryOfTheUsers) {
     Look([&](HWND dialog) {
+        std::wstring scales;
+        for (const auto& item : Items(dialog, kScaleCombo)) scales += item + L" ";
+        EXPECT_EQ(
+            L"1 1/2 1/3 1/4 1/5 1/6 1/8 1/10 1/20 1/30 1/40 1/50 1/60 1/80 1/100 1/200 1/300 1/400 1/500 1/1000 "
+            L"2 3 4 5 10 20 30 40 50 100 ",
+            scales);
         // Walking through the open list decides nothing; Enter does, Esc does not.
         for (const auto& [end, text] : {std::pair(VK_ESCAPE, L"1"), std::pair(VK_RETURN, L"1/3")}) {
             Focus(dialog, kScaleCombo);
             Key(VK_F4);
-            Until("the open list",
-                  [&] { return SendMessageW(Control(dialog, kScaleCombo), CB_GETDROPPEDSTATE, 0, 0) != 0; });
+            Until("the open list", [&] { return Send(Control(dialog, kScaleCombo), CB_GETDROPPEDSTATE) != 0; });
             Key(VK_DOWN);
             Key(VK_DOWN);
             EXPECT_EQ(L"1", Text(dialog, kScaleEdit));
@@ -174,255 +154,360 @@ TEST_F(ImportDialog, ListsTakeTheKeyboard) {
             EXPECT_EQ(text, Text(dialog, kScaleEdit));
             Focus(dialog, kSubModelEdit);
         }
+        for (const wchar_t* text : {L" 1/7 ", L"1/9", L"1/50"}) {
+            Type(dialog, kScaleEdit, text);
+            Focus(dialog, kScaleEdit);
+            Focus(dialog, kSubModelEdit);
+            EXPECT_EQ(text[0] == L' ' ? L"1/7" : L"1/9", Items(dialog, kScaleCombo)[0]);
+        }
+        EXPECT_EQ(31u, Items(dialog, kScaleCombo).size());
+        EXPECT_EQ(12, Picked(dialog, kScaleCombo));
+        Pick(dialog, kScaleCombo, 30);
+        EXPECT_EQ(L"100", Text(dialog, kScaleEdit));
+        EXPECT_EQ(kScaleEdit, FocusId());
     });
 }
 
-TEST_F(ImportDialog, ChoosersStartWhereTheFilesAre) {
-    const auto choose = [&](HWND dialog, int button, int field, const std::wstring& types,
-                            const std::filesystem::path& file) {
-        Write(file.wstring(), TextDxf("AC1009"));
-        Click(dialog, button);
-        const HWND chooser = Settle();
-        EXPECT_EQ(0u, Text(chooser, 0x470).find(types));  // the system chooser's list of file types
-        // A name alone means the folder that is shown.
-        SendMessageW(GetDlgItem(chooser, 0x47C), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.filename().c_str()));
-        Click(chooser, IDOK);
-        EXPECT_EQ(dialog, Settle());
-        EXPECT_EQ((home / file).wstring(), Text(dialog, field));
-    };
-    Look([&](HWND dialog) {
-        choose(dialog, kBrowseButton, kFileNameEdit, L"ＤＸＦファイル", L"DXF\\a.dxf");
-        choose(dialog, kTableBrowseButton, kTableEdit, L"レイヤ変換テーブルファイル (DXFKIRO_LAYER*)",
-               L"DXF\\TABLE\\DXFKIRO_LAYER1");
-        Click(dialog, kShapeRadio);
-        choose(dialog, kBrowseButton, kFileNameEdit, L"シェイプファイル", L"DXF\\SHAPE\\s.shp");
-        Click(dialog, kFloppyRadio);
-        Click(dialog, kShapeRadio);
-        choose(dialog, kBrowseButton, kFileNameEdit, L"シェイプファイル", L"FLOPPY_WIN\\s.shp");
-        Click(dialog, kDrawingRadio);
-        choose(dialog, kBrowseButton, kFileNameEdit, L"ＤＸＦファイル", L"FLOPPY_WIN\\f.dxf");
+TEST_F(Import, ChoosersStartWhereTheFilesAre) {
+    const struct {
+        int type, medium, button, field;
+        const wchar_t *types, *file;
+    } rows[] = {{kDrawingRadio, kDiskRadio, IDOK, kFileNameEdit, L"ＤＸＦファイル (patter?.dxf)", L"DXF\\pattern.dxf"},
+                {kDrawingRadio, kDiskRadio, kBrowseButton, kFileNameEdit, L"ＤＸＦファイル", L"DXF\\a.dxf"},
+                {kDrawingRadio, kDiskRadio, kTableBrowseButton, kTableEdit,
+                 L"レイヤ変換テーブルファイル (DXFKIRO_LAYER*)", L"DXF\\TABLE\\DXFKIRO_LAYER1"},
+                {kShapeRadio, kDiskRadio, kBrowseButton, kFileNameEdit, L"シェイプファイル", L"DXF\\SHAPE\\s.shp"},
+                {kShapeRadio, kFloppyRadio, kBrowseButton, kFileNameEdit, L"シェイプファイル", L"FLOPPY_WIN\\s.shp"},
+                {kDrawingRadio, kFloppyRadio, kBrowseButton, kFileNameEdit, L"ＤＸＦファイル", L"FLOPPY_WIN\\f.dxf"},
+                {kDrawingRadio, kDiskRadio, kBrowseButton, kFileNameEdit, L"ＤＷＧファイル", L"DWG\\a.dwg"}};
+    LookAtBoth([&](HWND dialog, bool dwg) {
+        for (const auto& row : rows) {
+            if ((&row == std::end(rows) - 1) != dwg) continue;
+            const std::filesystem::path file = Write(row.file, dwg ? "AC1015" : TextDxf("AC1015"));
+            Play(dialog, {{row.medium, nullptr}, {row.type, nullptr}});
+            if (row.button == IDOK) {
+                Click(dialog, IDOK);  // no name at all is a pattern too
+                Click(Settle(), IDCANCEL);
+                EXPECT_EQ(dialog, Settle());
+                EXPECT_EQ(kFileNameEdit, FocusId());
+                Type(dialog, kFileNameEdit, L"patter?.dxf");
+            }
+            Click(dialog, row.button);
+            EXPECT_EQ(0u, Text(Settle(), 0x470).find(row.types));  // the system chooser's list of file types
+            // A name alone means the folder that is shown.
+            Send(Control(Settle(), kChooserName), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.filename().c_str()));
+            Click(Settle(), IDOK);
+            EXPECT_EQ(dialog, Settle()) << "the choice alone must not start the import";
+            EXPECT_EQ(file.wstring(), Text(dialog, row.field));
+            EXPECT_EQ(row.field == kFileNameEdit, Text(dialog, kVersionText).ends_with(L"AC1015(2000)"));
+        }
     });
-    record.info.input.inputIsDwg = 1;
-    Look([&](HWND dialog) { choose(dialog, kBrowseButton, kFileNameEdit, L"ＤＷＧファイル", L"DWG\\a.dwg"); });
 }
 
-TEST_F(ImportDialog, PlaceholderStandsWhileNoNameIsEntered) {
+TEST_F(Import, PlaceholderAndCombosChangePlacesWithTheTexts) {
+    constexpr COLORREF kGrey = RGB(0x80, 0x80, 0x80);
     Look([&](HWND dialog) {
-        EXPECT_TRUE(HasColor(dialog, kFileNameEdit, RGB(0x80, 0x80, 0x80)));
-        EXPECT_FALSE(HasColor(dialog, kSubModelEdit, RGB(0x80, 0x80, 0x80)));
+        const auto expectPlaceholder = [&] {
+            EXPECT_EQ(L"ファイル名を入力 または［参照］でファイルを選択", Text(dialog, kFileNameEdit));
+            EXPECT_EQ(kVersion, Text(dialog, kVersionText));
+            EXPECT_TRUE(HasColor(dialog, Area(dialog, kFileNameEdit), kGrey));
+        };
+        EXPECT_FALSE(HasColor(dialog, Area(dialog, kSubModelEdit), kGrey));
         Focus(dialog, kFileNameEdit);
         EXPECT_EQ(L"*", Text(dialog, kFileNameEdit));
         Focus(dialog, kSubModelEdit);
-        EXPECT_EQ(kPlaceholder, Text(dialog, kFileNameEdit));
-        GiveName(dialog, L"　none.dxf ");
+        expectPlaceholder();
+        EXPECT_EQ(kNoFile, VersionOf(dialog, L"　none.dxf "));
         EXPECT_EQ(L"none.dxf", Text(dialog, kFileNameEdit));
-        EXPECT_EQ(L"ファイルが見つかりません", Text(dialog, kVersionText));
         GiveName(dialog, L"  ");
-        EXPECT_EQ(kPlaceholder, Text(dialog, kFileNameEdit));
-        EXPECT_EQ(L"ファイルバージョン：", Text(dialog, kVersionText));
+        expectPlaceholder();
         GiveDrawing(dialog);
-        EXPECT_EQ(L"ファイルバージョン：AC1015(2000)", Text(dialog, kVersionText));
-        EXPECT_FALSE(HasColor(dialog, kFileNameEdit, RGB(0x80, 0x80, 0x80)));
+        EXPECT_EQ(kVersion + L"AC1015(2000)", Text(dialog, kVersionText));
+        EXPECT_FALSE(HasColor(dialog, Area(dialog, kFileNameEdit), kGrey));
+        // The combos reach over their edits while they have the focus.
+        for (const auto& [combo, edit] : {std::pair(kPictureCombo, kPictureEdit), std::pair(kScaleCombo, kScaleEdit),
+                                          std::pair(kRecentCombo, kFileNameEdit)}) {
+            const RECT narrow = Area(dialog, combo), field = Area(dialog, edit);
+            Focus(dialog, combo);
+            EXPECT_EQ(field.left, Area(dialog, combo).left);
+            EXPECT_EQ(narrow.right, Area(dialog, combo).right);
+            EXPECT_TRUE(HasColor(dialog, field, GetSysColor(COLOR_WINDOWTEXT))) << "its text cannot be read";
+            Focus(dialog, kSubModelEdit);
+            EXPECT_EQ(narrow.left, Area(dialog, combo).left);
+        }
         Click(dialog, kShapeRadio);  // another type: another file
-        EXPECT_EQ(kPlaceholder, Text(dialog, kFileNameEdit));
-        EXPECT_EQ(L"ファイルバージョン：", Text(dialog, kVersionText));
+        expectPlaceholder();
     });
 }
 
-TEST_F(ImportDialog, VersionLineOfDxfFiles) {
-    const std::string header = "0\nSECTION\n2\nHEADER\n";
+TEST_F(Import, VersionLineTellsTheCodeInTheFile) {
+    const std::string header = "0\nSECTION\n2\nHEADER\n", version = "9\n$ACADVER\n", r13 = "1\nAC1012\n";
+    const std::string binary("AutoCAD Binary DXF\r\n\x1A\0\0SECTION\0\2HEADER\0\x09$ACADVER\0\1AC1009\0", 57);
+    const std::string zeros(200, '\0');
     const struct {
         std::string bytes;
         const wchar_t* line;
-    } rows[] = {
-        {TextDxf("AC1006"), L"AC1006(GX-3)"},
-        {TextDxf("AC1009"), L"AC1009(GX-5)"},
-        {TextDxf("AC1012"), L"AC1012(R13)"},
-        {TextDxf("AC1014"), L"AC1014(R14)"},
-        {TextDxf("AC1018"), L"AC1018(2004)"},
-        {TextDxf("AC1021"), L"AC1021(2007)"},
-        {TextDxf("AC1024"), L"AC1024(2010)"},
-        {TextDxf("AC1027"), L"AC1027(2013)"},
-        {TextDxf("AC1032"), L"AC1032(不明)"},
-        {TextDxf("AC1015&x"), L"AC1015&x(不明)"},
-        {"999\nmade by hand\n" + TextDxf("AC1009"), L"AC1009(GX-5)"},
-        {"0\nSECTION\n2\nTABLES\n0\nENDSEC\n" + TextDxf("AC1009"), L""},
-        {"2\nHEADER\n" + TextDxf("AC1009"), L""},
-        {header + "9\n$ACADMAINTVER\n70\n6\n9\n$ACADVERSION\n-5\nx\n1\nAC1012\n", L"AC1012(R13)"},
-        {header + "9\n$ACADVER\n9\n$DWGCODEPAGE\n1\nAC1012\n", L""},
-        {header + "9\n$ACADVER\n1", L""},  // cut off inside the pair
-        {header + "9\n" + std::string(10 << 20, 'x') + "\n9\n$ACADVER\n1\nAC1012\n", L"AC1012(R13)"},
-        {std::string("AutoCAD Binary DXF\r\n\x1A\0\0SECTION\0\2HEADER\0\x09$ACADVER\0\1AC1009\0", 57), L"AC1009(GX-5)"},
-        {std::string("AutoCAD Binary DXF\r\n\x1A\0\0SECTION\0\2HEADER\0\x09$ACADVER\0\1AC1", 53), L""},
-        {header + "0\nENDSEC\n" + TextDxf("AC1012"), L""},
-        {header + "9\n$ACADVER\n0\nSECTION\n1\nAC1012\n", L""},
-        {"0\nSECTION\n9\n$ACADVER\n1\nAC1012\n", L""},
-        {"0\nSECTIOX\n2\nHEADER\n9\n$ACADVER\n1\nAC1012\n", L""},
-        {"0\nSECTION\n2\nHEADEX\n9\n$ACADVER\n1\nAC1012\n", L""},
-        {header + "9\n$ACADVEX\n1\nAC1012\n", L""},
-        {header + "9\n$ACADVER\n1\n\n", L"(不明)"},
-        {"", L""},
-    };
-    Look([&](HWND dialog) {
+        bool dwg = false;
+    } rows[] = {{TextDxf("AC1006"), L"AC1006(GX-3)"},
+                {TextDxf("AC1014"), L"AC1014(R14)"},
+                {TextDxf("AC1018"), L"AC1018(2004)"},
+                {TextDxf("AC1021"), L"AC1021(2007)"},
+                {TextDxf("AC1024"), L"AC1024(2010)"},
+                {TextDxf("AC1027"), L"AC1027(2013)"},
+                {TextDxf("AC1015&x"), L"AC1015&x(不明)"},
+                {TextDxf(""), L"(不明)"},
+                {"999\nmade by hand\n" + TextDxf("AC1009"), L"AC1009(GX-5)"},
+                {"0\nSECTION\n2\nTABLES\n0\nENDSEC\n" + TextDxf("AC1009"), L""},
+                {"2\nHEADER\n" + TextDxf("AC1009"), L""},
+                {"0\nSECTION\n" + version + r13, L""},
+                {"0\nSECTIOX\n2\nHEADER\n" + version + r13, L""},
+                {"0\nSECTION\n2\nHEADEX\n" + version + r13, L""},
+                {header + "9\n$ACADMAINTVER\n70\n6\n9\n$ACADVERSION\n-5\nx\n" + r13, L"AC1012(R13)"},
+                {header + version + "2\nname\n" + r13, L"AC1012(R13)"},
+                {header + version + "9\n$DWGCODEPAGE\n" + r13, L""},
+                {header + version + "0\nSECTION\n" + r13, L""},
+                {header + "0\nSECTION\n" + version + r13, L""},
+                {header + "9\n$ACADVEX\n" + r13, L""},
+                {header + version + "1", L""},  // cut off inside the pair
+                {header + "0\nENDSEC\n" + TextDxf("AC1012"), L""},
+                {header + "9\n" + std::string(10 << 20, 'x') + "\n" + version + r13, L"AC1012(R13)"},
+                {binary, L"AC1009(GX-5)"},
+                {binary.substr(0, 53), L""},
+                {"", L""},
+                {"AC1014" + zeros, L"AC1014(R14)", true},
+                {"AC1032" + std::string(200, '1'), L"AC1032(不明)", true},
+                {"MC0.0" + zeros, L"", true},
+                {"AX1015" + zeros, L"", true},
+                {"AC1015", L"AC1015(2000)", true},
+                {"AC101", L"", true}};
+    std::filesystem::create_directories(home / L"DXF\\folder.dxf");
+    LookAtBoth([&](HWND dialog, bool dwg) {
         for (const auto& row : rows) {
-            Write(L"DXF\\v.dxf", row.bytes);
-            EXPECT_EQ(std::wstring(L"ファイルバージョン：") + row.line, VersionOf(dialog, L"v.dxf"))
-                << row.bytes.substr(0, 80);
+            if (row.dwg != dwg) continue;
+            Write(dwg ? L"DWG\\v" : L"DXF\\v", row.bytes);
+            EXPECT_EQ(kVersion + row.line, VersionOf(dialog, L"v")) << row.bytes.substr(0, 80);
         }
-        std::filesystem::create_directories(home / L"DXF\\folder.dxf");
-        EXPECT_EQ(L"ファイルが見つかりません", VersionOf(dialog, L"folder.dxf"));
+        EXPECT_EQ(kNoFile, VersionOf(dialog, L"folder.dxf"));
     });
 }
 
 // Drawings of many programs, where a folder of them lies beside the project.
-TEST_F(ImportDialog, VersionLineOfRealDrawings) {
+TEST_F(Import, VersionLineOfRealDrawings) {
     const std::filesystem::path folder = KIRO_SAMPLES;
     std::ifstream list(folder / "manifest.tsv");
     if (!list) GTEST_SKIP() << "no drawings beside the project";
-    std::string line;
+    std::string line, columns[7];
     std::getline(list, line);  // the columns' names
-    int drawings = 0;
     while (std::getline(list, line)) {
-        std::vector<std::wstring> columns;
         std::istringstream fields(line);
-        for (std::string field; std::getline(fields, field, '\t');) columns.emplace_back(field.begin(), field.end());
-        const std::wstring name = columns[0], version = columns[6] == L"none" ? L"" : columns[6];
-        record.info.input.inputIsDwg = name.ends_with(L".dwg");
-        const std::wstring type = name.ends_with(L".dwg") ? L"DWG" : L"DXF";
-        // A copy of its own: the drawings may be read-only, and a copy of the file would be too.
-        std::ostringstream bytes;
-        bytes << std::ifstream(folder / name, std::ios::binary).rdbuf();
-        Write(type + L"\\" + name, bytes.str());
+        for (std::string& column : columns) std::getline(fields, column, '\t');
+        const std::wstring version(columns[6].begin(), columns[6].end());
+        input.inputIsDwg = columns[0].ends_with(".dwg");
         Look([&](HWND dialog) {
-            const std::wstring shown = VersionOf(dialog, name);
-            EXPECT_EQ(0u, shown.find(L"ファイルバージョン：" + version)) << line;
-            EXPECT_EQ(version.empty(), shown.ends_with(L"：")) << line;
+            const std::wstring shown = VersionOf(dialog, folder / columns[0]);
+            EXPECT_EQ(kVersion + (version == L"none" ? L"" : version), shown.substr(0, shown.find(L'('))) << line;
         });
-        ++drawings;
     }
-    EXPECT_GT(drawings, 0);
 }
 
-TEST_F(ImportDialog, VersionLineOfDwgFiles) {
-    record.info.input.inputIsDwg = 1;
-    const struct {
-        std::string bytes;
-        const wchar_t* line;
-    } rows[] = {{"AC1014" + std::string(200, '\0'), L"ファイルバージョン：AC1014(R14)"},
-                {"AC1032" + std::string(200, '\0'), L"ファイルバージョン：AC1032(不明)"},
-                {"MC0.0" + std::string(200, '\0'), L"ファイルバージョン："},
-                {"AC1015", L"ファイルバージョン：AC1015(2000)"},
-                {"AC101", L"ファイルバージョン："},
-                {"AC1", L"ファイルバージョン："}};
+TEST_F(Import, ExplanationsFollowTheMouse) {
     Look([&](HWND dialog) {
+        HWND popup = nullptr;
+        const auto hover = [&](int zone) {
+            MoveMouse(Centre(Control(dialog, zone)));
+            Until("the zone's explanation", [&] { return Popups(dialog).size() == 1 && Popups(dialog)[0] != popup; });
+            popup = Popups(dialog)[0];
+        };
+        const auto expectNone = [&] { Until("no explanation", [&] { return Popups(dialog).empty(); }); };
+        // How much of the zone's width the popup is to the right of the zone, and how much of its own to the left.
+        const struct {
+            int zone, right, left;  // in halves
+        } rows[] = {
+            {kDataTypeZone, 0, 0}, {kModeZone, 0, 0}, {kPictureZone, 1, 1}, {kMatrixZone, 2, 2}, {kScaleZone, 0, 2}};
         for (const auto& row : rows) {
-            Write(L"DWG\\v.dwg", row.bytes);
-            EXPECT_EQ(row.line, VersionOf(dialog, L"v.dwg"));
-        }
-        EXPECT_EQ(L"ファイルが見つかりません", VersionOf(dialog, L"none.dwg"));
-    });
-}
-
-TEST_F(ImportDialog, TabKeyFollowsTheEye) {
-    Look([&](HWND) {
-        EXPECT_EQ(kDrawingRadio, FocusId());
-        std::vector<int> stops;
-        for (int i = 0; i < 40 && (stops.empty() || FocusId() != kDrawingRadio); ++i) {
-            stops.push_back(FocusId());
-            const HWND before = FocusWindow();
-            Key(VK_TAB);
-            Until("the next stop", [&] { return FocusWindow() != before; });
-        }
-        EXPECT_EQ(
-            (std::vector<int>{kDrawingRadio, kNewRadio, kPictureEdit, kPictureCombo, kScaleEdit, kScaleCombo,
-                              kDiskRadio, kFileNameEdit, kRecentCombo, kBrowseButton, kSubModelEdit, kTableEdit,
-                              kTableBrowseButton, kParametersButton, kAttributesButton, kBatchButton, IDOK, IDCANCEL}),
-            stops);
-    });
-}
-
-TEST_F(ImportDialog, ExplanationsFollowTheMouse) {
-    enum class Side { kLeft, kCentre, kRight, kBefore };
-    const struct {
-        int zone;
-        const wchar_t* firstLine;
-        std::size_t lines;
-        Side side;
-    } rows[] = {{kDataTypeZone, L"入力ファイルの種別を選択します。", 5, Side::kLeft},
-                {kModeZone, L"入力モードを選択します。", 6, Side::kLeft},
-                {kPictureZone, L"格納先のピクチャを指定します。", 12, Side::kCentre},
-                {kMatrixZone, L"ピクチャマトリックスを使用しての座標変換を指定します。", 6, Side::kRight},
-                {kScaleZone, L"倍率を指定します。", 5, Side::kBefore}};
-    Look([&](HWND dialog) {
-        for (const auto& row : rows) {
-            RECT zone{};
-            GetWindowRect(Control(dialog, row.zone), &zone);
-            MoveMouse(Centre(Control(dialog, row.zone)));
-            Until("the explanation of the zone", [&] { return FirstLineOfPopup(dialog) == row.firstLine; });
-            const HWND popup = Popups(dialog)[0];
-            EXPECT_EQ(row.lines, Lines(popup).size());
-            RECT place{};
-            GetWindowRect(popup, &place);
+            hover(row.zone);
+            const RECT zone = Area(dialog, row.zone), place = Area(dialog, popup);
+            const LONG width = place.right - place.left, height = place.bottom - place.top;
             EXPECT_EQ(zone.bottom + 5, place.top);
-            const LONG width = place.right - place.left;
-            const LONG left = row.side == Side::kLeft     ? zone.left
-                              : row.side == Side::kCentre ? (zone.left + zone.right) / 2 - width / 2
-                              : row.side == Side::kRight  ? zone.right - width
-                                                          : zone.left - width;
-            EXPECT_EQ(left, place.left);
+            EXPECT_EQ(zone.left + (zone.right - zone.left) * row.right / 2 - width * row.left / 2, place.left);
             EXPECT_TRUE(HasColor(popup, {20, 2, 21, 3}, 0x00FFFFF0));
             EXPECT_FALSE(HasColor(popup, {20, 2, width - 20, 60}, GetSysColor(COLOR_BTNFACE)));
             const HRGN shape = CreateRectRgn(0, 0, 0, 0);
             GetWindowRgn(popup, shape);
-            const LONG right = width - 1, bottom = place.bottom - place.top - 1;
-            for (const auto& [x, y] :
-                 {std::pair(0L, 0L), std::pair(right, 0L), std::pair(0L, bottom), std::pair(right, bottom)}) {
-                EXPECT_FALSE(PtInRegion(shape, x, y)) << "the corners are round";
-            }
-            EXPECT_TRUE(PtInRegion(shape, width / 2, 1) && PtInRegion(shape, 1, bottom / 2));
+            for (const LONG x : {0L, width - 1})
+                for (const LONG y : {0L, height - 1}) EXPECT_FALSE(PtInRegion(shape, x, y)) << "the corners are round";
+            EXPECT_TRUE(PtInRegion(shape, width / 2, 1) && PtInRegion(shape, 1, height / 2));
             DeleteObject(shape);
-            GUITHREADINFO thread{};
-            thread.cbSize = sizeof thread;
-            GetGUIThreadInfo(UiThread(), &thread);
-            EXPECT_EQ(dialog, thread.hwndActive);
-            EXPECT_TRUE(IsWindowEnabled(dialog));
+            EXPECT_EQ(dialog, GuiState().hwndActive);
         }
         MoveMouse(Centre(Control(dialog, kSubModelEdit)));
-        Until("no explanation", [&] { return Popups(dialog).empty(); });
-        const auto hover = [&] {
-            MoveMouse(Centre(Control(dialog, kModeZone)));
-            Until("an explanation", [&] { return Popups(dialog).size() == 1; });
-        };
-        hover();
+        expectNone();
+        hover(kModeZone);
         SetWindowPos(dialog, nullptr, 5, 5, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-        Until("no explanation at the old place", [&] { return Popups(dialog).empty(); });
-        MoveMouse(Centre(Control(dialog, kSubModelEdit)));
-        hover();
-        // Straight into the explanation: the pointer is outside the zone.
-        MoveMouse(Centre(Popups(dialog)[0]));
-        Until("no explanation under the pointer", [&] { return Popups(dialog).empty(); });
-        hover();
+        expectNone();  // at the old place
+        hover(kPictureZone);
+        MoveMouse(Centre(popup));  // straight into the explanation: outside the zone
+        expectNone();
+        hover(kModeZone);
         // Closed with the popup open: Look presses "取消".
     });
-    EXPECT_TRUE(IsWindowEnabled(owner));
 }
 
-TEST_F(ImportDialog, OpensTheDialogsBehindItsButtons) {
-    WriteFixedText(record.info.input.layerTableFileName, "\xC9\xBD");  // EUC for 表
+TEST_F(Import, RefusesBadEntriesInScreenOrder) {
+    const std::wstring picture = L"無効なピクチャ番号です。（-256～-1、1～256）", scale = L"無効な倍率です";
+    const std::wstring tooLong = L"サブモデル名が長すぎます（最大半角２６文字）";
+    const std::wstring foreign = L"図\xD842\xDF9F.dwg";  // with a character beyond code page 932
+    const struct {
+        int field;
+        std::wstring text, message;
+        int focus;
+        const wchar_t* caption = L"ＤＸＦ読込み";  // of the dialog's own, also when DWG files are read
+    } rows[] = {{kScaleEdit, L"1/0", scale, kScaleEdit},
+                {kPictureEdit, L"0", picture, kPictureEdit},
+                {kPictureEdit, L"257", picture, kPictureEdit},
+                {kPictureEdit, L"-1", scale, kScaleEdit},
+                {kScaleEdit, L"0.000001", scale, kScaleEdit},
+                {kScaleEdit, L"1000000", scale, kScaleEdit},
+                {kSubModelEdit, std::wstring(27, L'x'), scale, kScaleEdit},
+                {kFileNameEdit, L"none.dwg", scale, kScaleEdit},
+                {kScaleEdit, L"1/1000", L"none.dwg", kFileNameEdit, L"ＤＷＧ読込み"},
+                {kFileNameEdit, L"a|*.dwg", L"|", kFileNameEdit, L"ＤＷＧ読込み"},
+                {kFileNameEdit, foreign, L"「\xD842\xDF9F」", kFileNameEdit},
+                {kFileNameEdit, std::wstring(255, L'表'), L"長すぎます", kFileNameEdit, L"ＤＷＧ読込み"},
+                {kFileNameEdit, L"a.dwg", tooLong, kSubModelEdit},
+                {kSubModelEdit, L"ＡＢＣＤＥＦＧＨＩＪＫＬＭＮ", tooLong, kSubModelEdit},  // 28 bytes
+                {kSubModelEdit, L"", L"サブモデル名が入力されていません", kSubModelEdit},
+                {kSubModelEdit, L"A*B", L"サブモデル名に無効な文字が入力されています", kSubModelEdit},
+                {kSubModelEdit, L"\x00E9", L"「\x00E9」", kSubModelEdit}};
+    const auto model = Write(L"model.json", R"({"baseScale": 10000000})");
+    ASSERT_EQ(0, KiroHostLoadModel(model.c_str(), nullptr, 0));
+    input.inputIsDwg = 1;
+    WriteDwg();
     const ImportRecord before = record;
-    Look([&](HWND dialog) {
-        for (const auto& [button, title] :
-             {std::pair(kParametersButton, L"ＤＸＦ読込みパラメータ"),
-              std::pair(kAttributesButton, L"読込み：属性変換"), std::pair(kBatchButton, L"ＤＸＦ読込み 一括変換")}) {
-            Click(dialog, button);
-            const HWND nested = Settle();
-            EXPECT_EQ(title, Text(nested));
-            EXPECT_FALSE(IsWindowEnabled(dialog));
-            const bool shown = std::string(record.info.input.layerTableFileName) == "\x95\x5C";
-            EXPECT_EQ(button == kBatchButton, shown) << "the batch dialog has the name as it is shown";
-            Click(nested, IDCANCEL);
-            EXPECT_EQ(dialog, Settle());
-        }
+    EXPECT_EQ(1, Run([&](HWND dialog) {
+                  Click(dialog, kAddRadio);  // the scale is that of the picture: the picture is at fault
+                  ExpectRefusal(dialog, scale, kPictureEdit, rows[0].caption);
+                  Click(dialog, kNewRadio);
+                  for (const auto& row : rows) {
+                      Type(dialog, row.field, row.text);
+                      ExpectRefusal(dialog, row.message, row.focus, row.caption);
+                      EXPECT_EQ(row.text, Text(dialog, row.field)) << "the user's text was lost";
+                  }
+                  Click(dialog, kMatrixOffRadio);
+                  CloseBox(dialog);
+              }));
+    EXPECT_TRUE(before == record);
+}
+
+// Also where nothing can be kept, and with the texts as they are when the focus leaves them.
+TEST_F(Import, RecordHoldsTheChoices) {
+    const std::string internal = TableFile(L"DXFKIRO_LAYER").generic_string() + "\xC9\xBD";  // EUC for 表
+    const std::string foreign = "DXFKIRO_LAYER\x8F\xB0\xA1";  // goes back as it came: Shift-JIS does not have it
+    const struct {
+        const wchar_t *picture, *scale;
+        double ratio;
+        std::string table, result;
+    } rows[] = {{L" -256", L"0.0000011", 0.0000011, "DXFKIRO_LAYER\xC9\xBD", internal},
+                {L"256", L"999999", 999999, internal, internal},
+                {L"+007", L"1/250", 1.0 / 250, foreign, foreign}};
+    Write(L"settings", "a file where the recent lists have their folder");
+    Write(L"DXF\\図面.dxf", TextDxf("AC1015"));
+    ImportRecord expected = record;
+    TarnaImportView& view = expected.info.input;
+    view.inputStatus = view.addMode = view.pictureMatrix = 0;
+    view.dataType = 1;
+    WriteFixedText(view.inputFileName, (home / L"DXF").generic_string() + "/\xBF\xDE\xCC\xCC.dxf");  // EUC for 図面
+    WriteFixedText(view.subModelName, "\x8E\xBB\x8E\xCC\x8E\xDE\xA5\xE2\xA5\xC7\xA5\xEB_1ABCDEFGHIJKLMNO");
+    WriteFixedText(view.password, "");
+    for (const auto& row : rows) {
+        WriteFixedText(input.layerTableFileName, row.table);
+        EXPECT_EQ(0, Run([&](HWND dialog) {
+                      EXPECT_EQ(row.table == foreign, !Text(dialog, kTableEdit).ends_with(L"DXFKIRO_LAYER表"));
+                      EXPECT_EQ(&row == rows, IsChecked(dialog, kMatrixOnRadio));
+                      Play(dialog, {{kShapeRadio, nullptr},
+                                    {kPictureEdit, L"-12"},
+                                    {kMatrixOffRadio, nullptr},
+                                    {kPictureEdit, row.picture},
+                                    {kScaleEdit, row.scale},
+                                    {kSubModelEdit, L"　ｻﾌﾞモデル_1ABCDEFGHIJKLMNO "},
+                                    {kFileNameEdit, L" 図面.dxf　"}});
+                      Focus(dialog, kFileNameEdit);
+                      Key(VK_RETURN);
+                  }));
+        view.pictureNumber = _wtoi(row.picture);
+        view.scale = row.ratio;
+        WriteFixedText(view.layerTableFileName, row.result);
+        EXPECT_TRUE(expected == record) << view.pictureNumber;
+    }
+}
+
+TEST_F(Import, RecentFilesLastAcrossCalls) {
+    const auto floppy = Write(L"FLOPPY_WIN\\f.dxf", TextDxf("AC1009"));
+    Confirm([&](HWND dialog) {
+        Click(dialog, kFloppyRadio);
+        EXPECT_EQ(kVersion + L"AC1009(GX-5)", VersionOf(dialog, L"f.dxf"));
+        Click(dialog, kDiskRadio);  // of that name there is none
+        EXPECT_EQ(kNoFile, Text(dialog, kVersionText));
+        Click(dialog, kFloppyRadio);
     });
-    EXPECT_TRUE(before == record) << "the batch dialog had the table's name in another form";
+    EXPECT_EQ(floppy.generic_string(), input.inputFileName);
+    for (const std::wstring name : {L"a.dxf", L"b.dxf"}) {
+        Write(L"DXF\\" + name, TextDxf("AC1009"));
+        Confirm([&](HWND dialog) { GiveName(dialog, name); });
+    }
+    std::filesystem::remove(home / L"DXF\\b.dxf");
+    Look([&](HWND dialog) {
+        EXPECT_EQ((Names{L"b.dxf", L"a.dxf"}), Items(dialog, kRecentCombo));
+        Pick(dialog, kRecentCombo, 1);
+        EXPECT_EQ(L"a.dxf", Text(dialog, kFileNameEdit));
+        EXPECT_EQ(kFileNameEdit, FocusId());
+        EXPECT_EQ(kVersion + L"AC1009(GX-5)", Text(dialog, kVersionText));
+        EXPECT_EQ((Names{L"a.dxf", L"b.dxf"}), Items(dialog, kRecentCombo));
+        Pick(dialog, kRecentCombo, 1);  // gone from the disk
+        ExpectRefusal(dialog, L"b.dxf", kFileNameEdit, L"ＤＸＦ読込み");
+        EXPECT_EQ(Names{L"a.dxf"}, Items(dialog, kRecentCombo));
+        Click(dialog, kFloppyRadio);  // a list of its own
+        EXPECT_EQ(Names{L"f.dxf"}, Items(dialog, kRecentCombo));
+        Click(dialog, kDiskRadio);
+        EXPECT_EQ(2u, Items(dialog, kRecentCombo).size());  // as kept: nothing has been confirmed
+
+        constexpr COLORREF kRaised = RGB(0xE0, 0xE0, 0xE0), kSunken = RGB(0, 0, 0);
+        const RECT label = Area(dialog, kFileNameLabel), edge{label.left, label.top - 4, label.right, label.top - 3};
+        const auto framed = [&](COLORREF color) { return HasColor(dialog, edge, color); };
+        MoveMouse(Centre(Control(dialog, kFileNameLabel)));
+        Until("the raised frame", [&] { return framed(kRaised) && !framed(kSunken); });
+        Focus(dialog, kScaleEdit);
+        EXPECT_FALSE(framed(kRaised));
+        MouseDown();
+        MouseUp();
+        const HWND menu = OpenMenu();
+        EXPECT_EQ(Names{L"一覧クリア"}, MenuItems(menu));
+        MoveMouse(Centre(menu));
+        Until("the sunken frame", [&] { return framed(kSunken); });
+        PickMenu(0);
+        Settle();
+        Until("no frame", [&] { return !framed(kSunken) && !framed(kRaised); });
+        EXPECT_TRUE(Items(dialog, kRecentCombo).empty());
+    });
+    Look([&](HWND dialog) { EXPECT_TRUE(Items(dialog, kRecentCombo).empty()); });
+}
+
+TEST_F(Import, ARecordOfRubbishIsSurvivedAndAnUnsavedModelAskedFor) {
+    std::memset(&record.info, 0xFF, sizeof record.info);
+    const ImportRecord before = record;
+    KiroHostSetModified(true);
+    WriteDwg();
+    EXPECT_EQ(0, Run([&](HWND dialog) {
+                  GiveName(dialog, L"a.dwg");
+                  Click(dialog, IDOK);
+                  ReadBox();
+                  Key(VK_RETURN);  // once too often
+                  EXPECT_EQ(dialog, Settle());
+                  EXPECT_TRUE(before == record);
+                  Click(dialog, IDOK);
+                  Expect(L"ＤＷＧ読込み", L"モデルが保存されていません。\nモデルが壊れます。\nよろしいですか。",
+                         MB_ICONWARNING, IDYES);
+              }));
+    // A table's name that is none goes back as it came.
+    EXPECT_EQ(0, std::memcmp(before.info.input.layerTableFileName, input.layerTableFileName, 257));
 }
