@@ -1,11 +1,11 @@
 // The dialogs' utility object and the model that the stand-alone host gives them, as their users see them.
-#include <array>
 #include <cmath>
 
 #include "entry/host/KrUtility.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirocontrol.h"
 #include "hostlayer/kirodlglib/GuidanceLine.h"
+#include "resources/dxfin/KrDxfIn.ids.h"
 #include "tests/dialogs/TestHost.h"
 
 namespace drive = kiro::drive;
@@ -16,7 +16,11 @@ using Names = std::vector<std::string>;
 
 class Utility : public TestHost {
   protected:
-    Utility() { utility->SetKeyword("#DXF#"); }
+    Utility() {
+        utility->SetParentWindow(owner);
+        utility->SetCaption("読込み");
+        utility->SetKeyword("#DXF#");
+    }
 
     std::string Internal(const std::string& path) { return KrInternalPath(*utility, nullptr, path); }
     std::string Real(const char* key, const std::string& path) {
@@ -59,27 +63,27 @@ class Utility : public TestHost {
     KrUtilityPtr utility{KrCreateUtility()};
 };
 
-// A dialog of the utility, without controls, not shown.
+// Over one of the library's dialogs, without the library's code.
 class UtilityDialog : public Utility {
   protected:
-    UtilityDialog() { utility->SetParentWindow(dialog); }
-    ~UtilityDialog() override { DestroyWindow(dialog); }
-    static HWND Make() {
-        alignas(4) static const struct {
-            DLGTEMPLATE head{WS_POPUP | WS_CAPTION | DS_SETFONT, 0, 0, 10, 10, 200, 100};
-            WORD menuClassTitle[3] = {};
-            WORD points = 9;
-            wchar_t face[16] = L"MS UI Gothic";
-        } dialogTemplate;
-        return CreateDialogIndirectParamW(
-            nullptr, &dialogTemplate.head, nullptr, [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; }, 0);
+    UtilityDialog()
+        : dialog(CreateDialogParamW(
+              GetModuleHandleW(L"kirovanteo.dll"), MAKEINTRESOURCEW(kDxfInDialog), nullptr,
+              [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; }, 0)) {
+        utility->SetParentWindow(dialog);
     }
-    static RECT ClientOf(HWND window) {
+    ~UtilityDialog() override { DestroyWindow(dialog); }
+    // The dialog's, or its guidance line's.
+    RECT Client(const wchar_t* child = nullptr) const {
+        const HWND window = child ? FindWindowExW(dialog, nullptr, child, nullptr) : dialog;
         RECT area{};
         GetClientRect(window, &area);
+        MapWindowPoints(window, dialog, reinterpret_cast<POINT*>(&area), 2);
         return area;
     }
-    HWND dialog = Make();
+
+    const LibraryResources resources;
+    const HWND dialog;
 };
 
 }  // namespace
@@ -104,33 +108,29 @@ TEST_F(Utility, TakesNumbersOfTheKindAndRangeOnly) {
 }
 
 TEST_F(Utility, ReadsAndShowsScales) {
-    using Pairs = std::initializer_list<std::pair<double, const char*>>;
     const auto read = [&](const char* text) {
         double value = -1;
         const int ok = utility->CheckScale(text, &value);
         EXPECT_EQ(ok, value != -1) << text;
         return value;
     };
-    for (const auto& [scale, text] : Pairs{{1, "1"}, {0.01, "1/100"}, {0.4, "1/2.5"}, {2, "1/0.5"}, {1000, "1e3"}})
-        EXPECT_DOUBLE_EQ(scale, read(text)) << text;
+    const struct {
+        const char* text;
+        double scale;
+    } good[] = {{"1", 1}, {"1/100", 0.01}, {"1/2.5", 0.4}, {"1/0.5", 2}, {"1e3", 1000}},
+      shown[] = {{"1", 1},        {"1/100", 0.01},  {"1/100", 0.1 * 0.1}, {"1/3", 1.0 / 3}, {"0.3333", 0.3333},
+                 {"100000", 1e5}, {"1e-12", 1e-12}, {"-0.5", -0.5},       {"", NAN}},
+      numbers[] = {{"0", -0.0}, {"12345.678", 12345.678}, {"1e+300", 1e300}, {"", HUGE_VAL}};
+    for (const auto& row : good) EXPECT_DOUBLE_EQ(row.scale, read(row.text)) << row.text;
     for (const char* text : {"", "0", "-1", "+1", "1/0", "2/3", "1/", "/2", "1/-2", "1/+2", "1 / 2", "1/2/3", "1:2",
                              "１", "nan", "inf", "1/inf", "1/1e-320"})
         EXPECT_EQ(-1, read(text)) << text;
-    char shown[kKrTextSize];
-    for (const auto& [scale, text] : Pairs{{1, "1"},
-                                           {0.01, "1/100"},
-                                           {0.1 * 0.1, "1/100"},
-                                           {1.0 / 3, "1/3"},
-                                           {0.3333, "0.3333"},
-                                           {1e5, "100000"},
-                                           {1e-12, "1e-12"},
-                                           {-0.5, "-0.5"},
-                                           {NAN, ""}}) {
-        utility->DisplayScale(scale, shown, sizeof shown);
-        EXPECT_STREQ(text, shown);
+    for (const auto& row : shown) {
+        char text[kKrTextSize];
+        utility->DisplayScale(row.scale, text, sizeof text);
+        EXPECT_STREQ(row.text, text);
     }
-    for (const auto& [value, text] : Pairs{{-0.0, "0"}, {12345.678, "12345.678"}, {1e300, "1e+300"}, {HUGE_VAL, ""}})
-        EXPECT_STREQ(text, utility->DtoA(value));
+    for (const auto& row : numbers) EXPECT_STREQ(row.text, utility->DtoA(row.scale));
 }
 
 // ---- Text ----
@@ -204,11 +204,10 @@ TEST_F(Utility, NamesMeanTheKeysFolder) {
 
 // ---- File checks ----
 
-TEST_F(UtilityDialog, InputFileIsRefusedWithAReason) {
+TEST_F(Utility, InputFileIsRefusedWithAReason) {
     Write(L"DXF/empty.dxf", "");
     const std::filesystem::path locked = Write(L"DXF/locked.dxf", "x");
     const HANDLE lock = CreateFileW(locked.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    utility->SetCaption("読込み");
     for (const auto& [name, reason] : std::initializer_list<std::pair<std::string, const wchar_t*>>{
              {"", L"入力してください"},
              {std::string(251, 'a') + ".dxf", L"長すぎます"},
@@ -250,7 +249,6 @@ TEST_F(Utility, OutputFileAsksBeforeItIsOverwritten) {
     BoxOf(check, 1, IDYES);
     EXPECT_EQ(3U, std::filesystem::file_size(file));
 
-    utility->SetCaption("読込み");
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
     ExpectRefusal(check, L"読み取り専用");
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
@@ -270,13 +268,12 @@ TEST_F(Utility, ChooserGivesTheFullPath) {
     const wchar_t* korean = L"한.dxf";
     Write(std::wstring(L"DXF/") + korean, "x");
     const std::filesystem::path before = std::filesystem::current_path();
-    utility->SetCaption("ファイル選択");
     const auto choose = [&](
                             const wchar_t* name, int button, const std::function<void()>& then = [] {}) {
         return drive::Drive([&] { return utility->FileDialog(kKrChooseExisting); },
                             [&] {
                                 const HWND chooser = drive::Settle();
-                                EXPECT_EQ(L"ファイル選択", drive::Text(chooser));
+                                EXPECT_EQ(L"読込み", drive::Text(chooser));
                                 drive::Send(drive::Control(chooser, 0x47C), WM_SETTEXT, 0,
                                             reinterpret_cast<LPARAM>(name));
                                 drive::Click(chooser, button);
@@ -359,69 +356,60 @@ TEST_F(Utility, ComboShowsTheListAndKeepsItsText) {
 // ---- The dialog ----
 
 TEST_F(UtilityDialog, GuidanceLineTakesTheLowerEdge) {
-    const RECT before = ClientOf(dialog);
+    const RECT before = Client();
     utility->MessageText("not yet");
     utility->SetMessageZone();
-    const RECT after = ClientOf(dialog);
+    const RECT after = Client(), strip = Client(kGuidanceLineClass);
+    EXPECT_TRUE(strip.top == before.bottom && strip.bottom == after.bottom && strip.top < strip.bottom);
+    EXPECT_TRUE(strip.right == before.right && strip.right == after.right);
     const HWND line = FindWindowExW(dialog, nullptr, kGuidanceLineClass, nullptr);
-    ASSERT_NE(nullptr, line);
-    RECT strip = ClientOf(line);
-    MapWindowPoints(line, dialog, reinterpret_cast<POINT*>(&strip), 2);
-    EXPECT_TRUE(EqualRect(std::array{RECT{0, before.bottom, before.right, after.bottom}}.data(), &strip));
-    EXPECT_EQ(before.right, after.right);
-    EXPECT_EQ(nullptr, GetNextDlgTabItem(dialog, nullptr, FALSE));
+    EXPECT_FALSE(GetWindowLongW(line, GWL_STYLE) & WS_TABSTOP);
 
     utility->ErrorText("表示 & 誤り");
     utility->SetMessageZone();
-    EXPECT_EQ(after.bottom, ClientOf(dialog).bottom) << "the second call does nothing";
-    EXPECT_EQ(L"表示 & 誤り", drive::Guidance(dialog));
-    EXPECT_TRUE(drive::IsGuidanceError(dialog));
+    EXPECT_EQ(after.bottom, Client().bottom) << "the second call does nothing";
+    EXPECT_EQ(L"表示 & 誤り", drive::Text(line));
+    EXPECT_TRUE(SendMessageW(line, kGuidanceLineIsError, 0, 0));
     utility->MessageText("");
-    EXPECT_EQ(L"", drive::Guidance(dialog));
-    EXPECT_FALSE(drive::IsGuidanceError(dialog));
+    EXPECT_EQ(L"", drive::Text(line));
+    EXPECT_FALSE(SendMessageW(line, kGuidanceLineIsError, 0, 0));
 }
 
 TEST_F(UtilityDialog, GuidanceLineShowsErrorsInAReadableRed) {
     utility->SetMessageZone();
-    const HWND line = FindWindowExW(dialog, nullptr, kGuidanceLineClass, nullptr);
     ShowWindow(dialog, SW_SHOW);
-    const auto has = [&](COLORREF color) {
-        RedrawWindow(line, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-        const HDC dc = GetDC(line);
-        const RECT area = ClientOf(line);
+    const auto shows = [&](COLORREF color) {
+        RedrawWindow(dialog, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+        const RECT strip = Client(kGuidanceLineClass);
+        const HDC dc = GetDC(dialog);
         bool found = false;
-        for (int i = 0; i < area.right * area.bottom && !found; ++i)
-            found = GetPixel(dc, i % area.right, i / area.right) == color;
-        ReleaseDC(line, dc);
+        for (int y = strip.top; y < strip.bottom && !found; ++y)
+            for (int x = strip.left; x < strip.right && !found; ++x) found = GetPixel(dc, x, y) == color;
+        ReleaseDC(dialog, dc);
         return found;
     };
     constexpr COLORREF kRed = RGB(0xC0, 0, 0), kLightRed = RGB(0xFF, 0x99, 0x99);
     utility->ErrorText("誤り");
-    EXPECT_TRUE(has(kRed));
+    EXPECT_TRUE(shows(kRed));
     // An operator who likes a dark screen.
     const int face = COLOR_BTNFACE;
     const COLORREF light = GetSysColor(face), dark = RGB(0x20, 0x20, 0x20);
     SetSysColors(1, &face, &dark);
-    EXPECT_TRUE(has(kLightRed) && !has(kRed));
+    EXPECT_TRUE(shows(kLightRed) && !shows(kRed));
     SetSysColors(1, &face, &light);
     utility->MessageText("案内");
-    EXPECT_FALSE(has(kRed));
+    EXPECT_FALSE(shows(kRed));
 }
 
 TEST_F(UtilityDialog, SetFocusSelectsTheText) {
-    const auto add = [&](int id, DWORD style) {
-        return CreateWindowW(L"EDIT", L"text", WS_CHILD | WS_TABSTOP | style, 0, 0, 50, 20, dialog,
-                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
-    };
-    const HWND edit = add(100, WS_VISIBLE);
-    add(101, 0);
+    const HWND edit = GetDlgItem(dialog, kScaleEdit);
+    SetWindowTextW(edit, L"text");
+    ShowWindow(GetDlgItem(dialog, kSubModelEdit), SW_HIDE);
     ShowWindow(dialog, SW_SHOW);
-    SendMessageW(edit, EM_SETSEL, 1, 1);
-    utility->SetFocus(100);
-    EXPECT_EQ(edit, GetFocus());
+    utility->SetFocus(kScaleEdit);
     EXPECT_EQ(MAKELRESULT(0, 4), SendMessageW(edit, EM_GETSEL, 0, 0));
-    utility->SetFocus(101);
-    utility->SetFocus(102);
+    utility->SetFocus(kSubModelEdit);
+    utility->SetFocus(999);
     EXPECT_EQ(edit, GetFocus());
 }
 
