@@ -268,27 +268,24 @@ TEST_F(Utility, ChooserGivesTheFullPath) {
     const wchar_t* korean = L"한.dxf";
     Write(std::wstring(L"DXF/") + korean, "x");
     const std::filesystem::path before = std::filesystem::current_path();
-    const auto choose = [&](
-                            const wchar_t* name, int button, const std::function<void()>& then = [] {}) {
-        return drive::Drive([&] { return utility->FileDialog(kKrChooseExisting); },
-                            [&] {
-                                const HWND chooser = drive::Settle();
-                                EXPECT_EQ(L"読込み", drive::Text(chooser));
-                                drive::Send(drive::Control(chooser, 0x47C), WM_SETTEXT, 0,
-                                            reinterpret_cast<LPARAM>(name));
-                                drive::Click(chooser, button);
-                                then();
-                            });
+    constexpr int kChooserName = 0x47C;
+    drive::Box box;
+    const auto choose = [&](const wchar_t* name, int button) {
+        const auto use = [&] {
+            const HWND chooser = drive::Settle();
+            EXPECT_EQ(L"読込み", drive::Text(chooser));
+            SetDlgItemTextW(chooser, kChooserName, name);
+            drive::Click(chooser, button);
+            if (drive::Settle()) drive::Answer(box = drive::ReadBox(), IDOK);
+        };
+        return drive::Drive([&] { return utility->FileDialog(kKrChooseExisting); }, use);
     };
     EXPECT_EQ(1, choose(L"表.dxf", IDOK));
     EXPECT_EQ(home.string() + "\\DXF\\表.dxf", utility->GetFileName());
     EXPECT_EQ(0, choose(L"表.dxf", IDCANCEL));
     EXPECT_STREQ("", utility->GetFileName());
-    EXPECT_EQ(0, choose(korean, IDOK, [] {
-                  const drive::Box box = drive::ReadBox();
-                  EXPECT_NE(std::wstring::npos, box.text.find(L"シフトＪＩＳにない文字"));
-                  drive::Answer(box, IDOK);
-              }));
+    EXPECT_EQ(0, choose(korean, IDOK));
+    EXPECT_NE(std::wstring::npos, box.text.find(L"シフトＪＩＳにない文字"));
     EXPECT_EQ(before, std::filesystem::current_path());
 }
 
