@@ -26,7 +26,7 @@ class Entry : public TestHost {
             HWND window = Settle();
             if (window && IsBox(window)) {
                 seen.prompt = ReadBox();
-                Answer(seen.prompt, answer);
+                Answer(seen.prompt, seen.prompt.buttons.size() == 1 ? IDOK : answer);
                 window = Settle();
             }
             if (!window) return;
