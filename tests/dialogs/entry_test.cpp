@@ -1,11 +1,10 @@
-// The fourteen exports: frame, prompts, boxes, and what is restored when they return.
+// The exports: frame, prompts, boxes, and what is restored when they return.
 #include <windows.h>
 // (after windows.h, which it needs)
 #include <psapi.h>
 
 #include <algorithm>
 #include <cwchar>
-#include <memory>
 
 #include "tests/dialogs/TestHost.h"
 
@@ -15,21 +14,19 @@ namespace {
 
 class Entry : public TestHost {
   protected:
-    // Runs a settings command. The prompt is answered; a dialog that follows is cancelled and its title returned.
+    // Runs a command; its prompt is answered, if there is one, and a dialog that follows is cancelled.
     struct Seen {
         bool result = true;
-        bool prompted = false;
         Box prompt;
         std::wstring dialogTitle;
     };
-    Seen RunSettings(const std::function<bool()>& call, int answer) {
+    Seen Run(const std::function<bool()>& call, int answer = IDYES) {
         Seen seen;
         seen.result = Drive(call, [&] {
             HWND window = Settle();
             if (window && IsBox(window)) {
-                seen.prompted = true;
                 seen.prompt = ReadBox();
-                Answer(seen.prompt, answer);
+                Answer(seen.prompt, seen.prompt.buttons.size() == 1 ? IDOK : answer);
                 window = Settle();
             }
             if (!window) return;
@@ -41,6 +38,17 @@ class Entry : public TestHost {
         EXPECT_TRUE(IsWindowEnabled(owner));
         return seen;
     }
+    // The prompt's caption; "": none. Its words and icons are in the golden text.
+    void Expect(const std::function<bool()>& call, int state, const wchar_t* caption, const wchar_t* dialogTitle) {
+        values[0] = state;
+        const Seen seen = Run(call);
+        EXPECT_EQ(caption, seen.prompt.caption) << state;
+        EXPECT_EQ(dialogTitle, seen.dialogTitle) << state;
+        EXPECT_FALSE(seen.result);
+        if (seen.prompt.buttons.size() == 2) {
+            EXPECT_EQ(L"", Run(call, IDNO).dialogTitle);
+        }
+    }
     std::int32_t values[257] = {};
 };
 
@@ -49,119 +57,65 @@ constexpr wchar_t kDwg[] = L"ＤＷＧ書込み";
 
 }  // namespace
 
-TEST_F(Entry, CommandsShowTheirFrameAndReportCancelled) {
-    auto record = std::make_unique<TARNAINFO>();
-    CATIAINFO catia{};
-    const struct {
-        const wchar_t* title;
-        std::function<int()> call;
-    } commands[] = {
-        {L"ＤＸＦ書込み", [&] { return DxfOutputDlg(record.get()); }},
-        {L"Ｐｅｌｉｏｎ ＤＢ読込み", [&] { return PlInputDlg(record.get()); }},
-        {L"Ｐｅｌｉｏｎ ＤＢ書込み", [&] { return PlOutputDlg(record.get()); }},
-        {L"ＶＲ ＤＢ読込み（ＩＢＭ）", [&] { return VrInputDlg(record.get()); }},
-        {L"Ｖａｒｏｓ ＤＢ書込み", [&] { return VrOutputDlg(record.get()); }},
-        {L"ＣＡＴＩＡ読込み", [&] { return CatiaInputDlg(&catia); }},
-    };
-    for (const auto& command : commands) {
-        EXPECT_EQ(1, Drive(command.call, [&] {
-                      const HWND dialog = Settle();
-                      EXPECT_EQ(command.title, Text(dialog));
-                      EXPECT_EQ(owner, GetWindow(dialog, GW_OWNER));
-                      EXPECT_FALSE(IsWindowEnabled(owner));
-                      Key(VK_ESCAPE);
-                  }));
-        EXPECT_TRUE(IsWindowEnabled(owner));
-    }
+TEST_F(Entry, CommandIsModalToTheMainWindowAndReportsCancelled) {
+    TARNAINFO record{};
+    EXPECT_TRUE(Run([&] { return DxfOutputDlg(&record) == 1; }).result);
+    KiroHostSetMainWindow(nullptr);
+    EXPECT_FALSE(Drive([] { return DxfWarningDialog(1); }, [] { Click(Settle(), IDCANCEL); }));
 }
 
 TEST_F(Entry, LayerNamesAlwaysPrompt) {
-    const struct {
-        int mode;
-        const wchar_t* caption;
-    } rows[] = {{0, kDxf}, {1, kDxf}, {2, kDwg}, {3, kDwg}};
-    for (const auto& row : rows) {
-        values[0] = 0;
-        const auto ask = [&] { return DxfLayerNameDialog(row.mode, values); };
-        Seen seen = RunSettings(ask, IDYES);
-        EXPECT_EQ(L"レイヤ名が設定されていません。\n設定しますか。", seen.prompt.text);
-        EXPECT_EQ(row.caption, seen.prompt.caption);
-        EXPECT_EQ(static_cast<UINT>(MB_ICONWARNING), seen.prompt.icon);
-        EXPECT_EQ(L"レイヤ名", seen.dialogTitle);
-        EXPECT_FALSE(seen.result);
-        EXPECT_EQ(L"", RunSettings(ask, IDNO).dialogTitle);
-        values[0] = -1;
-        seen = RunSettings(ask, IDOK);
-        EXPECT_EQ(L"レイヤ名が設定されていません。\n処理を中断します。", seen.prompt.text);
-        EXPECT_EQ(row.caption, seen.prompt.caption);
-        EXPECT_EQ(static_cast<UINT>(MB_ICONERROR), seen.prompt.icon);
-        EXPECT_EQ(L"", seen.dialogTitle);
-        EXPECT_FALSE(seen.result);
+    for (int mode = 0; mode < 4; ++mode) {
+        const auto call = [&] { return DxfLayerNameDialog(mode, values); };
+        const wchar_t* caption = mode < 2 ? kDxf : kDwg;
+        Expect(call, 0, caption, L"レイヤ名");
+        Expect(call, -1, caption, L"");
     }
 }
 
 TEST_F(Entry, LineTypesAndWidthsPromptByTheirState) {
-    const struct {
-        const wchar_t* title;
-        std::wstring text;
-        std::function<bool()> call;
-    } commands[] = {
-        {L"線種設定", L"線種名が設定されていません。\n", [&] { return DxfLineTypeDialog(values); }},
-        {L"線幅設定", L"線幅が設定されていません。\n", [&] { return DxfLineWidthDialog(0, values); }},
+    const std::pair<const wchar_t*, std::function<bool()>> commands[] = {
+        {L"線種設定", [&] { return DxfLineTypeDialog(values); }},
+        {L"線幅設定", [&] { return DxfLineWidthDialog(0, values); }},
     };
-    for (const auto& command : commands) {
-        values[0] = 0;
-        EXPECT_FALSE(RunSettings(command.call, IDYES).prompted);
-        EXPECT_EQ(command.title, RunSettings(command.call, IDYES).dialogTitle);
-        for (const auto& [state, caption] : {std::pair(1, kDxf), std::pair(2, kDwg)}) {
-            values[0] = state;
-            const Seen seen = RunSettings(command.call, IDYES);
-            EXPECT_EQ(command.text + L"設定しますか。", seen.prompt.text);
-            EXPECT_EQ(caption, seen.prompt.caption);
-            EXPECT_EQ(command.title, seen.dialogTitle);
-            EXPECT_EQ(L"", RunSettings(command.call, IDNO).dialogTitle);
-        }
-        values[0] = -1;
-        const Seen seen = RunSettings(command.call, IDOK);
-        EXPECT_EQ(command.text + L"処理を中断します。", seen.prompt.text);
-        EXPECT_EQ(kDwg, seen.prompt.caption);
-        EXPECT_EQ(L"", seen.dialogTitle);
+    for (const auto& [title, call] : commands) {
+        Expect(call, 0, L"", title);
+        Expect(call, 1, kDxf, title);
+        Expect(call, 2, kDwg, title);
+        Expect(call, -1, kDwg, L"");
     }
 }
 
 TEST_F(Entry, WarningsOfOtherKindsShowNothing) {
-    EXPECT_EQ(L"警告", RunSettings([] { return DxfWarningDialog(1); }, IDYES).dialogTitle);
+    EXPECT_EQ(L"警告", Run([] { return DxfWarningDialog(1); }).dialogTitle);
     for (const int kind : {0, 2, -1}) {
-        const Seen seen = RunSettings([&] { return DxfWarningDialog(kind); }, IDYES);
-        EXPECT_FALSE(seen.result || seen.prompted);
+        const Seen seen = Run([&] { return DxfWarningDialog(kind); });
+        EXPECT_FALSE(seen.result || seen.prompt.window);
         EXPECT_EQ(L"", seen.dialogTitle);
     }
 }
 
 TEST_F(Entry, MessageBoxesShowTheHostsText) {
-    Drive([] { ErrorMessageBox(-1); },
-          [&] {
-              const Box box = ReadBox();
-              EXPECT_EQ(L" ", box.caption);
-              EXPECT_FALSE(box.text.empty());
-              EXPECT_EQ(static_cast<UINT>(MB_ICONERROR), box.icon);
-              EXPECT_EQ(owner, GetWindow(box.window, GW_OWNER));
-              Answer(box, IDOK);
-          });
+    const auto box = [&](const std::function<void()>& call) {
+        Box shown;
+        Drive(call, [&] {
+            shown = ReadBox();
+            EXPECT_EQ(owner, GetWindow(shown.window, GW_OWNER));
+            Answer(shown, IDOK);
+        });
+        return shown;
+    };
+    const Box error = box([] { ErrorMessageBox(-1); });
+    EXPECT_EQ(L" ", error.caption);
+    EXPECT_FALSE(error.text.empty());
     const std::string euc = "\xC9\xBD\xC7\xBD";  // 表能
     std::string longText = "x";
+    std::wstring expected = L"x";  // 127 bytes: one, and 63 characters of two
     for (int i = 0; i < 100; ++i) longText += euc;
-    Drive([&] { WarningMessageBox(longText.c_str(), euc.c_str()); },
-          [&] {
-              const Box box = ReadBox();
-              EXPECT_EQ(L"表能", box.caption);
-              EXPECT_EQ(static_cast<UINT>(MB_ICONWARNING), box.icon);
-              std::wstring expected = L"x";  // 127 bytes: one, and 63 characters of two
-              while (expected.size() < 64) expected += expected.size() % 2 ? L"表" : L"能";
-              EXPECT_EQ(expected, box.text);
-              Answer(box, IDOK);
-          });
-    Drive([] { WarningMessageBox("", ""); }, [&] { Answer(ReadBox(), IDOK); });
+    while (expected.size() < 64) expected += expected.size() % 2 ? L"表" : L"能";
+    const Box warning = box([&] { WarningMessageBox(longText.c_str(), euc.c_str()); });
+    EXPECT_EQ(L"表能", warning.caption);
+    EXPECT_EQ(expected, warning.text);
 }
 
 // This program has no manifest, as an old host has none: the dialogs bring their own style of controls, for the call
@@ -191,10 +145,4 @@ TEST_F(Entry, BringsItsControlStyleForTheCallAlone) {
               Click(dialog, IDCANCEL);
           });
     EXPECT_EQ(before, current());
-}
-
-TEST_F(Entry, WorksWithoutAMainWindow) {
-    KiroHostSetMainWindow(nullptr);
-    EXPECT_FALSE(Drive([] { return DxfWarningDialog(1); }, [&] { Click(Settle(), IDCANCEL); }));
-    EXPECT_FALSE(Drive([&] { return DxfLineTypeDialog(values); }, [&] { Click(Settle(), IDCANCEL); }));
 }

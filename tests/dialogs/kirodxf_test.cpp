@@ -1,15 +1,8 @@
 // The kept import parameters as a program sees them: the exported functions on a real settings folder.
-#include <gtest/gtest.h>
-#include <windows.h>
-
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <iterator>
-#include <string>
 
 #include "entry/host/kirodxf.h"
-#include "hostlayer/include/KiroHost.h"
+#include "tests/dialogs/TestHost.h"
 
 namespace {
 
@@ -21,93 +14,63 @@ DxfInParamBlock Filled(int byte) {
     return params;
 }
 
-bool Same(const DxfInParamBlock& left, const DxfInParamBlock& right) {
-    return std::memcmp(&left, &right, sizeof left) == 0;
-}
-
-class Kirodxf : public testing::Test {
+class Kirodxf : public TestHost {
   protected:
-    void SetUp() override {
-        fs::remove_all(home_);  // of a run that was ended from outside
-        KiroHostSetHome(home_.c_str());
+    static void Set(int byte) {
+        const DxfInParamBlock params = Filled(byte);
+        setdxfinparam(&params);
     }
-    void TearDown() override {
-        KiroHostSetHome(nullptr);
-        fs::remove_all(home_);
+    // The byte that the kept parameters are filled with; -1 when there are none, and nothing is stored.
+    static int Kept() {
+        DxfInParamBlock params = Filled(0x77);
+        const bool isRead = DxfInReadParam(&params) == 0;
+        const int byte = *reinterpret_cast<const unsigned char*>(&params);
+        const DxfInParamBlock expected = Filled(byte);
+        EXPECT_EQ(std::memcmp(&params, &expected, sizeof params), 0);
+        EXPECT_NE(isRead, byte == 0x77);
+        return isRead ? byte : -1;
     }
-
-    fs::path Settings() const { return home_ / L"settings"; }
-    fs::path File() const { return Settings() / L"dxfin_params"; }
     std::string Bytes() const {
-        std::ifstream in(File(), std::ios::binary);
+        std::ifstream in(file, std::ios::binary);
         return {std::istreambuf_iterator<char>(in), {}};
     }
-    static void Write(const fs::path& path, const std::string& bytes) {
-        fs::create_directories(path.parent_path());
-        std::ofstream(path, std::ios::binary) << bytes;
-    }
-    static bool NoneToRead() {
-        DxfInParamBlock params = Filled(0x77);
-        return DxfInReadParam(&params) != 0 && Same(params, Filled(0x77));
-    }
-    // Neither a new file left behind nor a lock on the kept one.
-    void ExpectNothingElse() const {
-        EXPECT_EQ(std::distance(fs::directory_iterator(Settings()), fs::directory_iterator()), 1);
-        std::error_code error;
-        fs::rename(File(), File(), error);
-        EXPECT_FALSE(error);
-    }
 
-    const fs::path home_ = fs::temp_directory_path() / (L"kirodxf_" + std::to_wstring(GetCurrentProcessId()));
+    const fs::path settings = home / L"settings", file = settings / L"dxfin_params";
 };
+
+}  // namespace
 
 // First in the program: later no parameters are not given any more.
 TEST_F(Kirodxf, NothingIsKeptBeforeParametersAreGiven) {
     EXPECT_NE(DxfInWriteParam(), 0);
     setdxfinparam(nullptr);
     EXPECT_NE(DxfInWriteParam(), 0);
-    EXPECT_FALSE(fs::exists(File()));
-    EXPECT_TRUE(NoneToRead());
+    EXPECT_FALSE(fs::exists(file));
+    EXPECT_EQ(Kept(), -1);
+    EXPECT_NE(DxfInReadParam(nullptr), 0);
 }
 
 TEST_F(Kirodxf, KeepsACopyOfTheParametersGivenLast) {
-    DxfInParamBlock params = Filled(0x11);
-    setdxfinparam(&params);
-    EXPECT_TRUE(NoneToRead());  // given is not kept
-    params = Filled(0x22);
+    Set(0x11);
+    EXPECT_EQ(Kept(), -1);  // given is not kept
     setdxfinparam(nullptr);
     ASSERT_EQ(DxfInWriteParam(), 0);
-    ASSERT_EQ(DxfInReadParam(&params), 0);
-    EXPECT_TRUE(Same(params, Filled(0x11)));
-
-    params = Filled(0x33);
-    setdxfinparam(&params);
-    ASSERT_EQ(DxfInReadParam(&params), 0);
-    EXPECT_TRUE(Same(params, Filled(0x11)));
+    Set(0x22);
+    const std::ifstream otherReader(file);
+    EXPECT_EQ(Kept(), 0x11);
+    KiroHostSetHome((home / L"表").c_str());
+    EXPECT_EQ(Kept(), -1);
     ASSERT_EQ(DxfInWriteParam(), 0);
-    ASSERT_EQ(DxfInReadParam(&params), 0);
-    EXPECT_TRUE(Same(params, Filled(0x33)));
-    ExpectNothingElse();
-
-    EXPECT_NE(DxfInReadParam(nullptr), 0);
-    const std::ifstream otherReader(File());
-    EXPECT_EQ(DxfInReadParam(&params), 0);
-
-    // They are found by their folder alone.
-    KiroHostSetHome((home_ / L"表").c_str());
-    EXPECT_TRUE(NoneToRead());
-    KiroHostSetHome(home_.c_str());
-    EXPECT_EQ(DxfInReadParam(&params), 0);
+    EXPECT_EQ(Kept(), 0x22);
 }
 
 TEST_F(Kirodxf, ADamagedFileCountsAsNoneAndStays) {
-    const DxfInParamBlock params = Filled(0x11);
-    setdxfinparam(&params);
+    Set(0x11);
     ASSERT_EQ(DxfInWriteParam(), 0);
     const std::string whole = Bytes();
-    for (const std::string& damaged : {std::string(), whole.substr(1), whole + "x", std::string(whole.size(), 'x')}) {
-        Write(File(), damaged);
-        EXPECT_TRUE(NoneToRead()) << damaged.size();
+    for (const std::string& damaged : {std::string(), whole + "x", std::string(whole.size(), 'x')}) {
+        Write(L"settings\\dxfin_params", damaged);
+        EXPECT_EQ(Kept(), -1) << damaged.size();
         EXPECT_EQ(Bytes(), damaged);
     }
     ASSERT_EQ(DxfInWriteParam(), 0);
@@ -115,27 +78,17 @@ TEST_F(Kirodxf, ADamagedFileCountsAsNoneAndStays) {
 }
 
 TEST_F(Kirodxf, WhatCannotBeWrittenIsReported) {
-    DxfInParamBlock params = Filled(0x11);
-    setdxfinparam(&params);
-    Write(Settings(), "a file where the folder would be");
+    Set(0x11);
+    fs::create_directories(file / L"a folder where the file would be");
     EXPECT_NE(DxfInWriteParam(), 0);
-    EXPECT_TRUE(NoneToRead());
-
-    fs::remove(Settings());
-    fs::create_directories(File() / L"a folder where the file would be");
-    EXPECT_NE(DxfInWriteParam(), 0);
-    EXPECT_TRUE(NoneToRead());
-    ExpectNothingElse();
+    EXPECT_EQ(Kept(), -1);
+    EXPECT_EQ(std::distance(fs::directory_iterator(settings), {}), 1) << "no new file is left behind";
 
     // What was kept before stays.
-    fs::remove_all(File());
+    fs::remove_all(file);
     ASSERT_EQ(DxfInWriteParam(), 0);
-    params = Filled(0x22);
-    setdxfinparam(&params);
-    fs::create_directories(Settings() / L"dxfin_params.new");
+    Set(0x22);
+    fs::create_directories(settings / L"dxfin_params.new");
     EXPECT_NE(DxfInWriteParam(), 0);
-    ASSERT_EQ(DxfInReadParam(&params), 0);
-    EXPECT_TRUE(Same(params, Filled(0x11)));
+    EXPECT_EQ(Kept(), 0x11);
 }
-
-}  // namespace
