@@ -28,6 +28,11 @@ namespace {
 
 constexpr UINT kPatience = 10000;  // ms
 constexpr UINT kHeardAll = WM_APP;
+constexpr std::pair<LONG, const wchar_t*> kStates[] = {{STATE_SYSTEM_FOCUSED, L"focused"},
+                                                       {STATE_SYSTEM_SELECTED, L"selected"},
+                                                       {STATE_SYSTEM_READONLY, L"fixed"},
+                                                       {STATE_SYSTEM_CHECKED, L"marked"},
+                                                       {STATE_SYSTEM_OFFSCREEN, L"outside"}};
 
 VARIANT Child(LONG number) {
     VARIANT child{};
@@ -51,15 +56,18 @@ std::wstring Tell(IAccessible& object, LONG child) {
     }
     VARIANT role{}, states{};
     all += Number(object.get_accRole(Child(child), &role), role) + L'|';
-    return all + Number(object.get_accState(Child(child), &states), states);
+    object.get_accState(Child(child), &states);
+    for (const auto& [state, name] : kStates)
+        if (states.lVal & state) all += std::wstring(name) + L' ';
+    return all;
 }
 
 std::wstring Area(IAccessible& object, LONG child) {
     LONG left = 0, top = 0, width = 0, height = 0;
     object.accLocation(&left, &top, &width, &height, Child(child));
-    wchar_t text[80];
-    swprintf(text, 80, L"%ld %ld %ld %ld", left, top, left + width, top + height);
-    return text;
+    std::wstring place;
+    for (const LONG edge : {left, top, left + width, top + height}) place += std::to_wstring(edge) + L' ';
+    return place;
 }
 
 // ---- Events ----
