@@ -54,12 +54,15 @@ class KrUtility {
     // The file type that the file operations below work on, such as "#DXF#". Each key is a folder under the host's home
     // folder ("#DXF:TABLE#" is DXF\TABLE; "" is the home folder itself), made when it is first used.
     virtual void SetKeyword(const char* key) = 0;
-    virtual void SetFloppy(const char* key) = 0;        // the same file type on the floppy medium
-    virtual void SetComment(const char* comment) = 0;   // what the chooser calls such files
-    virtual void SetWildcard(const char* pattern) = 0;  // what the chooser lists; a name or path starts it there
+    virtual void SetFloppy(const char* key) = 0;       // the same file type on the floppy medium
+    virtual void SetComment(const char* comment) = 0;  // what the chooser calls such files
+    // What the chooser lists; a name or path starts it there, with that name in its name field. For kKrChooseNew a
+    // pattern whose only wildcard is one "*" at its end proposes what new names begin with: "TABLE*" puts "TABLE" in
+    // the name field, selected, and lists "TABLE*". Other patterns propose nothing.
+    virtual void SetWildcard(const char* pattern) = 0;
 
-    // The system's file chooser. Not 0 when a file was chosen; GetFileName is then its full path, at most
-    // kKrPathSize - 1 bytes, valid until the next FileDialog.
+    // The system's file chooser, in a mode of those above. Not 0 when a file was chosen; GetFileName is then its full
+    // path, at most kKrPathSize - 1 bytes, valid until the next FileDialog.
     virtual int FileDialog(int mode) = 0;
     virtual const char* GetFileName() = 0;
 

@@ -35,6 +35,12 @@ bool IsProposable(const std::wstring& name) {
     });
 }
 
+// What a new name begins with: a pattern whose only wildcard is the "*" at its end tells it.
+std::wstring Beginning(const std::wstring& pattern) {
+    const std::size_t wild = pattern.find_first_of(L"*?;");
+    return wild + 1 == pattern.size() && pattern.back() == L'*' ? pattern.substr(0, wild) : std::wstring();
+}
+
 // The folder part counts only if there is such a folder, so that a stale name does not hide the key's folder.
 Start Understand(const ChooserRequest& request) {
     Start start{request.folder, {}, {}};
@@ -48,6 +54,8 @@ Start Understand(const ChooserRequest& request) {
     }
     if (name.find_first_of(L"*?") != name.npos) {
         if (name != kAllFiles) start.pattern = name;
+        if (const std::wstring beginning = Beginning(name); !request.existing && IsProposable(beginning))
+            start.proposed = beginning;
     } else if (IsProposable(name)) {
         start.proposed = name;
         if (const std::wstring extension = Extension(name); !extension.empty()) start.pattern = L"*." + extension;

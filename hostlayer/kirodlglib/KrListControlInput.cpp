@@ -153,7 +153,8 @@ std::optional<LRESULT> KrListControlImpl::OnListMouse(UINT message, WPARAM wPara
     if (message != WM_RBUTTONUP)
         return Press(point, message == WM_RBUTTONDOWN || message == WM_RBUTTONDBLCLK) ? std::optional<LRESULT>(0)
                                                                                       : std::nullopt;
-    if (!std::exchange(rightPressed_, false)) return std::nullopt;
+    // No menu where the press was refused, as the row under the mouse is not the current one.
+    if (!std::exchange(rightPressed_, false)) return 0;
     ClientToScreen(view_.List(), &point);
     return SendMessageW(dialog_, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(view_.List()), MAKELPARAM(point.x, point.y));
 }

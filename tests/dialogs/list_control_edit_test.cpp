@@ -1,46 +1,32 @@
 // The grid: editing in its cells.
 #include "tests/dialogs/GridDialog.h"
 
-namespace {
-
-using Events = std::vector<std::string>;
-
-}  // namespace
-
 TEST_F(Grids, TypingReplacesAndEnterGoesDown) {
     Run([&](HWND dialog) {
-        const Grid grid(dialog, kList);
-        grid.Click(2, 1);
-        TakeEvents();
-        grid.Write(L"　 表題 ソ 　");
-        EXPECT_EQ("表題 ソ", Stored(2, 1));
-        EXPECT_EQ((Events{"changed 2,1", "moved 3,1"}), TakeEvents());
-        EXPECT_EQ(kList, FocusId());
-        Key(VK_F2);  // keeps the text, all of it selected
-        EXPECT_EQ(L"レイヤ4", grid.Typed());
-        grid.Keys(L"x");
-        EXPECT_EQ(L"x", grid.Typed());
-        Key(VK_ESCAPE);
-        EXPECT_EQ(L"レイヤ4", grid.Cell(3, 1));
+        const Steps step(*this, kList);
+        step({2, 1}, L"2,1 / click -1>2");
+        step(L" 　", L"2,1");  // would only wipe the cell
+        step(L"表題 ソ 　", L"2,1 [表題 ソ 　]");
+        step(VK_RETURN, L"3,1 / changed 2,1=表題 ソ / moved 3,1");
+        step(VK_F2, L"3,1 [レイヤ4]");
+        step(L"x", L"3,1 [x]");  // it was selected
+        step(VK_ESCAPE, L"3,1");
+        EXPECT_EQ(L"レイヤ4", step.Cell(3, 1));
         EXPECT_EQ(dialog, Settle());
-        Key(VK_F2);
-        Key(VK_RETURN);  // nothing changed, so nothing is told
-        EXPECT_EQ((Events{"moved 4,1"}), TakeEvents());
-        grid.Keys(L"上");
-        Key(VK_UP);
-        EXPECT_EQ((Events{"changed 4,1", "moved 3,1"}), TakeEvents());
-        grid.Keys(L"下");
-        Key(VK_DOWN);
-        EXPECT_EQ((Events{"changed 3,1", "moved 4,1"}), TakeEvents());
-        Key(VK_LEFT);
-        grid.Keys(L"1");  // not available
-        Key(VK_F2);
-        EXPECT_FALSE(grid.IsOpen());
-        EXPECT_EQ(L"5", grid.Cell(4, 0));
-        Key(VK_RIGHT);
-        grid.Keys(L" 　");  // would only wipe the cell
-        EXPECT_FALSE(grid.IsOpen());
-        EXPECT_EQ("下", Stored(3, 1));
+        step(VK_F2, L"3,1 [レイヤ4]");
+        step(VK_RETURN, L"4,1 / moved 4,1");  // nothing changed, so nothing is told
+        step(L"上", L"4,1 [上]");
+        step(VK_UP, L"3,1 / changed 4,1=上 / moved 3,1");
+        step(L"下", L"3,1 [下]");
+        step(VK_DOWN, L"4,1 / changed 3,1=下 / moved 4,1");
+        step(VK_LEFT, L"4,0 / moved 4,0");
+        step(L"1", L"4,0");  // not available
+        step(VK_F2, L"4,0");
+        // The composition of an input method starts at the list view; some send the characters there as well.
+        step(VK_RIGHT, L"4,1 / moved 4,1");
+        step([&] { Send(step.List(), WM_IME_STARTCOMPOSITION); }, L"4,1 [上]");  // stays when it is given up
+        for (const wchar_t unit : {L'図', L'面'}) Send(step.List(), WM_CHAR, unit, 1);
+        step(VK_RETURN, L"5,1 / changed 4,1=図面 / moved 5,1");
         Click(dialog, IDOK);
     });
 }
@@ -48,195 +34,120 @@ TEST_F(Grids, TypingReplacesAndEnterGoesDown) {
 TEST_F(Grids, TabGoesFromCellToCell) {
     rows = 3;
     Run([&](HWND dialog) {
-        const Grid grid(dialog, kList);
+        const Steps step(*this, kList);
         OnUi([&] { table().SetAvailableFlag(1, 1, 0); });
-        grid.Click(0, 2);
-        grid.Keys(L"9");
-        Key(VK_TAB);
-        EXPECT_EQ((GridPlace{1, 2}), grid.Current());  // past the number and the name that is not available
-        EXPECT_EQ(L"1", grid.Typed());
-        EXPECT_EQ("9", Stored(0, 2));
-        KeyHolding(VK_SHIFT, VK_TAB);
-        EXPECT_EQ((GridPlace{0, 2}), grid.Current());
-        EXPECT_EQ(L"9", grid.Typed());
-        for (int i = 0; i < 3; ++i) Key(VK_TAB);
-        EXPECT_EQ((GridPlace{2, 2}), grid.Current());
-        Key(VK_TAB);  // there is no next one
-        EXPECT_FALSE(grid.IsOpen());
-        EXPECT_EQ(kList, FocusId());
-        Key(VK_TAB);
-        EXPECT_EQ(kOther, FocusId());
+        step({0, 2}, L"0,2 / click -1>0");
+        step(L"9", L"0,2 [9] クラス番号を入力してください");
+        // Past the number and the name that is not available.
+        step(VK_TAB, L"1,2 [1] クラス番号を入力してください / changed 0,2=9 / moved 1,2");
+        step([] { KeyHolding(VK_SHIFT, VK_TAB); }, L"0,2 [9] クラス番号を入力してください / moved 0,2");
+        step(VK_TAB, L"1,2 [1] クラス番号を入力してください / moved 1,2");
+        step(VK_TAB, L"2,1 [レイヤ3] / moved 2,1");
+        step(VK_TAB, L"2,2 [1] クラス番号を入力してください / moved 2,2");
+        step(VK_TAB, L"2,2");  // there is no next one
+        step(VK_TAB, L"2,2 @4060");
         Click(dialog, IDOK);
     });
 }
 
 TEST_F(Grids, WhatACellCannotHoldIsRefusedThere) {
     Run([&](HWND dialog) {
-        const Grid grid(dialog, kList);
-        grid.Click(1, 1);
-        const auto refused = [&](const wchar_t* text, const wchar_t* message) {
-            grid.SetText(text);
-            Key(VK_RETURN);
-            EXPECT_TRUE(grid.IsOpen() && FocusWindow() == grid.Editor()) << "the editor stays";
-            EXPECT_EQ(text, grid.Typed());
-            EXPECT_EQ(message, Guidance(dialog));
-            EXPECT_TRUE(IsGuidanceError(dialog));
-            EXPECT_EQ("レイヤ2", Stored(1, 1));
+        const Steps step(*this, kList);
+        Deed(1, 1).act(step);
+        Key(VK_F2);
+        const auto enter = [&](const wchar_t* text) {
+            return [&step, text] {
+                step.SetText(text);
+                Key(VK_RETURN);
+            };
         };
-        Key(VK_F2);
-        refused(L" 表\x00E9", L"2文字目（U+00E9）は使えない文字です。");
-        refused(L"\xD842\xDF9F", L"1文字目（U+20B9F）は使えない文字です。");
-        refused(L"～\x301C", L"2文字目（U+301C）は使えない文字です。");
-        refused(L"a\tb", L"タブや改行などの制御文字は使えません。");
-        refused(L"1234567890123456789012345", L"24文字以内で入力してください。");
-        grid.Keys(L"\b");  // what was too much is selected; the message goes with the fault
-        EXPECT_EQ(L"", Guidance(dialog));
-        grid.SetText(std::wstring(24, L'表'));
-        grid.Keys(L"x");  // no more can be typed
-        EXPECT_EQ(L"24文字以内で入力してください。", Guidance(dialog));
-        Key(VK_RETURN);
-        EXPECT_EQ(std::wstring(24, L'表'), grid.Cell(1, 1));
-        EXPECT_EQ(L"", Guidance(dialog));
-        // Leaving a refused text keeps it open; taking it is then refused where the operator wanted to go.
-        Key(VK_F2);
-        grid.SetText(L"\x00E9");
-        Focus(dialog, IDCANCEL);
-        EXPECT_EQ(L"\x00E9", grid.Typed());
-        EXPECT_TRUE(IsGuidanceError(dialog));
-        Click(dialog, IDOK);
-        EXPECT_EQ(grid.Editor(), FocusWindow());
+        events.clear();
+        step(enter(L" 表\x00E9"), L"1,1 [ 表\x00E9] !2文字目（U+00E9）は使えない文字です。");
+        step(L"x", L"1,1 [ 表x]");  // what was wrong is selected; the message goes with the fault
+        step(enter(L"\xD842\xDF9F"), L"1,1 [\xD842\xDF9F] !1文字目（U+20B9F）は使えない文字です。");
+        step(enter(L"～\x301C"), L"1,1 [～\x301C] !2文字目（U+301C）は使えない文字です。");
+        step(enter(L"a\tb"), L"1,1 [a\tb] !タブや改行などの制御文字は使えません。");
+        step(enter(L"1234567890123456789012345"), L"1,1 [1234567890123456789012345] !24文字以内で入力してください。");
+        step(L"\b", L"1,1 [123456789012345678901234]");  // what was too much
+        step(L"x", L"1,1 [123456789012345678901234] !24文字以内で入力してください。");
+        EXPECT_EQ(L"レイヤ2", step.Cell(1, 1));
+        step(VK_RETURN, L"2,1 / changed 1,1=123456789012345678901234 / moved 2,1");
+        // A refused text stays open wherever the operator goes, and nothing takes it.
+        step(VK_F2, L"2,1 [レイヤ3]");
+        step.SetText(L"\x00E9");
+        const wchar_t* const refused = L"2,1 [\x00E9] !1文字目（U+00E9）は使えない文字です。";
+        step([&] { Focus(dialog, IDCANCEL); }, L"2,1 [\x00E9] !1文字目（U+00E9）は使えない文字です。 @2");
+        step([&] { Click(dialog, IDOK); }, refused);
         Focus(dialog, kOther);
-        Focus(dialog, kList);
-        EXPECT_EQ(grid.Editor(), FocusWindow());
-        grid.Click(5, 1);
-        EXPECT_EQ((GridPlace{2, 1}), grid.Current());
+        step([&] { Focus(dialog, kList); }, refused);
+        step({5, 1}, refused);
         OnUi([&] {
             EXPECT_EQ(-1, table().AddItem());
             EXPECT_EQ(0, table().EndEdit());
         });
-        Key(VK_ESCAPE);
+        step(VK_ESCAPE, L"2,1");
         OnUi([&] { EXPECT_NE(0, table().EndEdit()); });
-        EXPECT_EQ("レイヤ3", Stored(2, 1));
+        EXPECT_EQ(L"レイヤ3", step.Cell(2, 1));
         Click(dialog, IDOK);
     });
 }
 
 TEST_F(Grids, PastedTextIsTakenWholeOrNotAtAll) {
     Run([&](HWND dialog) {
-        const Grid grid(dialog, kList);
-        grid.Click(1, 2);
-        Key(VK_F2);  // a combo with an edit, at most 4 characters
-        const auto refused = [&](const std::wstring& text, const wchar_t* message) {
-            grid.Paste(text);
-            EXPECT_EQ(L"1", grid.Typed());
-            EXPECT_EQ(std::wstring(L"貼り付けできません。") + message, Guidance(dialog));
-            EXPECT_TRUE(IsGuidanceError(dialog));
-        };
-        refused(L"12345", L"4文字以内で入力してください。");
-        refused(L"1\t2", L"タブや改行などの制御文字は使えません。");
-        refused(L"1\r\n2\r\n", L"タブや改行などの制御文字は使えません。");
-        refused(L"1\n\n", L"タブや改行などの制御文字は使えません。");
-        refused(L"\x00BC", L"1文字目（U+00BC）は使えない文字です。");
-        refused(std::wstring(100000, L'x'), L"4文字以内で入力してください。");
-        grid.Paste(L"25\r\n");  // as spreadsheets put it; the selected text gives way
-        EXPECT_EQ(L"25", grid.Typed());
-        EXPECT_EQ(L"クラス番号を入力してください", Guidance(dialog));
-        grid.Paste(L"表ソ");
-        EXPECT_EQ(L"25表ソ", grid.Typed());
-        Key(VK_RETURN);
-        EXPECT_EQ("25表ソ", Stored(1, 2));
+        const Steps step(*this, kList);
+        step({1, 2}, L"1,2 / click -1>1");
+        step(VK_F2, L"1,2 [1] クラス番号を入力してください");  // a combo with an edit, at most 4 characters
+        const auto paste = [&](const std::wstring& text) { return [&step, text] { step.Paste(text); }; };
+        for (const wchar_t* control : {L"1\t2", L"1\r\n2\r\n", L"1\n\n"})
+            step(paste(control), L"1,2 [1] !貼り付けできません。タブや改行などの制御文字は使えません。");
+        step(paste(L"\x00BC"), L"1,2 [1] !貼り付けできません。1文字目（U+00BC）は使えない文字です。");
+        for (const std::wstring& text : {std::wstring(L"12345"), std::wstring(100000, L'x')})
+            step(paste(text), L"1,2 [1] !貼り付けできません。4文字以内で入力してください。");
+        // As spreadsheets put it; the selected text gives way.
+        step(paste(L"25\r\n"), L"1,2 [25] クラス番号を入力してください");
+        step(paste(L"表ソ"), L"1,2 [25表ソ] クラス番号を入力してください");
+        step(paste(L"x"), L"1,2 [25表ソ] !貼り付けできません。4文字以内で入力してください。");
+        step(VK_RETURN, L"2,2 / changed 1,2=25表ソ / moved 2,2");
         Click(dialog, IDOK);
     });
 }
 
-TEST_F(Grids, ChoicesAreOfferedWithTheirPrompt) {
-    Run([&](HWND dialog) {
-        const Grid grid(dialog, kList);
-        grid.Click(2, 2);
-        Key(VK_F2);
-        EXPECT_EQ(L"クラス番号を入力してください", Guidance(dialog));
-        grid.Drop();
-        EXPECT_EQ(L"クラス番号を選択してください", Guidance(dialog));
-        EXPECT_EQ(256, grid.Choices());
-        TakeEvents();
-        grid.Choose(255);
-        EXPECT_FALSE(grid.IsOpen());
-        EXPECT_EQ(kList, FocusId());
-        EXPECT_EQ("256", Stored(2, 2));
-        EXPECT_EQ((Events{"changed 2,2"}), TakeEvents());
-        EXPECT_EQ(L"", Guidance(dialog));
-        grid.Keys(L"300");  // typed past the choices: the dialog judges
-        Key(VK_RETURN);
-        EXPECT_EQ("300", Stored(2, 2));
-        Key(VK_F4);
-        Key(VK_DOWN);
-        Key(VK_DOWN);
-        EXPECT_TRUE(grid.IsOpen());
-        OnUi([&] { table().CloseComboBox(); });
-        EXPECT_FALSE(grid.IsOpen());
-        EXPECT_EQ("3", Stored(3, 2));
-        Click(dialog, IDOK);
-    });
-}
-
-TEST_F(Grids, EscapeClosesTheListThenTheCellThenTheDialog) {
+TEST_F(Grids, NumbersAreTypedOrChosen) {
     EXPECT_EQ(IDCANCEL, Run([&](HWND dialog) {
-                  const Grid choices(dialog, kOther);
-                  const Grid grid(dialog, kList);
-                  choices.Click(1, 1);
-                  Key(VK_F4);
-                  Key(VK_DOWN);
-                  Key(VK_ESCAPE);
-                  EXPECT_FALSE(choices.IsDropped());
-                  Key(VK_RETURN);
-                  EXPECT_EQ(L"横", choices.Cell(1, 1)) << "the choice that was given up is taken";
-                  grid.Click(2, 2);
-                  grid.Keys(L"77");
-                  grid.Drop();
-                  Key(VK_DOWN);
-                  EXPECT_NE(L"77", grid.Typed());
-                  Key(VK_ESCAPE);
-                  EXPECT_FALSE(grid.IsDropped());
-                  EXPECT_EQ(L"77", grid.Typed());
-                  EXPECT_EQ(L"クラス番号を入力してください", Guidance(dialog));
-                  Key(VK_ESCAPE);
-                  EXPECT_FALSE(grid.IsOpen());
-                  EXPECT_EQ("1", Stored(2, 2));
+                  const Steps step(*this, kList);
+                  const auto drop = [&] { step.Drop(); };
+                  step({2, 2}, L"2,2 / click -1>2");
+                  step(VK_F2, L"2,2 [1] クラス番号を入力してください");
+                  step(drop, L"2,2 [1▼] クラス番号を選択してください");
+                  EXPECT_EQ(256, step.Choices());
+                  step([&] { step.Choose(255); }, L"2,2 / changed 2,2=256");
+                  step(L"300", L"2,2 [300] クラス番号を入力してください");
+                  step(VK_RETURN, L"3,2 / changed 2,2=300 / moved 3,2");  // past the choices: the dialog judges
+                  step(VK_F4, L"3,2 [1▼] クラス番号を選択してください");
+                  step(VK_DOWN, L"3,2 [2▼] クラス番号を選択してください");
+                  step.Ui([&] { table().CloseComboBox(); }, L"3,2 / changed 3,2=2");
+                  // The arrows take a typed number, and choose otherwise and in the open list.
+                  step(L"25", L"3,2 [25] クラス番号を入力してください");
+                  step(VK_DOWN, L"4,2 / changed 3,2=25 / moved 4,2");
+                  step(L"25", L"4,2 [25] クラス番号を入力してください");
+                  step(VK_UP, L"3,2 / changed 4,2=25 / moved 3,2");
+                  step(VK_F2, L"3,2 [25] クラス番号を入力してください");
+                  step(VK_DOWN, L"3,2 [26] クラス番号を入力してください");
+                  step(L"77", L"3,2 [77] クラス番号を入力してください");
+                  step(drop, L"3,2 [77▼] クラス番号を選択してください");
+                  step(VK_DOWN, L"3,2 [78▼] クラス番号を選択してください");
+                  // Escape closes the list, then the cell, then the dialog.
+                  step(VK_ESCAPE, L"3,2 [77] クラス番号を入力してください");
+                  step(VK_ESCAPE, L"3,2");
+                  EXPECT_EQ(L"25", step.Cell(3, 2));
                   EXPECT_EQ(dialog, Settle());
-                  EXPECT_EQ(kList, FocusId());
                   Key(VK_ESCAPE);
               }));
 }
 
-TEST_F(Grids, ArrowsTakeATypedNumberAndChooseOtherwise) {
-    Run([&](HWND dialog) {
-        const Grid grid(dialog, kList);
-        grid.Click(2, 2);
-        for (const auto& [key, row, next] : {std::tuple(VK_DOWN, 2, 3), {VK_UP, 3, 2}}) {
-            grid.Keys(L"25");
-            Key(static_cast<WORD>(key));
-            EXPECT_EQ("25", Stored(row, 2));
-            EXPECT_EQ((GridPlace{next, 2}), grid.Current());
-            EXPECT_FALSE(grid.IsOpen());
-        }
-        Key(VK_F2);  // nothing typed: the next choice
-        Key(VK_DOWN);
-        EXPECT_EQ(L"26", grid.Typed());
-        grid.Keys(L"3");
-        grid.Drop();  // in the open list they choose, too
-        Key(VK_DOWN);
-        EXPECT_TRUE(grid.IsDropped());
-        EXPECT_EQ((GridPlace{2, 2}), grid.Current());
-        Key(VK_ESCAPE);
-        Key(VK_UP);
-        EXPECT_EQ((GridPlace{1, 2}), grid.Current());
-        Click(dialog, IDOK);
-    });
-}
-
 TEST_F(Grids, ChoicesAloneAreChosenByKey) {
     Run([&](HWND dialog) {
-        const Grid grid(dialog, kOther);
+        const Steps step(*this, kOther);
         OnUi([&] {
             KrTextList row;
             row.InsertAt(0, "一つ");
@@ -246,107 +157,80 @@ TEST_F(Grids, ChoicesAloneAreChosenByKey) {
             row.RemoveAll();
             other().SetRowCombo(5, 1, 1, &row, "");
         });
-        grid.Click(1, 1);
-        Key(VK_F2);
-        EXPECT_EQ(L"方向を選択してください", Guidance(dialog));
-        EXPECT_EQ(4, grid.Choices());
-        Key(VK_DOWN);  // moves among the choices, and the cell stays open
-        EXPECT_TRUE(grid.IsOpen());
-        Key(VK_RETURN);
-        EXPECT_EQ(L"縦", grid.Cell(1, 1));
-        grid.Keys(L"ソ");  // finds the choice that begins so
-        Key(VK_RETURN);
-        EXPECT_EQ(L"ソ連", grid.Cell(2, 1));
-        Key(VK_F4);
-        EXPECT_EQ(L"数を選択してください", Guidance(dialog));
-        EXPECT_EQ(2, grid.Choices());
-        Key(VK_DOWN);
-        Key(VK_RETURN);
-        EXPECT_EQ(L"一つ", grid.Cell(3, 1));
-        Key(VK_F2);  // a text that is none of the choices stays until one is chosen
-        Key(VK_RETURN);
-        EXPECT_EQ(L"古い名前", grid.Cell(4, 1));
-        Key(VK_F2);  // nothing to choose from
-        EXPECT_FALSE(grid.IsOpen());
+        step({1, 1}, L"1,1 / click -1>1");
+        step(VK_F4, L"1,1 [横▼] 方向を選択してください");
+        step(VK_DOWN, L"1,1 [縦▼] 方向を選択してください");
+        step(VK_ESCAPE, L"1,1 [横] 方向を選択してください");  // given up
+        step(VK_RETURN, L"2,1 / moved 2,1");
+        step(VK_F2, L"2,1 [横] 方向を選択してください");
+        EXPECT_EQ(4, step.Choices());
+        step(VK_DOWN, L"2,1 [縦] 方向を選択してください");
+        step(L"ソ", L"2,1 [ソ連] 方向を選択してください");  // the choice that begins so
+        step(VK_RETURN, L"3,1 / changed 2,1=ソ連 / moved 3,1");
+        step(VK_F4, L"3,1 [▼] 数を選択してください");
+        EXPECT_EQ(2, step.Choices());
+        step(VK_DOWN, L"3,1 [一つ▼] 数を選択してください");
+        step(VK_RETURN, L"4,1 / changed 3,1=一つ / moved 4,1");
+        step(VK_F2, L"4,1 [] 方向を選択してください");
+        step(VK_RETURN, L"5,1 / moved 5,1");  // a text that is none of the choices stays until one is chosen
+        EXPECT_EQ(L"古い名前", step.Cell(4, 1));
+        step(VK_F2, L"5,1");  // nothing to choose from
+        step([&] { step.DoubleClick(6, 1); }, L"6,1 [横▼] 方向を選択してください / click 5>6 / click 6>6");
+        Key(VK_ESCAPE);
         Click(dialog, IDOK);
     });
 }
 
 TEST_F(Grids, AnEditIsNeverLost) {
-    const std::vector<std::pair<const char*, std::function<void(HWND, const Grid&)>>> ways = {
-        {"focus", [](HWND dialog, const Grid&) { Focus(dialog, IDCANCEL); }},
-        {"click", [](HWND, const Grid& grid) { grid.Click(4, 1); }},
-        {"scroll", [](HWND, const Grid& grid) { Send(grid.List(), WM_VSCROLL, SB_LINEDOWN); }},
-        {"wheel", [](HWND, const Grid& grid) { Send(grid.Editor(), WM_MOUSEWHEEL, MAKEWPARAM(0, -120)); }},
-        {"scroll notice",
-         [](HWND dialog, const Grid& grid) {
-             NMLVSCROLL notice{};
-             notice.hdr = {grid.List(), kList, static_cast<UINT>(LVN_BEGINSCROLL)};
-             Send(dialog, WM_NOTIFY, kList, reinterpret_cast<LPARAM>(&notice));
-         }},
-        {"column",
-         [](HWND, const Grid& grid) {
-             NMHEADERW notice{};
-             notice.hdr.hwndFrom = reinterpret_cast<HWND>(Send(grid.List(), LVM_GETHEADER));
-             notice.hdr.code = static_cast<UINT>(HDN_BEGINTRACKW);
-             Send(grid.List(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
-         }},
-        {"size",
-         [](HWND, const Grid& grid) {
-             SetWindowPos(grid.List(), nullptr, 0, 0, 300, 200, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-         }},
-        {"AddItem", [this](HWND, const Grid&) { OnUi([&] { table().AddItem(); }); }},
-    };
-    for (const auto& [name, leave] : ways) {
-        tablePtr.reset(KrCreateListControl(utility.get()));
-        Run([&](HWND dialog) {
-            const Grid grid(dialog, kList);
-            grid.Click(2, 1);
-            grid.Keys(L"新");
-            TakeEvents();
-            leave(dialog, grid);
-            EXPECT_EQ("新", Stored(2, 1)) << name;
-            EXPECT_EQ("changed 2,1", (events.empty() ? "" : events.front())) << name;
-            EXPECT_FALSE(grid.IsOpen()) << name;
-            Click(dialog, IDCANCEL);
-        });
-    }
-}
-
-TEST_F(Grids, AnInputMethodFindsTheEditor) {
     Run([&](HWND dialog) {
         const Grid grid(dialog, kList);
-        grid.Click(2, 1);
-        // The composition starts at the list view; some methods send the characters there as well.
-        Send(grid.List(), WM_IME_STARTCOMPOSITION);
-        EXPECT_EQ(grid.Editor(), FocusWindow());
-        EXPECT_EQ(L"レイヤ3", grid.Typed());  // stays when the composition is given up
-        for (const wchar_t unit : {L'図', L'面'}) Send(grid.List(), WM_CHAR, unit, 1);
-        EXPECT_EQ(L"図面", grid.Typed());
-        Key(VK_RETURN);
-        EXPECT_EQ(L"図面", grid.Cell(2, 1));
-        Click(dialog, IDOK);
+        const HWND list = grid.List(), header = reinterpret_cast<HWND>(Send(list, LVM_GETHEADER));
+        const auto notify = [](HWND to, HWND from, int code) {
+            NMHEADERW notice{};  // as long as any of them
+            notice.hdr = {from, kList, static_cast<UINT>(code)};
+            Send(to, WM_NOTIFY, kList, reinterpret_cast<LPARAM>(&notice));
+        };
+        const Deed ways[] = {
+            [&] { Focus(dialog, IDCANCEL); },
+            [&] { grid.Click(4, 1); },
+            [&] { Send(list, WM_VSCROLL, SB_LINEDOWN); },
+            [&] { Send(grid.Editor(), WM_MOUSEWHEEL, MAKEWPARAM(0, -120)); },
+            [&] { notify(dialog, list, LVN_BEGINSCROLL); },
+            [&] { notify(list, header, HDN_BEGINTRACKW); },
+            [&] { SetWindowPos(list, nullptr, 0, 0, 300, 200, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE); },
+            [&] { OnUi([&] { table().AddItem(); }); },
+        };
+        for (const Deed& leave : ways) {
+            const std::wstring text = std::to_wstring(&leave - ways);
+            grid.Click(3, 1);
+            grid.Click(2, 1);
+            grid.Keys(text);
+            events.clear();
+            leave.act(grid);
+            EXPECT_EQ(text, grid.Cell(2, 1));
+            EXPECT_EQ(L"changed 2,1=" + text, events.empty() ? L"" : events.front());
+            EXPECT_FALSE(grid.IsOpen()) << "way " << &leave - ways;
+        }
+        Click(dialog, IDCANCEL);
     });
 }
 
 // The dialog gives the focus back to the window that had it, be it hidden by now.
 TEST_F(Grids, AHiddenEditorHandsTheFocusOn) {
     Run([&](HWND dialog) {
-        const Grid grid(dialog, kList);
-        grid.Click(2, 1);
+        const Steps step(*this, kList);
+        step({2, 1}, L"2,1 / click -1>2");
+        step(VK_F2, L"2,1 [レイヤ3]");
+        const HWND edit = step.Editor();
+        const auto focus = [&] { SetFocus(edit); };
+        step(VK_RETURN, L"3,1 / moved 3,1");
+        step(VK_RIGHT, L"3,2 / moved 3,2");
+        step(VK_F2, L"3,2 [1] クラス番号を入力してください");
+        ASSERT_NE(edit, step.Editor());
+        step.Ui(focus, L"3,2");
         Key(VK_F2);
-        const HWND edit = grid.Editor();
-        Key(VK_RETURN);
-        Key(VK_RIGHT);
-        Key(VK_F2);
-        const HWND combo = grid.Editor();
-        ASSERT_NE(edit, combo);
-        OnUi([&] { SetFocus(edit); });
-        EXPECT_EQ(grid.List(), FocusWindow());
-        Key(VK_F2);
-        grid.SetText(L"\x00E9");  // cannot be left
-        OnUi([&] { SetFocus(edit); });
-        EXPECT_TRUE(IsChild(combo, FocusWindow()));
+        step.SetText(L"\x00E9");  // cannot be left
+        step.Ui(focus, L"3,2 [\x00E9] !1文字目（U+00E9）は使えない文字です。");
         Key(VK_ESCAPE);
         Click(dialog, IDOK);
     });

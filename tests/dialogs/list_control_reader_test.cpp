@@ -1,175 +1,139 @@
-// The grid as programs have it that read the screen aloud: a second thread asks as such a program does, through COM.
+// The grid as programs have it that read the screen aloud: screen_reader, another process, tells what it learns.
 #include <oleacc.h>
-
-#include <memory>
 
 #include "tests/dialogs/GridDialog.h"
 
 namespace {
 
-// What a client learns of a window and of its children.
 class Reader {
   public:
-    explicit Reader(HWND window) {
-        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-        void* object = nullptr;
-        const HRESULT result =
-            AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), &object);
-        if (FAILED(result)) throw Failure("the window tells nothing");
-        object_ = static_cast<IAccessible*>(object);
+    Reader() {
+        SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+        HANDLE questions = nullptr, answers = nullptr;
+        CreatePipe(&questions, &questions_, &inherited, 0);
+        CreatePipe(&answers_, &answers, &inherited, 0);
+        SetHandleInformation(questions_, HANDLE_FLAG_INHERIT, 0);  // it ends when this end is closed
+        wchar_t desktop[64] = L"", command[] = L"screen_reader.exe";
+        GetUserObjectInformationW(PrivateDesktop(), UOI_NAME, desktop, sizeof desktop, nullptr);
+        STARTUPINFOW start{};
+        start.cb = sizeof start;
+        start.lpDesktop = desktop;
+        start.dwFlags = STARTF_USESTDHANDLES;
+        start.hStdInput = questions;
+        start.hStdOutput = answers;
+        PROCESS_INFORMATION process{};
+        if (!CreateProcessW(nullptr, command, nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process))
+            throw Failure("the reader does not start");
+        for (const HANDLE handle : {questions, answers, process.hThread}) CloseHandle(handle);
+        process_ = process.hProcess;
     }
     Reader(const Reader&) = delete;
     Reader& operator=(const Reader&) = delete;
     ~Reader() {
-        object_->Release();
-        CoUninitialize();
+        CloseHandle(questions_);
+        WaitForSingleObject(process_, kPatience);
+        for (const HANDLE handle : {answers_, process_}) CloseHandle(handle);
     }
-    std::wstring Name(LONG child) const { return Ask(&IAccessible::get_accName, child); }
-    std::wstring Value(LONG child) const { return Ask(&IAccessible::get_accValue, child); }
-    std::wstring Description(LONG child) const { return Ask(&IAccessible::get_accDescription, child); }
-    LONG State(LONG child) const { return Number(&IAccessible::get_accState, child); }
-    LONG Role(LONG child) const { return Number(&IAccessible::get_accRole, child); }
-    LONG Children() const {
-        LONG count = -1;
-        object_->get_accChildCount(&count);
-        return count;
-    }
-    LONG Focus() const {  // -1: none, or a window of its own
-        VARIANT child{};
-        return SUCCEEDED(object_->get_accFocus(&child)) && child.vt == VT_I4 ? child.lVal : -1;
-    }
-    LONG Go(LONG from, LONG direction) const {  // -1: there is nothing
-        VARIANT child{};
-        return object_->accNavigate(direction, Child(from), &child) == S_OK && child.vt == VT_I4 ? child.lVal : -1;
-    }
-    LONG At(POINT point) const {
-        VARIANT child{};
-        return object_->accHitTest(point.x, point.y, &child) == S_OK && child.vt == VT_I4 ? child.lVal : -1;
-    }
-    RECT Area(LONG child) const {
-        LONG left = 0, top = 0, width = 0, height = 0;
-        object_->accLocation(&left, &top, &width, &height, Child(child));
-        return {left, top, left + width, top + height};
-    }
-    HRESULT Choose(LONG child) const { return object_->accSelect(SELFLAG_TAKEFOCUS, Child(child)); }
-
-  private:
-    static VARIANT Child(LONG child) {
-        VARIANT of{};
-        of.vt = VT_I4;
-        of.lVal = child;
-        return of;
-    }
-    std::wstring Ask(HRESULT (STDMETHODCALLTYPE IAccessible::*question)(VARIANT, BSTR*), LONG child) const {
-        BSTR text = nullptr;
-        const HRESULT result = (object_->*question)(Child(child), &text);
-        std::wstring answer = FAILED(result) ? L"(error)" : text ? text : L"";
-        SysFreeString(text);
+    std::wstring Ask(const char* question, HWND window, LONG first = 0, LONG second = 0) const {
+        const std::string line = std::string(question) + " " + std::to_string(reinterpret_cast<std::size_t>(window)) +
+                                 " " + std::to_string(first) + " " + std::to_string(second) + "\n";
+        DWORD size = 0;
+        WriteFile(questions_, line.data(), static_cast<DWORD>(line.size()), &size, nullptr);
+        std::wstring answer;
+        while (!answer.ends_with(L'\n')) {
+            Until("the reader answers",
+                  [&] { return PeekNamedPipe(answers_, nullptr, 0, nullptr, &size, nullptr) && size > 0; });
+            wchar_t part[200];
+            ReadFile(answers_, part, sizeof part, &size, nullptr);
+            answer.append(part, size / sizeof(wchar_t));
+        }
+        answer.pop_back();
         return answer;
     }
-    LONG Number(HRESULT (STDMETHODCALLTYPE IAccessible::*question)(VARIANT, VARIANT*), LONG child) const {
-        VARIANT answer{};
-        return SUCCEEDED((object_->*question)(Child(child), &answer)) && answer.vt == VT_I4 ? answer.lVal : -1;
+    LONG Number(const char* question, HWND window, LONG first = 0, LONG second = 0) const {
+        return std::stol(Ask(question, window, first, second));
+    }
+    std::wstring Name(HWND window, LONG child = CHILDID_SELF) const {
+        const std::wstring all = Ask("tell", window, child);
+        return all.substr(0, all.find(L'|'));
     }
 
-    IAccessible* object_;
-};
-
-// The children of a list view that it is told of, as the system hands it to other programs.
-struct Heard {
-    static inline std::vector<LONG> focused;
-    static inline std::vector<LONG> changed;
-    static void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG, LONG child, DWORD, DWORD) {
-        if (GetDlgCtrlID(window) != 4029) return;
-        if (event == EVENT_OBJECT_FOCUS) focused.push_back(child);
-        if (event == EVENT_OBJECT_VALUECHANGE) changed.push_back(child);
-    }
+  private:
+    HANDLE questions_ = nullptr, answers_ = nullptr, process_ = nullptr;
 };
 
 }  // namespace
 
 TEST_F(Grids, ReadersLearnTheCellsAndTheirNames) {
+    selection = kKrSelectMultiple;
     Run([&](HWND dialog) {
         const Grid grid(dialog, kList);
-        const Reader reader(grid.List());
-        EXPECT_EQ(Text(dialog), reader.Name(CHILDID_SELF));
-        EXPECT_EQ(ROLE_SYSTEM_TABLE, reader.Role(CHILDID_SELF));
-        EXPECT_EQ(30, reader.Children());
-        EXPECT_EQ(L"番号 3、レイヤ名 レイヤ3、クラス番号 1", reader.Name(3));
-        EXPECT_EQ(ROLE_SYSTEM_ROW, reader.Role(3));
-        EXPECT_EQ(L"(error)", reader.Name(31));
-        OnUi([&] { table().SetErrorFlag(2, 1, 1); });
-        grid.Click(2, 1);
-        const LONG cell = reader.Focus();
-        EXPECT_EQ(L"レイヤ名 3行目", reader.Name(cell));
-        EXPECT_EQ(L"レイヤ3", reader.Value(cell));
-        EXPECT_EQ(L"誤りがあります", reader.Description(cell));
-        EXPECT_EQ(ROLE_SYSTEM_CELL, reader.Role(cell));
-        EXPECT_EQ(STATE_SYSTEM_FOCUSED | STATE_SYSTEM_SELECTED,
-                  reader.State(cell) & (STATE_SYSTEM_FOCUSED | STATE_SYSTEM_SELECTED | STATE_SYSTEM_READONLY));
-        const LONG number = reader.Go(3, NAVDIR_FIRSTCHILD);
-        EXPECT_EQ(L"番号 3行目", reader.Name(number));
-        EXPECT_NE(0, reader.State(number) & STATE_SYSTEM_READONLY);
-        EXPECT_EQ(cell, reader.Go(number, NAVDIR_RIGHT));
-        EXPECT_EQ(-1, reader.Go(number, NAVDIR_LEFT));
-        EXPECT_EQ(-1, reader.Go(30, NAVDIR_DOWN));
-        RECT area = grid.Area(2, 1);
-        MapWindowPoints(grid.List(), nullptr, reinterpret_cast<POINT*>(&area), 2);
-        const RECT told = reader.Area(cell);
-        EXPECT_TRUE(EqualRect(&area, &told));
-        EXPECT_EQ(cell, reader.At({area.left + 3, area.top + 3}));
-        EXPECT_EQ(S_OK, reader.Choose(number));
-        EXPECT_EQ((GridPlace{2, 0}), grid.Current());
-        Click(dialog, IDCANCEL);
-    });
-}
-
-TEST_F(Grids, ReadersLearnWhichCellIsEdited) {
-    Run([&](HWND dialog) {
-        const Grid grid(dialog, kList);
-        const Grid choices(dialog, kOther);
-        grid.Click(2, 1);
-        Key(VK_F2);
-        EXPECT_EQ(L"レイヤ名 3行目", Reader(FocusWindow()).Name(CHILDID_SELF));
-        const Reader later(FocusWindow());
-        Key(VK_TAB);  // another window
-        EXPECT_EQ(L"クラス番号 3行目", Reader(FocusWindow()).Name(CHILDID_SELF));
-        Key(VK_TAB);  // the first one again, which is known already
-        EXPECT_EQ(L"レイヤ名 4行目", later.Name(CHILDID_SELF));
-        Key(VK_ESCAPE);
-        choices.Click(4, 1);
-        Key(VK_F2);
-        EXPECT_EQ(L"方向 5行目", Reader(FocusWindow()).Name(CHILDID_SELF));
-        Key(VK_ESCAPE);
-        const Reader last(grid.List());
-        OnUi([&] { tablePtr.reset(); });
-        EXPECT_EQ(L"(error)", last.Name(CHILDID_SELF)) << "the grid has gone";
-        Click(dialog, IDCANCEL);
-    });
-}
-
-TEST_F(Grids, ReadersHearWhereTheCurrentCellGoes) {
-    Run([&](HWND dialog) {
-        const Grid grid(dialog, kList);
-        const Reader reader(grid.List());
-        HWINEVENTHOOK hook = nullptr;
-        grid.Click(2, 1);
+        const HWND list = grid.List();
+        const Reader reader;
         OnUi([&] {
-            hook = SetWinEventHook(EVENT_OBJECT_FOCUS, EVENT_OBJECT_VALUECHANGE, nullptr, &Heard::Hear,
-                                   GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
+            table().SetErrorFlag(2, 1, 1);
+            table().SetSelectFlag(2, 1);
         });
-        const auto hears = [&](std::vector<LONG>& heard, const wchar_t* name, const std::function<void()>& act) {
-            heard.clear();
-            act();
-            Until("the event", [&] { return Sync() && !heard.empty(); });
-            EXPECT_EQ(name, reader.Name(heard.back()));
+        EXPECT_EQ(0u, reader.Ask("tell", list).find(Text(dialog) + L"|||24|"));
+        EXPECT_EQ(30, reader.Number("count", list));
+        EXPECT_EQ(L"(error)", reader.Name(list, 31));
+        EXPECT_EQ(CHILDID_SELF, reader.Number("focus", list));
+        grid.Click(2, 1);
+        const LONG cell = reader.Number("focus", list);
+        const LONG number = reader.Number("go", list, 3, NAVDIR_FIRSTCHILD);
+        const std::pair<LONG, const wchar_t*> kTold[] = {
+            {cell, L"レイヤ名 3行目|レイヤ3|誤りがあります|29|focused selected marked "},
+            {number, L"番号 3行目|3||29|fixed marked "},
+            {3, L"番号 3、レイヤ名 レイヤ3、クラス番号 1|||28|selected marked "},
+            {30, L"番号 30、レイヤ名 レイヤ30、クラス番号 1|||28|outside "},
         };
-        hears(Heard::focused, L"クラス番号 3行目", [] { Key(VK_RIGHT); });  // within a row
-        hears(Heard::focused, L"クラス番号 4行目", [] { Key(VK_DOWN); });
-        hears(Heard::changed, L"クラス番号 4行目", [&] { grid.Write(L"7"); });
+        for (const auto& [child, told] : kTold) EXPECT_EQ(told, reader.Ask("tell", list, child));
+        EXPECT_EQ(cell, reader.Number("go", list, number, NAVDIR_RIGHT));
+        EXPECT_EQ(-1, reader.Number("go", list, number, NAVDIR_LEFT));
+        EXPECT_EQ(-1, reader.Number("go", list, 30, NAVDIR_DOWN));
+        RECT area = grid.Area(2, 1);
+        MapWindowPoints(list, nullptr, reinterpret_cast<POINT*>(&area), 2);
+        std::wstring place;
+        for (const LONG edge : {area.left, area.top, area.right, area.bottom}) place += std::to_wstring(edge) + L" ";
+        EXPECT_EQ(place, reader.Ask("area", list, cell));
+        EXPECT_EQ(cell, reader.Number("at", list, area.left + 3, area.top + 3));
+        EXPECT_EQ(S_OK, reader.Number("choose", list, number));
+        EXPECT_EQ((GridPlace{2, 0}), grid.Current());
+        OnUi([&] { tablePtr.reset(); });
+        EXPECT_EQ(L"(error)", reader.Name(list)) << "the grid has gone";
+        Click(dialog, IDCANCEL);
+    });
+}
+
+TEST_F(Grids, ReadersHearWhereTheUserIs) {
+    Run([&](HWND dialog) {
+        const Grid grid(dialog, kList);
+        const Reader reader;
+        grid.Click(2, 1);
+        const auto hears = [&](DWORD event, const wchar_t* name, const std::function<void()>& act) {
+            act();
+            OnUi([&] { NotifyWinEvent(EVENT_OBJECT_HELPCHANGE, dialog, OBJID_WINDOW, CHILDID_SELF); });
+            const LONG child = reader.Number("heard", grid.List(), static_cast<LONG>(event));
+            EXPECT_EQ(name, reader.Name(grid.List(), child));
+        };
+        EXPECT_EQ(1, reader.Number("listen", dialog));
+        hears(EVENT_OBJECT_FOCUS, L"クラス番号 3行目", [] { Key(VK_RIGHT); });  // within a row
+        hears(EVENT_OBJECT_FOCUS, L"クラス番号 4行目", [] { Key(VK_DOWN); });
+        hears(EVENT_OBJECT_VALUECHANGE, L"クラス番号 4行目", [&] { grid.Write(L"7"); });
         Focus(dialog, IDOK);
-        hears(Heard::focused, L"クラス番号 5行目", [&] { Focus(dialog, kList); });
-        OnUi([&] { UnhookWinEvent(hook); });
+        hears(EVENT_OBJECT_FOCUS, L"クラス番号 5行目", [&] { Focus(dialog, kList); });
+        // The windows of the open cells, one for each way to edit; what is known of one stays right.
+        const auto editing = [&](const wchar_t* name, WORD key) {
+            Key(key);
+            EXPECT_EQ(name, reader.Name(FocusWindow()));
+        };
+        editing(L"クラス番号 5行目", VK_F2);
+        editing(L"レイヤ名 6行目", VK_TAB);
+        editing(L"クラス番号 6行目", VK_TAB);
+        Key(VK_ESCAPE);
+        Grid(dialog, kOther).Click(4, 1);
+        editing(L"方向 5行目", VK_F2);
+        Key(VK_ESCAPE);
         Click(dialog, IDCANCEL);
     });
 }
