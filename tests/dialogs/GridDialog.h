@@ -58,13 +58,6 @@ class Grids : public testing::Test {
         other().SetCombo(1, 1, &kinds, "方向を選択してください");
         for (int row = 0; row < 10; ++row) other().SetItemText(row, 1, "横");
     }
-    INT_PTR Run(const std::function<void(HWND)>& user) {
-        const auto open = [&] {
-            return DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kTemplate), nullptr, &Grids::Procedure,
-                                   reinterpret_cast<LPARAM>(this));
-        };
-        return Drive(open, [&] { user(Settle()); });
-    }
     KrListControl& table() { return *tablePtr; }
     KrListControl& other() { return *otherPtr; }
     // What a dialog's handler does: on the dialog's thread.
@@ -101,6 +94,18 @@ class Grids : public testing::Test {
       private:
         Grids& test_;
     };
+    // Opens the dialog for a user, who may leave it open.
+    INT_PTR Run(const std::function<void(const Steps&)>& user) {
+        const auto open = [&] {
+            return DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kTemplate), nullptr, &Grids::Procedure,
+                                   reinterpret_cast<LPARAM>(this));
+        };
+        return Drive(open, [&] {
+            Settle();
+            user(Steps(*this, kList));
+            if (Settle()) Click(dialog_, IDCANCEL);
+        });
+    }
     // CURRENT {MARKED ROWS} [OPEN CELL] GUIDANCE @FOCUS / EVENT / ... The guidance has a "!" when it is an error. Not
     // told is what goes without saying: the focus in the grid or its open cell, and one kKrListCurrentCell for a new
     // place.

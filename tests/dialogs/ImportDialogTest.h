@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "resources/dxfin/KrDxfIn.ids.h"
-#include "tests/dialogs/TestHost.h"
+#include "tests/dialogs/ImportHost.h"
 
-class ImportDialog : public TestHost {
+class ImportDialog : public ImportHost {
   protected:
     using User = std::function<void(HWND dialog)>;
 
@@ -64,6 +64,4 @@ class ImportDialog : public TestHost {
             return {};
         }
     }
-
-    ImportRecord record;
 };

@@ -21,16 +21,12 @@
 #include "resources/dxfin_tables/KrDxfInTbl_Line.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
 #include "resources/grid.ids.h"
-#include "tests/dialogs/TestHost.h"
+#include "tests/dialogs/ImportHost.h"
 
-inline constexpr wchar_t kTables[] = L"DXF\\TABLE\\";
-inline constexpr wchar_t kLayerFile[] = L"DXFKIRO_LAYER";
 inline constexpr wchar_t kLineFile[] = L"DXFKIRO_LINE";
 inline constexpr wchar_t kFontFile[] = L"DXFKIRO_STYLE";
 inline constexpr wchar_t kArrowFile[] = L"DXFKIRO_ARROW";
 inline constexpr wchar_t kLayerCaption[] = L"レイヤ割当て・色割当て";
-inline constexpr wchar_t kSaveQuestion[] = L"変更内容を保存しますか？";
-inline constexpr int kChooserName = 0x47C;  // the system chooser's file-name combo
 
 // Where an editor is found, and what its refusals say.
 struct Editor {
@@ -54,20 +50,12 @@ inline constexpr Editor kArrows = {L"矢印割当て", kArrowFile};
 
 using Cells = std::vector<std::wstring>;
 
-class ImportTables : public TestHost {
+class ImportTables : public ImportHost {
   protected:
     enum RowCommand { kAdd, kInsert, kDelete };  // in the order of the menu
 
     // ---- Files ----
 
-    std::filesystem::path TableFile(const std::wstring& name) const { return home / (kTables + name); }
-    std::filesystem::path WriteTable(const std::wstring& name, const std::string& bytes) const {
-        return Write(kTables + name, bytes);
-    }
-    std::string Bytes(const std::wstring& name) const {
-        std::ifstream in(TableFile(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
     bool Has(const std::wstring& name, const std::string& text) const {
         return Bytes(name).find(text) != std::string::npos;
     }
@@ -125,25 +113,6 @@ class ImportTables : public TestHost {
 
     // ---- What the user does and sees ----
 
-    // Names a file in the chooser that the button opens.
-    static void Choose(HWND dialog, int button, const std::wstring& name) {
-        using namespace kiro::drive;
-        Click(dialog, button);
-        const HWND chooser = Settle();
-        SendMessageW(Control(chooser, kChooserName), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
-        Click(chooser, IDOK);
-    }
-    static void Expect(const std::wstring& caption, const std::wstring& text, UINT icon, int answer) {
-        const kiro::drive::Box box = kiro::drive::ReadBox();
-        EXPECT_EQ(caption, box.caption);
-        EXPECT_EQ(text, box.text);
-        EXPECT_EQ(icon, box.icon);
-        EXPECT_EQ(answer == IDOK ? std::vector<int>{IDOK} : (std::vector<int>{IDYES, IDNO}), box.buttons);
-        kiro::drive::Answer(box, answer);
-    }
-    static void ExpectEnabled(HWND dialog, const std::vector<std::pair<int, bool>>& rows) {
-        for (const auto& [id, on] : rows) EXPECT_EQ(on, kiro::drive::IsEnabled(dialog, id)) << id;
-    }
     static void ExpectError(HWND dialog, const std::wstring& message) {
         EXPECT_EQ(message, kiro::drive::Guidance(dialog));
         EXPECT_TRUE(kiro::drive::IsGuidanceError(dialog)) << testing::PrintToString(message);
@@ -196,6 +165,4 @@ class ImportTables : public TestHost {
         for (int row = 0; row < grid.Rows(); ++row) rows.push_back(Row(grid, row));
         return rows;
     }
-
-    ImportRecord record;
 };

@@ -3,9 +3,10 @@
 
 #include "driver/GridDriver.h"
 #include "entry/host/FixedText.h"
+#include "resources/dxfin/KrDxfInAttr.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Layer.ids.h"
 #include "resources/grid.ids.h"
-#include "tests/dialogs/ImportTables.h"
+#include "tests/dialogs/ImportDialogTest.h"
 
 using namespace kiro::drive;
 
@@ -14,7 +15,7 @@ namespace {
 const std::wstring kVersion = L"ファイルバージョン：";
 constexpr wchar_t kNoFile[] = L"ファイルが見つかりません";
 
-class Import : public ImportTables {
+class Import : public ImportDialog {
   protected:
     using Names = std::vector<std::wstring>;
 
@@ -25,6 +26,13 @@ class Import : public ImportTables {
     std::wstring VersionOf(HWND dialog, const std::wstring& name) {
         GiveName(dialog, name);
         return Text(dialog, kVersionText);
+    }
+    static void OpenLayers(HWND dialog, const User& user) {
+        Choose(dialog, kColorChangeButton, kLayerFile);
+        const HWND hub = Settle();
+        ASSERT_EQ(L"レイヤ割当て・色割当て", Text(hub));
+        user(hub);
+        ASSERT_EQ(dialog, Settle()) << "the table is still open";
     }
     // At DXF files, then at DWG files.
     void LookAtBoth(const std::function<void(HWND dialog, bool dwg)>& user) {

@@ -2,8 +2,7 @@
 #include "tests/dialogs/GridDialog.h"
 
 TEST_F(Grids, TypingReplacesAndEnterGoesDown) {
-    Run([&](HWND dialog) {
-        const Steps step(*this, kList);
+    Run([&](const Steps& step) {
         step({2, 1}, L"2,1 / click -1>2");
         step(L" 　", L"2,1");  // would only wipe the cell
         step(L"表題 ソ 　", L"2,1 [表題 ソ 　]");
@@ -12,7 +11,7 @@ TEST_F(Grids, TypingReplacesAndEnterGoesDown) {
         step(L"x", L"3,1 [x]");  // it was selected
         step(VK_ESCAPE, L"3,1");
         EXPECT_EQ(L"レイヤ4", step.Cell(3, 1));
-        EXPECT_EQ(dialog, Settle());
+        EXPECT_EQ(dialog_, Settle());
         step(VK_F2, L"3,1 [レイヤ4]");
         step(VK_RETURN, L"4,1 / moved 4,1");  // nothing changed, so nothing is told
         step(L"上", L"4,1 [上]");
@@ -27,14 +26,12 @@ TEST_F(Grids, TypingReplacesAndEnterGoesDown) {
         step([&] { Send(step.List(), WM_IME_STARTCOMPOSITION); }, L"4,1 [上]");  // stays when it is given up
         for (const wchar_t unit : {L'図', L'面'}) Send(step.List(), WM_CHAR, unit, 1);
         step(VK_RETURN, L"5,1 / changed 4,1=図面 / moved 5,1");
-        Click(dialog, IDOK);
     });
 }
 
 TEST_F(Grids, TabGoesFromCellToCell) {
     rows = 3;
-    Run([&](HWND dialog) {
-        const Steps step(*this, kList);
+    Run([&](const Steps& step) {
         OnUi([&] { table().SetAvailableFlag(1, 1, 0); });
         step({0, 2}, L"0,2 / click -1>0");
         step(L"9", L"0,2 [9] クラス番号を入力してください");
@@ -46,13 +43,11 @@ TEST_F(Grids, TabGoesFromCellToCell) {
         step(VK_TAB, L"2,2 [1] クラス番号を入力してください / moved 2,2");
         step(VK_TAB, L"2,2");  // there is no next one
         step(VK_TAB, L"2,2 @4060");
-        Click(dialog, IDOK);
     });
 }
 
 TEST_F(Grids, WhatACellCannotHoldIsRefusedThere) {
-    Run([&](HWND dialog) {
-        const Steps step(*this, kList);
+    Run([&](const Steps& step) {
         Deed(1, 1).act(step);
         Key(VK_F2);
         const auto enter = [&](const wchar_t* text) {
@@ -76,10 +71,10 @@ TEST_F(Grids, WhatACellCannotHoldIsRefusedThere) {
         step(VK_F2, L"2,1 [レイヤ3]");
         step.SetText(L"\x00E9");
         const wchar_t* const refused = L"2,1 [\x00E9] !1文字目（U+00E9）は使えない文字です。";
-        step([&] { Focus(dialog, IDCANCEL); }, L"2,1 [\x00E9] !1文字目（U+00E9）は使えない文字です。 @2");
-        step([&] { Click(dialog, IDOK); }, refused);
-        Focus(dialog, kOther);
-        step([&] { Focus(dialog, kList); }, refused);
+        step([&] { Focus(dialog_, IDCANCEL); }, L"2,1 [\x00E9] !1文字目（U+00E9）は使えない文字です。 @2");
+        step([&] { Click(dialog_, IDOK); }, refused);
+        Focus(dialog_, kOther);
+        step([&] { Focus(dialog_, kList); }, refused);
         step({5, 1}, refused);
         OnUi([&] {
             EXPECT_EQ(-1, table().AddItem());
@@ -88,13 +83,11 @@ TEST_F(Grids, WhatACellCannotHoldIsRefusedThere) {
         step(VK_ESCAPE, L"2,1");
         OnUi([&] { EXPECT_NE(0, table().EndEdit()); });
         EXPECT_EQ(L"レイヤ3", step.Cell(2, 1));
-        Click(dialog, IDOK);
     });
 }
 
 TEST_F(Grids, PastedTextIsTakenWholeOrNotAtAll) {
-    Run([&](HWND dialog) {
-        const Steps step(*this, kList);
+    Run([&](const Steps& step) {
         step({1, 2}, L"1,2 / click -1>1");
         step(VK_F2, L"1,2 [1] クラス番号を入力してください");  // a combo with an edit, at most 4 characters
         const auto paste = [&](const std::wstring& text) { return [&step, text] { step.Paste(text); }; };
@@ -108,45 +101,44 @@ TEST_F(Grids, PastedTextIsTakenWholeOrNotAtAll) {
         step(paste(L"表ソ"), L"1,2 [25表ソ] クラス番号を入力してください");
         step(paste(L"x"), L"1,2 [25表ソ] !貼り付けできません。4文字以内で入力してください。");
         step(VK_RETURN, L"2,2 / changed 1,2=25表ソ / moved 2,2");
-        Click(dialog, IDOK);
     });
 }
 
 TEST_F(Grids, NumbersAreTypedOrChosen) {
-    EXPECT_EQ(IDCANCEL, Run([&](HWND dialog) {
-                  const Steps step(*this, kList);
-                  const auto drop = [&] { step.Drop(); };
-                  step({2, 2}, L"2,2 / click -1>2");
-                  step(VK_F2, L"2,2 [1] クラス番号を入力してください");
-                  step(drop, L"2,2 [1▼] クラス番号を選択してください");
-                  EXPECT_EQ(256, step.Choices());
-                  step([&] { step.Choose(255); }, L"2,2 / changed 2,2=256");
-                  step(L"300", L"2,2 [300] クラス番号を入力してください");
-                  step(VK_RETURN, L"3,2 / changed 2,2=300 / moved 3,2");  // past the choices: the dialog judges
-                  step(VK_F4, L"3,2 [1▼] クラス番号を選択してください");
-                  step(VK_DOWN, L"3,2 [2▼] クラス番号を選択してください");
-                  step.Ui([&] { table().CloseComboBox(); }, L"3,2 / changed 3,2=2");
-                  // The arrows take a typed number, and choose otherwise and in the open list.
-                  step(L"25", L"3,2 [25] クラス番号を入力してください");
-                  step(VK_DOWN, L"4,2 / changed 3,2=25 / moved 4,2");
-                  step(L"25", L"4,2 [25] クラス番号を入力してください");
-                  step(VK_UP, L"3,2 / changed 4,2=25 / moved 3,2");
-                  step(VK_F2, L"3,2 [25] クラス番号を入力してください");
-                  step(VK_DOWN, L"3,2 [26] クラス番号を入力してください");
-                  step(L"77", L"3,2 [77] クラス番号を入力してください");
-                  step(drop, L"3,2 [77▼] クラス番号を選択してください");
-                  step(VK_DOWN, L"3,2 [78▼] クラス番号を選択してください");
-                  // Escape closes the list, then the cell, then the dialog.
-                  step(VK_ESCAPE, L"3,2 [77] クラス番号を入力してください");
-                  step(VK_ESCAPE, L"3,2");
-                  EXPECT_EQ(L"25", step.Cell(3, 2));
-                  EXPECT_EQ(dialog, Settle());
-                  Key(VK_ESCAPE);
-              }));
+    Run([&](const Steps& step) {
+        const auto drop = [&] { step.Drop(); };
+        step({2, 2}, L"2,2 / click -1>2");
+        step(VK_F2, L"2,2 [1] クラス番号を入力してください");
+        step(drop, L"2,2 [1▼] クラス番号を選択してください");
+        EXPECT_EQ(256, step.Choices());
+        step([&] { step.Choose(255); }, L"2,2 / changed 2,2=256");
+        step(L"300", L"2,2 [300] クラス番号を入力してください");
+        step(VK_RETURN, L"3,2 / changed 2,2=300 / moved 3,2");  // past the choices: the dialog judges
+        step(VK_F4, L"3,2 [1▼] クラス番号を選択してください");
+        step(VK_DOWN, L"3,2 [2▼] クラス番号を選択してください");
+        step.Ui([&] { table().CloseComboBox(); }, L"3,2 / changed 3,2=2");
+        // The arrows take a typed number, and choose otherwise and in the open list.
+        step(L"25", L"3,2 [25] クラス番号を入力してください");
+        step(VK_DOWN, L"4,2 / changed 3,2=25 / moved 4,2");
+        step(L"25", L"4,2 [25] クラス番号を入力してください");
+        step(VK_UP, L"3,2 / changed 4,2=25 / moved 3,2");
+        step(VK_F2, L"3,2 [25] クラス番号を入力してください");
+        step(VK_DOWN, L"3,2 [26] クラス番号を入力してください");
+        step(L"77", L"3,2 [77] クラス番号を入力してください");
+        step(drop, L"3,2 [77▼] クラス番号を選択してください");
+        step(VK_DOWN, L"3,2 [78▼] クラス番号を選択してください");
+        // Escape closes the list, then the cell, then the dialog.
+        step(VK_ESCAPE, L"3,2 [77] クラス番号を入力してください");
+        step(VK_ESCAPE, L"3,2");
+        EXPECT_EQ(L"25", step.Cell(3, 2));
+        EXPECT_EQ(dialog_, Settle());
+        Key(VK_ESCAPE);
+        EXPECT_EQ(nullptr, Settle());
+    });
 }
 
 TEST_F(Grids, ChoicesAloneAreChosenByKey) {
-    Run([&](HWND dialog) {
+    Run([&](const Steps&) {
         const Steps step(*this, kOther);
         OnUi([&] {
             KrTextList row;
@@ -176,14 +168,11 @@ TEST_F(Grids, ChoicesAloneAreChosenByKey) {
         EXPECT_EQ(L"古い名前", step.Cell(4, 1));
         step(VK_F2, L"5,1");  // nothing to choose from
         step([&] { step.DoubleClick(6, 1); }, L"6,1 [横▼] 方向を選択してください / click 5>6 / click 6>6");
-        Key(VK_ESCAPE);
-        Click(dialog, IDOK);
     });
 }
 
 TEST_F(Grids, AnEditIsNeverLost) {
-    Run([&](HWND dialog) {
-        const Grid grid(dialog, kList);
+    Run([&](const Steps& grid) {
         const HWND list = grid.List(), header = reinterpret_cast<HWND>(Send(list, LVM_GETHEADER));
         const auto notify = [](HWND to, HWND from, int code) {
             NMHEADERW notice{};  // as long as any of them
@@ -191,11 +180,11 @@ TEST_F(Grids, AnEditIsNeverLost) {
             Send(to, WM_NOTIFY, kList, reinterpret_cast<LPARAM>(&notice));
         };
         const Deed ways[] = {
-            [&] { Focus(dialog, IDCANCEL); },
+            [&] { Focus(dialog_, IDCANCEL); },
             [&] { grid.Click(4, 1); },
             [&] { Send(list, WM_VSCROLL, SB_LINEDOWN); },
             [&] { Send(grid.Editor(), WM_MOUSEWHEEL, MAKEWPARAM(0, -120)); },
-            [&] { notify(dialog, list, LVN_BEGINSCROLL); },
+            [&] { notify(dialog_, list, LVN_BEGINSCROLL); },
             [&] { notify(list, header, HDN_BEGINTRACKW); },
             [&] { SetWindowPos(list, nullptr, 0, 0, 300, 200, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE); },
             [&] { OnUi([&] { table().AddItem(); }); },
@@ -211,14 +200,12 @@ TEST_F(Grids, AnEditIsNeverLost) {
             EXPECT_EQ(L"changed 2,1=" + text, events.empty() ? L"" : events.front());
             EXPECT_FALSE(grid.IsOpen()) << "way " << &leave - ways;
         }
-        Click(dialog, IDCANCEL);
     });
 }
 
 // The dialog gives the focus back to the window that had it, be it hidden by now.
 TEST_F(Grids, AHiddenEditorHandsTheFocusOn) {
-    Run([&](HWND dialog) {
-        const Steps step(*this, kList);
+    Run([&](const Steps& step) {
         step({2, 1}, L"2,1 / click -1>2");
         step(VK_F2, L"2,1 [レイヤ3]");
         const HWND edit = step.Editor();
@@ -231,7 +218,5 @@ TEST_F(Grids, AHiddenEditorHandsTheFocusOn) {
         Key(VK_F2);
         step.SetText(L"\x00E9");  // cannot be left
         step.Ui(focus, L"3,2 [\x00E9] !1文字目（U+00E9）は使えない文字です。");
-        Key(VK_ESCAPE);
-        Click(dialog, IDOK);
     });
 }

@@ -66,15 +66,14 @@ class Reader {
 
 TEST_F(Grids, ReadersLearnTheCellsAndTheirNames) {
     selection = kKrSelectMultiple;
-    Run([&](HWND dialog) {
-        const Grid grid(dialog, kList);
+    Run([&](const Steps& grid) {
         const HWND list = grid.List();
         const Reader reader;
         OnUi([&] {
             table().SetErrorFlag(2, 1, 1);
             table().SetSelectFlag(2, 1);
         });
-        EXPECT_EQ(0u, reader.Ask("tell", list).find(Text(dialog) + L"|||24|"));
+        EXPECT_EQ(0u, reader.Ask("tell", list).find(Text(dialog_) + L"|||24|"));
         EXPECT_EQ(30, reader.Number("count", list));
         EXPECT_EQ(L"(error)", reader.Name(list, 31));
         EXPECT_EQ(CHILDID_SELF, reader.Number("focus", list));
@@ -101,27 +100,25 @@ TEST_F(Grids, ReadersLearnTheCellsAndTheirNames) {
         EXPECT_EQ((GridPlace{2, 0}), grid.Current());
         OnUi([&] { tablePtr.reset(); });
         EXPECT_EQ(L"(error)", reader.Name(list)) << "the grid has gone";
-        Click(dialog, IDCANCEL);
     });
 }
 
 TEST_F(Grids, ReadersHearWhereTheUserIs) {
-    Run([&](HWND dialog) {
-        const Grid grid(dialog, kList);
+    Run([&](const Steps& grid) {
         const Reader reader;
         grid.Click(2, 1);
         const auto hears = [&](DWORD event, const wchar_t* name, const std::function<void()>& act) {
             act();
-            OnUi([&] { NotifyWinEvent(EVENT_OBJECT_HELPCHANGE, dialog, OBJID_WINDOW, CHILDID_SELF); });
+            OnUi([&] { NotifyWinEvent(EVENT_OBJECT_HELPCHANGE, dialog_, OBJID_WINDOW, CHILDID_SELF); });
             const LONG child = reader.Number("heard", grid.List(), static_cast<LONG>(event));
             EXPECT_EQ(name, reader.Name(grid.List(), child));
         };
-        EXPECT_EQ(1, reader.Number("listen", dialog));
+        EXPECT_EQ(1, reader.Number("listen", dialog_));
         hears(EVENT_OBJECT_FOCUS, L"クラス番号 3行目", [] { Key(VK_RIGHT); });  // within a row
         hears(EVENT_OBJECT_FOCUS, L"クラス番号 4行目", [] { Key(VK_DOWN); });
         hears(EVENT_OBJECT_VALUECHANGE, L"クラス番号 4行目", [&] { grid.Write(L"7"); });
-        Focus(dialog, IDOK);
-        hears(EVENT_OBJECT_FOCUS, L"クラス番号 5行目", [&] { Focus(dialog, kList); });
+        Focus(dialog_, IDOK);
+        hears(EVENT_OBJECT_FOCUS, L"クラス番号 5行目", [&] { Focus(dialog_, kList); });
         // The windows of the open cells, one for each way to edit; what is known of one stays right.
         const auto editing = [&](const wchar_t* name, WORD key) {
             Key(key);
@@ -131,9 +128,8 @@ TEST_F(Grids, ReadersHearWhereTheUserIs) {
         editing(L"レイヤ名 6行目", VK_TAB);
         editing(L"クラス番号 6行目", VK_TAB);
         Key(VK_ESCAPE);
-        Grid(dialog, kOther).Click(4, 1);
+        Grid(dialog_, kOther).Click(4, 1);
         editing(L"方向 5行目", VK_F2);
         Key(VK_ESCAPE);
-        Click(dialog, IDCANCEL);
     });
 }
