@@ -236,12 +236,16 @@ TEST_F(Import, PlaceholderAndCombosChangePlacesWithTheTexts) {
         for (const auto& [combo, edit] : {std::pair(kPictureCombo, kPictureEdit), std::pair(kScaleCombo, kScaleEdit),
                                           std::pair(kRecentCombo, kFileNameEdit)}) {
             const RECT narrow = Area(dialog, combo), field = Area(dialog, edit);
+            RECT inside = field, shown{};
+            InflateRect(&inside, -4, -4);
             Focus(dialog, combo);
             EXPECT_EQ(field.left, Area(dialog, combo).left);
             EXPECT_EQ(narrow.right, Area(dialog, combo).right);
-            EXPECT_TRUE(HasColor(dialog, field, GetSysColor(COLOR_WINDOWTEXT))) << "its text cannot be read";
+            EXPECT_TRUE(HasColor(dialog, inside, GetSysColor(COLOR_WINDOWTEXT))) << "its text cannot be read";
+            EXPECT_EQ(NULLREGION, GetWindowRgnBox(Control(dialog, edit), &shown)) << "the edit covers it";
             Focus(dialog, kSubModelEdit);
             EXPECT_EQ(narrow.left, Area(dialog, combo).left);
+            EXPECT_EQ(ERROR, GetWindowRgnBox(Control(dialog, edit), &shown)) << "the edit does not come back";
         }
         Click(dialog, kShapeRadio);  // another type: another file
         expectPlaceholder();
@@ -323,10 +327,17 @@ TEST_F(Import, ExplanationsFollowTheMouse) {
         HWND popup = nullptr;
         const auto hover = [&](int zone) {
             MoveMouse(Centre(Control(dialog, zone)));
-            Until("the zone's explanation", [&] { return Popups(dialog).size() == 1 && Popups(dialog)[0] != popup; });
-            popup = Popups(dialog)[0];
+            const HWND before = std::exchange(popup, nullptr);
+            Until("the zone's explanation", [&] {
+                const auto popups = Popups(dialog);
+                if (popups.size() == 1 && popups[0] != before) popup = popups[0];
+                return popup != nullptr;
+            });
         };
-        const auto expectNone = [&] { Until("no explanation", [&] { return Popups(dialog).empty(); }); };
+        const auto expectNone = [&] {
+            Until("no explanation", [&] { return Popups(dialog).empty(); });
+            popup = nullptr;
+        };
         // How much of the zone's width the popup is to the right of the zone, and how much of its own to the left.
         const struct {
             int zone, right, left;  // in halves
