@@ -180,12 +180,13 @@ TEST_F(Utility, InternalAndRealPathsAreInverses) {
     EXPECT_EQ("C:/a/c.dxf", Internal("c:\\a\\.\\b\\..\\c.dxf"));
     for (const char* path : {"", "C:a.dxf", "a:b", "\\\\?\\C:\\a", "\\\\.\\COM1", "\\\\srv", "\x83", "C:\\\xA0"})
         EXPECT_EQ("", Internal(path)) << path;
-    char tight[8] = "C:\\ｱｲｳ";  // nine bytes in EUC
+    char tight[9] = "C:\\ｱｲｳ";  // nine bytes in EUC, and a NUL
     EXPECT_EQ(0, utility->InternalPathName(nullptr, tight, sizeof tight));
     EXPECT_STREQ("C:\\ｱｲｳ", tight);
     char open[3] = {'C', ':', '\\'};  // without a NUL
     EXPECT_EQ(0, utility->InternalPathName(nullptr, open, sizeof open));
     EXPECT_EQ(0, utility->RealPathName(nullptr, nullptr, 10));
+    EXPECT_EQ("(none)", Real(nullptr, "C:/\xB4")) << "half a character";
 }
 
 TEST_F(Utility, NamesMeanTheKeysFolder) {
