@@ -5,6 +5,7 @@ TEST_F(Grids, TypingReplacesAndEnterGoesDown) {
     Run([&](const Steps& step) {
         step({2, 1}, L"2,1 / click -1>2");
         step(L" 　", L"2,1");  // would only wipe the cell
+        step(VK_F4, L"2,1");   // nothing to choose from
         step(L"表題 ソ 　", L"2,1 [表題 ソ 　]");
         step(VK_RETURN, L"3,1 / changed 2,1=表題 ソ / moved 3,1");
         step(VK_F2, L"3,1 [レイヤ4]");
