@@ -3,9 +3,9 @@
 //
 // Most tests are a user's steps at one grid. After each of them the test knows all that there is to see and to hear:
 //
-//     step({2, 1}, L"2,1 / click -1>2");              // a click; the current cell, and what the dialog was told
-//     step(L"x", L"2,1 [x]");                         // typed; the text of the cell that is open ("▼": with its
-//     choices) step(VK_RETURN, L"3,1 / changed 2,1=x / moved 3,1");
+//     step({2, 1}, L"2,1 / click -1>2");  // a click: the current cell, and what the dialog was told
+//     step(L"x", L"2,1 [x]");             // typed: the text of the open cell, with "▼" while its choices are shown
+//     step(VK_RETURN, L"3,1 / changed 2,1=x / moved 3,1");
 #pragma once
 
 #include <gtest/gtest.h>
@@ -20,7 +20,6 @@
 #include <vector>
 
 #include "driver/GridDriver.h"
-#include "driver/Picture.h"
 #include "entry/host/KrListControl.h"
 
 using namespace kiro::drive;
@@ -84,7 +83,6 @@ class Grids : public testing::Test {
             deed.act(*this);
             EXPECT_EQ(expected, test_.Seen(*this));
         }
-
         // An operation of the grid, on the dialog's thread.
         void Ui(const std::function<void()>& work, const std::wstring& expected,
                 std::source_location at = std::source_location::current()) const {

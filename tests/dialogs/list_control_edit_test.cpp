@@ -5,6 +5,7 @@ TEST_F(Grids, TypingReplacesAndEnterGoesDown) {
     Run([&](const Steps& step) {
         step({2, 1}, L"2,1 / click -1>2");
         step(L" 　", L"2,1");  // would only wipe the cell
+        step(VK_F4, L"2,1");   // nothing to choose from
         step(L"表題 ソ 　", L"2,1 [表題 ソ 　]");
         step(VK_RETURN, L"3,1 / changed 2,1=表題 ソ / moved 3,1");
         step(VK_F2, L"3,1 [レイヤ4]");
@@ -14,6 +15,9 @@ TEST_F(Grids, TypingReplacesAndEnterGoesDown) {
         EXPECT_EQ(dialog_, Settle());
         step(VK_F2, L"3,1 [レイヤ4]");
         step(VK_RETURN, L"4,1 / moved 4,1");  // nothing changed, so nothing is told
+        step(L"レイヤ5 ", L"4,1 [レイヤ5 ]");
+        step(VK_UP, L"3,1 / moved 3,1");  // nor here
+        step(VK_DOWN, L"4,1 / moved 4,1");
         step(L"上", L"4,1 [上]");
         step(VK_UP, L"3,1 / changed 4,1=上 / moved 3,1");
         step(L"下", L"3,1 [下]");
@@ -213,10 +217,12 @@ TEST_F(Grids, AHiddenEditorHandsTheFocusOn) {
         step(VK_RETURN, L"3,1 / moved 3,1");
         step(VK_RIGHT, L"3,2 / moved 3,2");
         step(VK_F2, L"3,2 [1] クラス番号を入力してください");
-        ASSERT_NE(edit, step.Editor());
+        const HWND combo = step.Editor();
+        ASSERT_NE(edit, combo);
         step.Ui(focus, L"3,2");
         Key(VK_F2);
         step.SetText(L"\x00E9");  // cannot be left
         step.Ui(focus, L"3,2 [\x00E9] !1文字目（U+00E9）は使えない文字です。");
+        EXPECT_EQ(combo, step.Editor()) << "an editor is made once";
     });
 }

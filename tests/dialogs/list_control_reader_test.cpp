@@ -80,13 +80,13 @@ TEST_F(Grids, ReadersLearnTheCellsAndTheirNames) {
         grid.Click(2, 1);
         const LONG cell = reader.Number("focus", list);
         const LONG number = reader.Number("go", list, 3, NAVDIR_FIRSTCHILD);
-        const std::pair<LONG, const wchar_t*> kTold[] = {
+        const std::pair<LONG, const wchar_t*> all[] = {
             {cell, L"レイヤ名 3行目|レイヤ3|誤りがあります|29|focused selected marked "},
             {number, L"番号 3行目|3||29|fixed marked "},
             {3, L"番号 3、レイヤ名 レイヤ3、クラス番号 1|||28|selected marked "},
             {30, L"番号 30、レイヤ名 レイヤ30、クラス番号 1|||28|outside "},
         };
-        for (const auto& [child, told] : kTold) EXPECT_EQ(told, reader.Ask("tell", list, child));
+        for (const auto& [child, told] : all) EXPECT_EQ(told, reader.Ask("tell", list, child));
         EXPECT_EQ(cell, reader.Number("go", list, number, NAVDIR_RIGHT));
         EXPECT_EQ(-1, reader.Number("go", list, number, NAVDIR_LEFT));
         EXPECT_EQ(-1, reader.Number("go", list, 30, NAVDIR_DOWN));

@@ -145,11 +145,14 @@ TEST_F(Grids, KeysMoveTheCurrentCell) {
         step(VK_END, L"29,2 / moved 29,2");
         step(VK_DOWN, L"29,2");
         EXPECT_GT(step.TopRow(), 0);
+        step.Ui([&] { table().ClearCurrentCell(); }, L"-");
+        EXPECT_EQ(0, step.TopRow());
+        step(VK_UP, L"0,1 / moved 0,1");
+        step([] { KeyHolding(VK_CONTROL, VK_END); }, L"29,2 / moved 29,2");
         step(VK_HOME, L"0,2 / moved 0,2");
         step(VK_NEXT, atPage + L",2 / moved " + atPage + L",2");
         step(VK_LEFT, atPage + L",1 / moved " + atPage + L",1");
         step(VK_PRIOR, L"0,1 / moved 0,1");
-        step([] { KeyHolding(VK_CONTROL, VK_END); }, L"29,2 / moved 29,2");
         step([] { KeyHolding(VK_CONTROL, VK_HOME); }, L"0,0 / moved 0,0");
         step(VK_TAB, L"0,0 @4060");
         Key(VK_ESCAPE);
@@ -195,6 +198,7 @@ TEST_F(Grids, RowsComeAndGoWithTheirFlags) {
             table().SetErrorFlag(1, 1, 1);
             table().SetAvailableFlag(1, 2, 0);
         });
+        Focus(dialog_, IDOK);
         step.Ui([&] { table().ClickCell(1, 1); }, L"1,1");
         step.Ui([&] { EXPECT_EQ(1, table().InsertItem()); }, L"1,1 / current 1,1 ");  // a new row
         step.Ui([&] { EXPECT_EQ(4, table().AddItem()); }, L"4,1");
@@ -269,8 +273,12 @@ TEST_F(Grids, ManyRowsAreMarkedAlsoByShift) {
         step({1, 0}, L"1,0 {1} / mark 1,0 / click 9>1");
         step([&] { Holding(VK_SHIFT, [&] { step.Click(3, 0); }); }, L"3,0 {1,2,3} / mark 3,0 / click 1>3");
         step({4, 1}, L"4,1 {1,2,3} / click 3>4");
-        // Enter with Shift is no range.
-        step([&] { Holding(VK_SHIFT, [&] { step.Write(L"大"); }); }, L"5,1 {1,2,3} / changed 4,1=大 / moved 5,1");
+        // Enter with Shift is no range; marks go with their rows.
+        step([] { KeyHolding(VK_SHIFT, VK_RETURN); }, L"5,1 {1,2,3} / moved 5,1");
+        step([&] { Holding(VK_SHIFT, [&] { step.Write(L"大"); }); }, L"6,1 {1,2,3} / changed 5,1=大 / moved 6,1");
+        step({2, 1}, L"2,1 {1,2,3} / click 6>2");
+        step.Ui([&] { table().InsertItem(); }, L"2,1 {1,3,4} / current 2,1 ");
+        step.Ui([&] { table().DeleteItem(); }, L"2,1 {1,2,3} / current 2,1 ");
     });
 }
 
