@@ -98,9 +98,9 @@ TEST_F(Kirobc, ReadsFiles) {
     EXPECT_EQ(std::string(buffer, 7), "one\ntwo");
 
     const std::string folder = Internal(file.parent_path());
-    for (const std::string& bad :
-         {folder, path + "/", std::string("x.dxf"), std::string(), path + ":s", path + "*", "//?/" + path,
-          "//./" + path, std::string("C:x"), folder + "/missing", folder + "/CON", path.substr(0, path.size() - 6)})
+    for (const std::string& bad : {folder, path + "/", std::string("x.dxf"), std::string(), path + ":s", path + "*",
+                                   "//?/" + path, "//./" + path, std::string("C:x"), std::string("C:/NUL"),
+                                   folder + "/missing", folder + "/CON", path.substr(0, path.size() - 6)})
         EXPECT_FALSE(io.Open(bad, _O_RDONLY | _O_BINARY, 0666)) << bad;
     EXPECT_EQ(HxFileIOOpen(nullptr, _O_RDONLY, 0), nullptr);
     HxFileIOClose(nullptr);
