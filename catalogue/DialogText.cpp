@@ -139,9 +139,10 @@ std::string ExplanationTexts(HWND dialog, const char* name) {
     for (const Explanation& explanation : Explanations()) {
         if (std::string_view(explanation.dialog) != name) continue;
         const auto before = Popups(dialog);
+        auto now = before;
         MoveMouse(Centre(Control(dialog, explanation.zone)));
-        Until("the explanation", [&] { return Popups(dialog).size() == 1 && Popups(dialog) != before; });
-        const HWND popup = Popups(dialog).front();
+        Until("the explanation", [&] { return (now = Popups(dialog)).size() == 1 && now != before; });
+        const HWND popup = now.front();
         lines += "explanation at " + std::to_string(explanation.zone) + ", " + Size(popup) + "\n";
         for (const std::wstring& line : Lines(popup)) lines += "  " + Quoted(line) + "\n";
     }

@@ -49,7 +49,7 @@ TEST_F(ImportAttributes, RadiosShowTheBlockAndSetIt) {
             return choice.rows[static_cast<std::size_t>(step) % choice.rows.size()];
         };
         for (const Choice& choice : kChoices) params.*choice.word = unknown ? 7 : row(choice, round).first;
-        params.convertLayerNames = round % 2;
+        params.convertLayerNames = unknown ? 7 : round % 2;
         params.defaultLineWeight = unknown ? 17 : 5 + round;
         const DxfInParamBlock before = params;
         Attributes([&](HWND dialog) {
@@ -62,12 +62,12 @@ TEST_F(ImportAttributes, RadiosShowTheBlockAndSetIt) {
             Click(dialog, kLayerAutoRadio);  // the target can be chosen
             for (const Choice& choice : kChoices) Click(dialog, row(choice, round + 1).second);
             Click(dialog, kLayerNamesCheck);
-            Pick(dialog, kDefaultWeightCombo, 15 - round);
+            Pick(dialog, kDefaultWeightCombo, 15 - 5 * round);
             Click(dialog, IDOK);
         });
         for (const Choice& choice : kChoices) EXPECT_EQ(row(choice, round + 1).first, params.*choice.word);
         EXPECT_EQ(1 - round % 2, params.convertLayerNames);
-        EXPECT_EQ(16 - round, params.defaultLineWeight);
+        EXPECT_EQ(16 - 5 * round, params.defaultLineWeight);
         // The parameter dialog's words are not touched.
         EXPECT_EQ(0, std::memcmp(&before, &params, offsetof(DxfInParamBlock, layerConversion)));
         EXPECT_EQ(before.fontTablePresent, params.fontTablePresent);

@@ -266,6 +266,16 @@ TEST_F(ImportTables, RowsAreAddedInsertedAndDeletedWhereTheyMay) {
             Click(dialog, IDOK);
         });
     }
+    // Line types may all go, and none comes back from the file.
+    WriteTable(kLineFile, "LINE-TYPE A = 1,1\nLINE-TYPE B = 2,2\n");
+    Edit(kLineTypes, true, [&](HWND dialog, const Grid& grid) {
+        grid.Click(0, 0);
+        while (grid.Rows()) Command(kDelete);
+        Command(kDelete);
+        EXPECT_FALSE(IsGuidanceError(dialog));
+        Click(dialog, IDOK);
+    });
+    EXPECT_TRUE(Has(kLineFile, "LINE-") && !Has(kLineFile, "LINE-TYPE  ")) << Bytes(kLineFile);
 }
 
 TEST_F(ImportTables, PolylineRangesMeet) {
