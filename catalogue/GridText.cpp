@@ -24,7 +24,7 @@ class GridWriter {
 
     std::string Write() {
         std::string text = "grid " + std::to_string(GetDlgCtrlID(grid_.List())) + ", " + std::to_string(grid_.Rows()) +
-                           " rows, current cell " + Place(grid_.Current()) + "\n";
+                           " rows, current cell " + Place(grid_.Current()) + Style() + "\n";
         for (int row : SomeRows()) text += "  row " + Row(row);
         for (int column = 0; column < columns_; ++column) text += Column(column);
         return text + RowMenu();
@@ -34,6 +34,11 @@ class GridWriter {
     // Counted from 1, as the operators do.
     static std::string Place(GridPlace place) {
         return std::to_string(place.row + 1) + "," + std::to_string(place.column + 1);
+    }
+    std::string Style() const {
+        const LRESULT style = Send(grid_.List(), LVM_GETEXTENDEDLISTVIEWSTYLE);
+        return std::string(style & LVS_EX_FULLROWSELECT ? ", rows selected whole" : "") +
+               (style & LVS_EX_GRIDLINES ? ", lines between cells" : "");
     }
     std::vector<int> SomeRows() const {
         std::vector<int> rows;
