@@ -1,10 +1,7 @@
 // The exports: frame, prompts, boxes, and what is restored when they return.
 #include <windows.h>
 // (after windows.h, which it needs)
-#include <psapi.h>
-
-#include <algorithm>
-#include <cwchar>
+#include <commctrl.h>
 
 #include "tests/dialogs/TestHost.h"
 
@@ -121,28 +118,14 @@ TEST_F(Entry, MessageBoxesShowTheHostsText) {
 // This program has no manifest, as an old host has none: the dialogs bring their own style of controls, for the call
 // alone.
 TEST_F(Entry, BringsItsControlStyleForTheCallAlone) {
-    const auto current = [] {
-        HANDLE context = nullptr;
-        GetCurrentActCtx(&context);
-        if (context) ReleaseActCtx(context);
-        return context;
-    };
-    const auto hasCurrentControls = [] {
-        HMODULE modules[512];
-        DWORD bytes = 0;
-        EnumProcessModules(GetCurrentProcess(), modules, sizeof modules, &bytes);
-        return std::any_of(modules, modules + bytes / sizeof(HMODULE), [](HMODULE module) {
-            wchar_t path[MAX_PATH] = L"";
-            GetModuleFileNameW(module, path, MAX_PATH);
-            return std::wcsstr(path, L"common-controls_6595b64144ccf1df_6.0") != nullptr;
-        });
-    };
-    const HANDLE before = current();
     Drive([&] { return DxfLineTypeDialog(values); },
           [&] {
               const HWND dialog = Settle();
-              EXPECT_TRUE(hasCurrentControls());
+              SIZE ideal{};  // known to current buttons only
+              EXPECT_TRUE(Send(Control(dialog, IDCANCEL), BCM_GETIDEALSIZE, 0, reinterpret_cast<LPARAM>(&ideal)));
               Click(dialog, IDCANCEL);
           });
-    EXPECT_EQ(before, current());
+    HANDLE left = nullptr;
+    GetCurrentActCtx(&left);
+    EXPECT_EQ(nullptr, left);
 }
