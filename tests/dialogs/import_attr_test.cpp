@@ -154,12 +154,15 @@ TEST_F(ImportAttributes, LabelsExplainTheirGroups) {
         HWND before = nullptr;
         for (const int label : {kLayerHelpLabel, kTextWidthHelpLabel}) {
             MoveMouse(Centre(Control(dialog, label)));
+            auto popups = Popups(dialog);
             Until("another explanation", [&] {
-                const auto popups = Popups(dialog);
+                popups = Popups(dialog);
                 return popups.size() == 1 && popups[0] != before;
             });
-            before = Popups(dialog)[0];
+            before = popups[0];
         }
+        MoveMouse(Centre(Control(dialog, kKeepSettingsCheck)));
+        Until("no explanation", [&] { return Popups(dialog).empty(); });
         Click(dialog, IDCANCEL);
     });
 }

@@ -101,6 +101,7 @@ const Checks kChecks[] = {
       {4, 2, L"", L"マーク番号が入力されていません 5"},
       {4, 2, L"0", L"無効なマーク番号です 5 : 0"},
       {0, 2, L"4096", L"無効なマーク番号です 1 : 4096"},
+      {0, 2, L"1.5", L"無効なマーク番号です 1 : 1.5"},
       {0, 2, L"4095"},
       {4, 4, L"", L"サイズが入力されていません 5"},
       {4, 4, L"0.09", L"無効なサイズです 5 : 0.09"},
@@ -197,6 +198,7 @@ TEST_F(ImportTables, MarksAndMessagesFollowTheText) {
         Change(grid, 0, 1, L"7");
         grid.Click(3, 1);
         EXPECT_FALSE(IsMarked(grid, {0, 1}));
+        EXPECT_NE(grid.Pixel(0, 1, 4, 4), grid.Pixel(0, 0, 4, 4)) << "numbers that cannot be edited are grey";
         ExpectError(dialog, L"無効なレビジョン番号です（1～256） 255 : 0");
         Change(grid, 254, 1, L"8");  // in the last row Enter goes nowhere
         EXPECT_FALSE(IsMarked(grid, {254, 1}));
