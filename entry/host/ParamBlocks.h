@@ -82,7 +82,11 @@ struct DxfOutParamBlock {
     int32_t textTwoPoints;
     int32_t annotationPerChar;
     int32_t curveDivision;  // 4 to 20
-    char reserved44[16];
+    // The attribute conversion: 0 automatic, 1 by the table. No other dialog uses these four.
+    int32_t layerConversion;  // layers and colours, by the layer table that the record names
+    int32_t lineConversion;   // line types and line widths, by "KIRODXF_LINE"
+    int32_t fontConversion;   // text fonts, by "KIRODXF_STYLE"
+    int32_t arrowConversion;  // arrows, by "KIRODXF_ARROW"
     int32_t submodelExpand;
     int32_t symbolExpand;
     int32_t useSymbolName;
@@ -110,6 +114,10 @@ KIRO_PIN(DxfOutParamBlock, hiddenSkip, 28, 4);
 KIRO_PIN(DxfOutParamBlock, textTwoPoints, 32, 4);
 KIRO_PIN(DxfOutParamBlock, annotationPerChar, 36, 4);
 KIRO_PIN(DxfOutParamBlock, curveDivision, 40, 4);
+KIRO_PIN(DxfOutParamBlock, layerConversion, 44, 4);
+KIRO_PIN(DxfOutParamBlock, lineConversion, 48, 4);
+KIRO_PIN(DxfOutParamBlock, fontConversion, 52, 4);
+KIRO_PIN(DxfOutParamBlock, arrowConversion, 56, 4);
 KIRO_PIN(DxfOutParamBlock, submodelExpand, 60, 4);
 KIRO_PIN(DxfOutParamBlock, symbolExpand, 64, 4);
 KIRO_PIN(DxfOutParamBlock, useSymbolName, 68, 4);

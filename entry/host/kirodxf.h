@@ -55,8 +55,10 @@ KIRODXF_API void setdxfinparam(const DxfInParamBlock* params);  // of the next i
 // none were given, the defaults kept before stay.
 KIRODXF_API int DxfInWriteParam(void);
 KIRODXF_API int DxfInReadParam(DxfInParamBlock* params);  // the kept defaults; 0 on success, or params is as before
+// The same of the export: DxfOutParamBlock whole.
 KIRODXF_API void setdxfotparam(const DxfOutParamBlock* params);
 KIRODXF_API int DxfOutWriteParam(void);
+KIRODXF_API int DxfOutReadParam(DxfOutParamBlock* params);
 KIRODXF_API void setdxfintblnam(const char* name);
 KIRODXF_API void setdxfottblnam(const char* name);
 KIRODXF_API void setdxfdrawscl(double scale);
