@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <exception>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,7 @@
 #include "Play.h"
 #include "Scenes.h"
 #include "catalogue/DemoHome.h"
+#include "catalogue/DialogText.h"
 #include "driver/Driver.h"
 #include "hostlayer/include/KiroHost.h"
 
@@ -27,6 +29,7 @@ constexpr char kUsage[] =
     "usage: operator --demo DRAWING PICTURE.png HOME\n"
     "       operator --pictures DIR DRAWING HOME\n"
     "       operator --play DIALOG EVENTS SEED PLAYS LOGS HOME\n"
+    "       operator --text HOME [DIALOG]\n"
     "       operator --dialogs\n"
     "DRAWING is typed as it stands: a path, or a name in the folder DXF of HOME, which is made anew.\n";
 
@@ -78,15 +81,20 @@ void ListDialogs() {
     for (const auto& dialog : kiro::Catalogue()) std::printf("%s\n", dialog.name);
 }
 
+const kiro::CatalogueDialog* Named(const std::wstring& name) {
+    const kiro::CatalogueDialog* dialog = kiro::FindDialog(kiro::Utf8FromWide(name));
+    if (!dialog) {
+        std::fputs("operator: there is no such dialog; these there are:\n", stderr);
+        ListDialogs();
+    }
+    return dialog;
+}
+
 // DIALOG EVENTS SEED PLAYS LOGS HOME
 int RunPlay(const std::vector<std::wstring>& arguments) {
     kiro::PlayOrder order;
-    order.dialog = kiro::FindDialog(kiro::Utf8FromWide(arguments[1]));
-    if (!order.dialog) {
-        std::fputs("operator: there is no such dialog; these there are:\n", stderr);
-        ListDialogs();
-        return kUsageError;
-    }
+    order.dialog = Named(arguments[1]);
+    if (!order.dialog) return kUsageError;
     order.events = std::stoi(arguments[2]);
     order.seed = static_cast<unsigned>(std::stoul(arguments[3]));
     order.plays = std::stoi(arguments[4]);
@@ -95,6 +103,24 @@ int RunPlay(const std::vector<std::wstring>& arguments) {
     kiro::drive::UsePrivateDesktop();
     const MainWindow window;
     return kiro::Play(order) == 0 ? 0 : 1;
+}
+
+// HOME [DIALOG]: what a dialog shows and takes, without one what all of them do.
+int RunText(const std::vector<std::wstring>& arguments) {
+    std::span<const kiro::CatalogueDialog> dialogs = kiro::Catalogue();
+    if (arguments.size() == 3) {
+        const kiro::CatalogueDialog* dialog = Named(arguments[2]);
+        if (!dialog) return kUsageError;
+        dialogs = {dialog, 1};
+    }
+    kiro::drive::UsePrivateDesktop();
+    const MainWindow window;
+    kiro::MakeDemoHome(arguments[1]);
+    for (const kiro::CatalogueDialog& dialog : dialogs) {
+        const std::string text = kiro::DialogText(dialog);
+        std::fwrite(text.data(), 1, text.size(), stdout);
+    }
+    return 0;
 }
 
 // DIR DRAWING HOME
@@ -123,6 +149,7 @@ int Run(const std::vector<std::wstring>& arguments) {
         ListDialogs();
         return 0;
     }
+    if ((arguments.size() == 2 || arguments.size() == 3) && arguments[0] == L"--text") return RunText(arguments);
     if (arguments.size() == 4 && arguments[0] == L"--pictures") return RunPictures(arguments);
     if (arguments.size() == 4 && arguments[0] == L"--demo") return RunDemo(arguments);
     std::fputs(kUsage, stderr);
