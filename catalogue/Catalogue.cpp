@@ -83,7 +83,7 @@ const CatalogueDialog kDialogs[] = {
     // The import.
     {"import-dxf", kDxfInDialog, [] { return ImportCommand(false); }},
     {"import-dwg", kDxfInDialog, [] { return ImportCommand(true); }},
-    {"import-parameters", kDxfInParamDialog, Plain<CommandFrame, kDxfInParamDialog>},
+    {"import-parameters", kDxfInParamDialog, ImportParameters, kSlower},
     {"import-batch", kDxfInAllDialog, Plain<CommandFrame, kDxfInAllDialog>},
     {"import-attributes", kDxfInAttrDialog, ImportAttributes, kSlower},
     {"password", kDxfPassDialog, PasswordCommand},

@@ -1,6 +1,7 @@
 #include "catalogue/Openings.h"
 
 #include "dxfin/KrDxfInAttr.h"
+#include "dxfin/KrDxfInParam.h"
 #include "dxfin_tables/KrDxfInTbl_IO.h"
 #include "dxfin_tables/KrDxfInTbl_Layer.h"
 #include "entry/host/FixedText.h"
@@ -65,6 +66,16 @@ Opening PasswordCommand() {
     const auto data = DemoImport(true);
     WriteFixedText(data->info.input.inputFileName, HxEucEncoder::Sjis2Euc("/図面/保護図面.dwg"));
     return {[data] { return Ended(DxfInputPass(&data->info)); }, {BytesOf(*data)}};
+}
+
+Opening ImportParameters() {
+    const auto data = DemoImport(false);
+    data->params.splitItemCount = 5000;
+    data->params.maxItemCount = 50000;
+    data->params.roundingDigits = 4;
+    data->params.angleDigits = 3;
+    return {[data] { return RunDialog([&] { return KrDxfInParam(data->info.input, data->params); }); },
+            {BytesOf(*data)}};
 }
 
 Opening ImportAttributes() {

@@ -100,6 +100,7 @@ Opening EditorOf(const std::shared_ptr<Table>& table) {
 }
 
 Opening LayerHub();
+Opening ImportParameters();
 Opening ImportAttributes();
 
 }  // namespace kiro

@@ -5,6 +5,7 @@
 
 #include "dxfin/DrawingVersion.h"
 #include "dxfin/KrDxfInAttr.h"
+#include "dxfin/KrDxfInParam.h"
 #include "entry/CommandFrame.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirobc.h"
@@ -13,7 +14,6 @@
 #include "entry/host/kiromdl.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
 #include "resources/dxfin/KrDxfInAll.ids.h"
-#include "resources/dxfin/KrDxfInParam.ids.h"
 #include "tablehub/TableIo.h"
 #include "ui/MessageBoxes.h"
 
@@ -221,14 +221,16 @@ void KrDxfIn::BrowseTable() {
     Item<kiro::ui::Edit>(kTableEdit).ShowEnd();
 }
 
-void KrDxfIn::OpenParameters() { CommandFrame(kDxfInParamDialog).DoModal(Handle()); }
-
-void KrDxfIn::OpenAttributes() {
-    // A host that hands over no block: what is chosen can still be kept as the defaults.
-    DxfInParamBlock kept{};
-    if (!info_.importParams) DxfInReadParam(&kept);
-    KrDxfInAttr(info_.importParams ? *info_.importParams : kept).DoModal(Handle());
+// A host that hands over no block: what is chosen can still be kept as the defaults.
+DxfInParamBlock& KrDxfIn::Params() {
+    if (info_.importParams) return *info_.importParams;
+    if (!kept_) DxfInReadParam(&kept_.emplace());
+    return *kept_;
 }
+
+void KrDxfIn::OpenParameters() { KrDxfInParam(info_, Params()).DoModal(Handle()); }
+
+void KrDxfIn::OpenAttributes() { KrDxfInAttr(Params()).DoModal(Handle()); }
 
 void KrDxfIn::OpenBatch() {
     const auto table = ReadText(kTableEdit, drawing_.caption);

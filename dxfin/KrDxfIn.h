@@ -6,6 +6,7 @@
 #include <string>
 
 #include "dxfin/KrDxfInHelp.h"
+#include "entry/host/ParamBlocks.h"
 #include "entry/host/TARNAINFO.h"
 #include "ui/FileNameField.h"
 #include "ui/HostDialog.h"
@@ -77,7 +78,10 @@ class KrDxfIn final : public kiro::ui::HostDialog {
     bool Refuse(const char* message, int controlId);
     void WriteBack(const Result& result);
 
+    DxfInParamBlock& Params();
+
     TarnaImportView& info_;
+    std::optional<DxfInParamBlock> kept_;  // of the host's, when the record has no block
     const Mode& drawing_;
     bool isDwg_;
     bool pictureMatrix_;

@@ -16,20 +16,26 @@
 
 namespace kiro::ui {
 
+// What becomes of a value that no button has, when the user leaves the button that shows it: it becomes the value of
+// that button, or it stays.
+enum class OddWords { kReplaced, kKept };
+
 template <class Block>
 class WordChoices {
   public:
     using Word = std::int32_t Block::*;
 
-    explicit WordChoices(Dialog& dialog) : dialog_(dialog) {}
+    explicit WordChoices(Dialog& dialog, OddWords odd = OddWords::kReplaced) : dialog_(dialog), odd_(odd) {}
 
     // values: one a button, in their order. otherwise: the button that shows any other value; -1: none does, and the
     // word stays as it is until one is chosen.
     void Radios(Word word, RadioGroup radios, std::vector<std::int32_t> values, int otherwise = 0) {
         rows_.push_back({[=](const Block& block) { radios.Select(IndexOf(values, block.*word, otherwise)); },
-                         [=](Block& block) {
+                         [=, this](Block& block) {
                              const int chosen = radios.Selected();
-                             if (chosen >= 0) block.*word = values[static_cast<std::size_t>(chosen)];
+                             if (chosen < 0) return;
+                             if (odd_ == OddWords::kKept && chosen == IndexOf(values, block.*word, otherwise)) return;
+                             block.*word = values[static_cast<std::size_t>(chosen)];
                          }});
     }
     // On: 1, off: 0; any value but 0 shows as on.
@@ -47,6 +53,19 @@ class WordChoices {
                          [=, this](Block& block) {
                              const int chosen = dialog_.Item<ComboBox>(comboId).GetCurSel();
                              if (chosen >= 0) block.*word = values[static_cast<std::size_t>(chosen)];
+                         }});
+    }
+    // A drop-down list whose entries are the values from 0 on. Any other value shows none, and stays until one is
+    // chosen.
+    void Entries(Word word, int comboId, std::vector<const char*> texts) {
+        rows_.push_back({[=, this](const Block& block) {
+                             const auto combo = dialog_.Item<ComboBox>(comboId);
+                             for (const char* text : texts) combo.AddString(text);
+                             combo.SetCurSel(block.*word);
+                         },
+                         [=, this](Block& block) {
+                             const int chosen = dialog_.Item<ComboBox>(comboId).GetCurSel();
+                             if (chosen >= 0) block.*word = chosen;
                          }});
     }
 
@@ -95,6 +114,7 @@ class WordChoices {
     }
 
     Dialog& dialog_;
+    OddWords odd_;
     std::vector<Row> rows_;
     std::vector<NumberRow> numbers_;
 };
