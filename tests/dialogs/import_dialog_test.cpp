@@ -65,7 +65,7 @@ TEST_F(Import, LeadsThroughAllWindows) {
     record.params.colorConversion = 0;
     WriteFixedText(input.layerTableFileName, "\xC9\xBD");  // EUC for 表
     Confirm([&](HWND dialog) {
-        for (const auto& [button, title] : {std::pair(kParametersButton, L"ＤＸＦ読込みパラメータ"),
+        for (const auto& [button, title] : {std::pair(kParametersButton, L"読込み：変換パラメータ"),
                                             std::pair(kBatchButton, L"ＤＸＦ読込み 一括変換")}) {
             Click(dialog, button);
             EXPECT_EQ(title, Text(Settle()));
