@@ -1,0 +1,39 @@
+// What a dialog does row by row while it stays usable: the screen shows each result, and the user can stop it between
+// two rows.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+#include "ui/Dialog.h"
+
+namespace kiro::ui {
+
+class ListRun {
+  public:
+    // Make it before the dialog is shown. When the dialog ends, whatever ends it, no further step is made.
+    explicit ListRun(Dialog& dialog);
+
+    // Returns at once. step: one row; false ends the run. ended: after the last step, or the one after which Stop was
+    // asked for. What a step throws ends the dialog, as in any handler.
+    void Start(std::vector<int> rows, std::function<bool(int row)> step, std::function<void()> ended);
+    void Stop() { stop_ = true; }
+    bool IsRunning() const { return running_; }
+    std::size_t Done() const { return next_; }  // steps made
+    std::size_t Count() const { return rows_.size(); }
+
+  private:
+    void Continue();
+    void Next();
+
+    Dialog& dialog_;
+    std::vector<int> rows_;
+    std::function<bool(int)> step_;
+    std::function<void()> ended_;
+    std::size_t next_ = 0;
+    bool running_ = false;
+    bool stop_ = false;
+};
+
+}  // namespace kiro::ui
