@@ -1,0 +1,1 @@
+#define kDxfOutAllDialog 4018
