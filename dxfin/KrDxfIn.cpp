@@ -1,7 +1,6 @@
 #include "dxfin/KrDxfIn.h"
 
 #include <cstdlib>
-#include <cstring>
 
 #include "dxfin/DrawingVersion.h"
 #include "dxfin/KrDxfInAttr.h"
@@ -14,7 +13,7 @@
 #include "entry/host/kiromdl.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
 #include "resources/dxfin/KrDxfInAll.ids.h"
-#include "tablehub/TableIo.h"
+#include "resources/recent.ids.h"
 #include "ui/MessageBoxes.h"
 
 namespace {
@@ -32,20 +31,6 @@ constexpr const char* kScales[] = {"1",     "1/2",   "1/3",   "1/4",    "1/5",  
                                    "1/300", "1/400", "1/500", "1/1000", "2",    "3",    "4",     "5",
                                    "10",    "20",    "30",    "40",     "50",   "100"};
 
-// What "一括変換" writes into the record it takes back: a cancelled import leaves the record as it came.
-template <std::size_t N>
-class ScopedField {
-  public:
-    explicit ScopedField(char (&field)[N]) : field_(field) { std::memcpy(before_, field, N); }
-    ScopedField(const ScopedField&) = delete;
-    ScopedField& operator=(const ScopedField&) = delete;
-    ~ScopedField() { std::memcpy(field_, before_, N); }
-
-  private:
-    char (&field_)[N];
-    char before_[N];
-};
-
 }  // namespace
 
 const KrDxfIn::Mode KrDxfIn::kDxf = {"ＤＸＦ読込み", "ＤＸＦ", "#DXF#", "ＤＸＦファイル"};
@@ -57,7 +42,6 @@ KrDxfIn::KrDxfIn(TARNAINFO* info)
       drawing_(info->input.inputIsDwg ? kDwg : kDxf),
       isDwg_(info->input.inputIsDwg != 0),
       pictureMatrix_(info->input.pictureMatrix != 0),
-      layerTable_(KrEdited(Utility(), ReadFixedText(info->input.layerTableFileName), &KrUtility::ToSJIS)),
       dataType_(*this, {kDrawingRadio, kShapeRadio}),
       mode_(*this, {kNewRadio, kAddRadio}),
       matrix_(*this, {kMatrixOnRadio, kMatrixOffRadio}),
@@ -72,6 +56,7 @@ KrDxfIn::KrDxfIn(TARNAINFO* info)
                  [this](UINT command) {
                      if (command == kClearRecentCommand) file_.ClearRecent();
                  }),
+      table_(*this, {kTableEdit, kTableBrowseButton}, "DXFKIRO_LAYER*", ReadFixedText(info->input.layerTableFileName)),
       zones_(*this, {kDataTypeZone, kModeZone, kPictureZone, kMatrixZone, kScaleZone},
              [this](int zone) { HelpZoneChanged(zone); }) {
     BindControls();
@@ -95,7 +80,6 @@ void KrDxfIn::BindControls() {
     BindFocus(kScaleEdit, [this](bool gained) {
         if (!gained) ScaleLeft();
     });
-    On(kTableBrowseButton, BN_CLICKED, &KrDxfIn::BrowseTable);
     On(kParametersButton, BN_CLICKED, &KrDxfIn::OpenParameters);
     On(kAttributesButton, BN_CLICKED, &KrDxfIn::OpenAttributes);
     On(kBatchButton, BN_CLICKED, &KrDxfIn::OpenBatch);
@@ -129,13 +113,12 @@ void KrDxfIn::InitTexts() {
         {kPictureEdit, 12, ""},
         {kScaleEdit, 20, "1"},
         {kSubModelEdit, 26, "DXFSUB"},
-        {kTableEdit, 256, layerTable_.c_str()},
     };
     for (const auto& edit : edits) {
         Item<kiro::ui::Edit>(edit.id).LimitText(edit.characters);
         Item<kiro::ui::Edit>(edit.id).SetText(edit.text);
     }
-    Item<kiro::ui::Edit>(kTableEdit).ShowEnd();
+    table_.Init();
 }
 
 void KrDxfIn::InitScales() {
@@ -212,15 +195,6 @@ void KrDxfIn::RefreshVersion() {
 
 void KrDxfIn::ShowVersion(const std::string& line) const { Item<kiro::ui::Window>(kVersionText).SetText(line); }
 
-void KrDxfIn::BrowseTable() {
-    Utility().SetKeyword(kTableKey);
-    Utility().SetComment("レイヤ変換テーブルファイル");
-    Utility().SetWildcard("DXFKIRO_LAYER*");
-    if (!Utility().FileDialog(kKrChooseExisting)) return;
-    Item<kiro::ui::Edit>(kTableEdit).SetText(Utility().GetFileName());
-    Item<kiro::ui::Edit>(kTableEdit).ShowEnd();
-}
-
 // A host that hands over no block: what is chosen can still be kept as the defaults.
 DxfInParamBlock& KrDxfIn::Params() {
     if (info_.importParams) return *info_.importParams;
@@ -233,15 +207,8 @@ void KrDxfIn::OpenParameters() { KrDxfInParam(info_, Params()).DoModal(Handle())
 void KrDxfIn::OpenAttributes() { KrDxfInAttr(Params()).DoModal(Handle()); }
 
 void KrDxfIn::OpenBatch() {
-    const auto table = ReadText(kTableEdit, drawing_.caption);
-    if (!table) return;
-    // The batch dialog takes the table from the record, in the form in which it is shown here.
-    const ScopedField field(info_.layerTableFileName);
-    if (!WriteFixedText(info_.layerTableFileName, *table)) {
-        Refuse("レイヤ変換テーブルのファイル名が長すぎます", kTableEdit);
-        return;
-    }
-    CommandFrame(kDxfInAllDialog).DoModal(Handle());
+    table_.LendTo(info_.layerTableFileName, kRefusalCaption,
+                  [this] { CommandFrame(kDxfInAllDialog).DoModal(Handle()); });
 }
 
 void KrDxfIn::HelpZoneChanged(int zone) {
@@ -330,22 +297,10 @@ bool KrDxfIn::CheckSubModel(Result& result) {
     return true;
 }
 
-bool KrDxfIn::CheckTable(Result& result) {
-    const auto table = ReadText(kTableEdit, kRefusalCaption);
-    if (!table) return false;
-    if (table->empty()) return true;
-    const std::string given = ReadFixedText(info_.layerTableFileName);
-    const bool untouched = *table == layerTable_;
-    // What the screen cannot show whole goes back as it came.
-    const bool shownWhole = HxEucEncoder::Sjis2Euc(layerTable_) == given;
-    if (!untouched || shownWhole) {
-        result.layerTable = KrInternalPath(Utility(), kTableKey, *table);
-        if (!result.layerTable.empty() && FitsFixedText(info_.layerTableFileName, result.layerTable)) return true;
-        if (!untouched) return Refuse("レイヤ変換テーブルのファイル名が無効です", kTableBrowseButton);
-    }
-    // No name at all, but none of this dialog's choice: the host gets back what it gave.
-    result.layerTable = given;
-    return true;
+bool KrDxfIn::CheckTable(Result& result) const {
+    const auto table = table_.Confirm(kRefusalCaption, sizeof info_.layerTableFileName);
+    if (table) result.layerTable = *table;
+    return table.has_value();
 }
 
 bool KrDxfIn::AgreesToLoseModel() {

@@ -8,6 +8,7 @@
 #include "dxfin/KrDxfInHelp.h"
 #include "entry/host/ParamBlocks.h"
 #include "entry/host/TARNAINFO.h"
+#include "tablehub/LayerTableField.h"
 #include "ui/FileNameField.h"
 #include "ui/HostDialog.h"
 #include "ui/HoverZones.h"
@@ -56,7 +57,6 @@ class KrDxfIn final : public kiro::ui::HostDialog {
     void ScaleChosen(int index);
     void MediumChosen();
     void RefreshVersion();
-    void BrowseTable();
     void OpenParameters();
     void OpenAttributes();
     void OpenBatch();
@@ -73,7 +73,7 @@ class KrDxfIn final : public kiro::ui::HostDialog {
     bool CheckScale(Result& result);
     bool CheckFile(Result& result);
     bool CheckSubModel(Result& result);
-    bool CheckTable(Result& result);
+    bool CheckTable(Result& result) const;
     bool AgreesToLoseModel();
     bool Refuse(const char* message, int controlId);
     void WriteBack(const Result& result);
@@ -85,7 +85,6 @@ class KrDxfIn final : public kiro::ui::HostDialog {
     const Mode& drawing_;
     bool isDwg_;
     bool pictureMatrix_;
-    std::string layerTable_;    // as it is shown at the start
     bool customScale_ = false;  // the scale list starts with an entry of the user's own
 
     kiro::ui::RadioGroup dataType_;
@@ -96,6 +95,7 @@ class KrDxfIn final : public kiro::ui::HostDialog {
     kiro::ui::WideningCombo scales_;
     kiro::ui::FileNameField file_;
     kiro::ui::MenuLabel fileLabel_;
+    LayerTableField table_;
     kiro::ui::HoverZones zones_;
     std::unique_ptr<KrDxfInHelp> help_;
 };

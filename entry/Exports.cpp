@@ -4,12 +4,12 @@
 
 #include "catia/KrDxfPass.h"
 #include "dxfin/KrDxfIn.h"
+#include "dxfout/KrDxfOut.h"
 #include "entry/CVanteoApp.h"
 #include "entry/CommandFrame.h"
 #include "entry/host/kirogr.h"
 #include "entry/host/kirovanteo.h"
 #include "resources/catia/KrCatiaIn.ids.h"
-#include "resources/dxfout/KrDxfOut.ids.h"
 #include "resources/peliondb/KrPlIn.ids.h"
 #include "resources/peliondb/KrPlOut.ids.h"
 #include "resources/varosdb/KrVrIn.ids.h"
@@ -39,7 +39,7 @@ int DxfInputDlg(TARNAINFO* info) { return RunCommand<KrDxfIn>(info); }
 
 int DxfInputPass(TARNAINFO* info) { return RunCommand<KrDxfPass>(info); }
 
-int DxfOutputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kDxfOutDialog); }
+int DxfOutputDlg(TARNAINFO* info) { return RunCommand<KrDxfOut>(info); }
 
 int PlInputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kPlInDialog); }
 

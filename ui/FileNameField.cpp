@@ -20,7 +20,8 @@ FileNameField::FileNameField(Dialog& dialog, KrUtility& utility, const Controls&
       emptyName_(emptyName),
       nameSet_(std::move(nameSet)),
       cleared_(std::move(cleared)),
-      recent_(dialog, controls.recentCombo, controls.edit, [this](int index) { OnRecentChosen(index); }),
+      recent_(
+          dialog, controls.recentCombo, controls.edit, [this](int index) { OnRecentChosen(index); }, controls.wide),
       name_(emptyName) {
     dialog.BindFocus(controls.edit, [this](bool gained) { OnFocus(gained); });
     dialog.Bind(controls.edit, EN_CHANGE, [this] { OnChange(); });
@@ -46,6 +47,8 @@ void FileNameField::Clear() {
     Show(kPlaceholder);
     if (cleared_) cleared_();
 }
+
+bool FileNameField::HasName() const { return !name_.empty() && name_ != emptyName_ && name_ != kPlaceholder; }
 
 void FileNameField::Enable(bool on) const {
     for (const int id : {controls_.edit, controls_.recentCombo, controls_.browseButton})

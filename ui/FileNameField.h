@@ -18,6 +18,7 @@ class FileNameField {
         int edit;
         int recentCombo;
         int browseButton;
+        WideningCombo::Wide wide = WideningCombo::Wide::kWithFocus;
     };
     // Where the file is looked for, asked whenever that is needed. The keys are those of KrUtility::SetKeyword.
     struct Place {
@@ -27,7 +28,8 @@ class FileNameField {
         const char* comment;     // what the chooser calls such files
         int mode;                // kKrChooseExisting: a file to read; kKrChooseNew: one to write
     };
-    // What the name is while none has been entered, and again when the edit is left empty or with just that.
+    // What the name is while none has been entered, and again when the edit is left empty, with just that or with the
+    // placeholder.
     static constexpr char kAnyName[] = "*";
     static constexpr char kNoName[] = "";
 
@@ -42,7 +44,7 @@ class FileNameField {
     void Enable(bool on) const;
 
     const std::string& Name() const { return name_; }
-    bool HasName() const { return !name_.empty() && name_ != kAnyName; }
+    bool HasName() const;
     bool IsPattern() const { return name_.find_first_of("*?") != std::string::npos; }
     std::string InternalPath() const;  // of the name; "" when it has none
 

@@ -6,23 +6,29 @@
 namespace kiro::ui {
 
 PictureField::PictureField(Dialog& dialog, int editId, int comboId, int lowest, int highest,
-                           std::function<void(std::optional<int>)> changed)
+                           std::function<void(std::optional<int>)> changed, WideningCombo::Wide wide)
     : dialog_(dialog),
       editId_(editId),
       lowest_(lowest),
       highest_(highest),
       changed_(std::move(changed)),
-      list_(dialog, comboId, editId, [this](int index) { Chosen(index); }) {
+      list_(
+          dialog, comboId, editId, [this](int index) { Chosen(index); }, wide) {
     dialog.Bind(editId, EN_CHANGE, [this] { Typed(); });
 }
 
 void PictureField::Init(int number) {
-    for (int entry = lowest_; entry <= highest_; ++entry) {
-        if (entry != 0) list_.Combo().AddString(std::to_string(entry));
+    if (list_.Combo().GetCount() == 0) {
+        for (int entry = lowest_; entry <= highest_; ++entry) {
+            if (entry != 0) list_.Combo().AddString(std::to_string(entry));
+        }
     }
-    dialog_.Item<Edit>(editId_).SetText(std::to_string(number));
+    Show(number);
     Take(number);
 }
+
+// The edit tells of the change, and the rest follows from there.
+void PictureField::Show(int number) { dialog_.Item<Edit>(editId_).SetText(std::to_string(number)); }
 
 int PictureField::NumberAt(int index) const {
     const int number = lowest_ + index;
@@ -50,8 +56,7 @@ void PictureField::Typed() {
 }
 
 void PictureField::Chosen(int index) {
-    // The edit tells of the change, and the rest follows from there.
-    dialog_.Item<Edit>(editId_).SetText(std::to_string(NumberAt(index)));
+    Show(NumberAt(index));
     dialog_.FocusTo(editId_);
 }
 

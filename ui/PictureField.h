@@ -15,9 +15,11 @@ class PictureField {
     // one: with its number when it is just that of an entry ("007" is a number but no entry). Make it before the dialog
     // is shown.
     PictureField(Dialog& dialog, int editId, int comboId, int lowest, int highest,
-                 std::function<void(std::optional<int> number)> changed);
+                 std::function<void(std::optional<int> number)> changed,
+                 WideningCombo::Wide wide = WideningCombo::Wide::kWithFocus);
 
-    void Init(int number);                  // when the dialog is initialised
+    void Init(int number);  // when it is first needed: fills the list and shows the number
+    void Show(int number);
     int Number() const { return number_; }  // of the entry that was chosen or typed last
 
   private:

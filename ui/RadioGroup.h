@@ -1,9 +1,11 @@
 // One choice among radio buttons, whatever groups the template puts them into. Where every button is a group of its
-// own, the system does not keep them exclusive: this does.
+// own, the system neither keeps them exclusive nor goes from one to another with the arrow keys: this does. The Tab key
+// then stops at the selected button, as it does within a group.
 #pragma once
 
 #include <functional>
 #include <initializer_list>
+#include <memory>
 #include <vector>
 
 #include "ui/Dialog.h"
@@ -12,7 +14,8 @@ namespace kiro::ui {
 
 class RadioGroup {
   public:
-    RadioGroup(Dialog& dialog, std::initializer_list<int> controlIds) : dialog_(dialog), controlIds_(controlIds) {}
+    // Make it before the dialog is shown.
+    RadioGroup(Dialog& dialog, std::initializer_list<int> controlIds);
 
     // Binds the buttons: a click selects the button, then chosen runs with its index. Call it before the dialog is
     // shown.
@@ -23,8 +26,13 @@ class RadioGroup {
     void Enable(bool on) const;
 
   private:
+    class ArrowKeys;
+
+    Button At(std::size_t index) const { return dialog_.Item<Button>(controlIds_[index]); }
+
     Dialog& dialog_;
     std::vector<int> controlIds_;
+    std::shared_ptr<ArrowKeys> arrowKeys_;  // of all copies
 };
 
 }  // namespace kiro::ui

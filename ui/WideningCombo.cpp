@@ -37,8 +37,12 @@ void Place(HWND combo, LONG left, LONG top, LONG width) {
 
 }  // namespace
 
-WideningCombo::WideningCombo(Dialog& dialog, int comboId, int editId, std::function<void(int)> chosen)
-    : dialog_(dialog), comboId_(comboId), editId_(editId), chosen_(std::move(chosen)) {
+WideningCombo::WideningCombo(Dialog& dialog, int comboId, int editId, std::function<void(int)> chosen, Wide wide)
+    : dialog_(dialog),
+      comboId_(comboId),
+      editId_(editId),
+      chosen_(std::move(chosen)),
+      whileOpen_(wide == Wide::kWhileOpen) {
     dialog.BindMessage(WM_INITDIALOG, [this](WPARAM, LPARAM) -> std::optional<INT_PTR> {
         Init();
         return std::nullopt;
@@ -48,11 +52,8 @@ WideningCombo::WideningCombo(Dialog& dialog, int comboId, int editId, std::funct
         Draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
         return TRUE;
     });
-    dialog.BindFocus(comboId, [this](bool gained) { gained ? Widen() : Restore(); });
-    dialog.Bind(comboId, CBN_DROPDOWN, [this] {
-        moved_ = accepted_ = false;
-        before_ = Combo().GetCurSel();
-    });
+    if (!whileOpen_) dialog.BindFocus(comboId, [this](bool gained) { gained ? Widen() : Restore(); });
+    dialog.Bind(comboId, CBN_DROPDOWN, [this] { OnDropDown(); });
     dialog.Bind(comboId, CBN_SELCHANGE, [this] { OnSelChange(); });
     dialog.Bind(comboId, CBN_SELENDOK, [this] { accepted_ = true; });
     dialog.Bind(comboId, CBN_CLOSEUP, [this] { OnCloseUp(); });
@@ -92,6 +93,13 @@ void WideningCombo::Draw(const DRAWITEMSTRUCT& request) const {
     if (field && (request.itemState & ODS_FOCUS)) DrawFocusRect(request.hDC, &request.rcItem);
 }
 
+void WideningCombo::OnDropDown() {
+    moved_ = accepted_ = false;
+    before_ = Combo().GetCurSel();
+    focused_ = Combo().HasFocus();
+    if (whileOpen_) Widen();
+}
+
 // The mouse closes the list and then tells of the new selection; the keyboard tells of each step while the list is
 // open.
 void WideningCombo::OnSelChange() {
@@ -106,6 +114,10 @@ void WideningCombo::OnCloseUp() {
     if (moved_ && accepted_) Choose();
     if (moved_ && !accepted_) Combo().SetCurSel(before_);
     moved_ = accepted_ = false;
+    if (!whileOpen_) return;
+    Restore();
+    // A list also closes when the user goes to another control: the focus is not taken back from there.
+    if (!focused_ || Combo().HasFocus()) dialog_.FocusTo(editId_);
 }
 
 void WideningCombo::Choose() {

@@ -21,6 +21,11 @@ RECT Window::RectInParent() const {
     return rect;
 }
 
+void Window::SetTabStop(bool on) const {
+    const LONG style = GetWindowLongW(handle_, GWL_STYLE);
+    SetWindowLongW(handle_, GWL_STYLE, on ? style | WS_TABSTOP : style & ~WS_TABSTOP);
+}
+
 void Edit::ShowEnd() const {
     const auto end = static_cast<WPARAM>(GetWindowTextLengthW(Handle()));
     Send(EM_SETSEL, end, static_cast<LPARAM>(end));

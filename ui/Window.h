@@ -23,6 +23,7 @@ class Window {
     void SetText(std::string_view text) const;
 
     void Enable(bool on) const { EnableWindow(handle_, on); }
+    void SetTabStop(bool on) const;
     void Show(bool on) const { ShowWindow(handle_, on ? SW_SHOW : SW_HIDE); }
     bool HasFocus() const { return GetFocus() == handle_ || (handle_ && IsChild(handle_, GetFocus())); }
     RECT RectInParent() const;  // in the client area of the parent

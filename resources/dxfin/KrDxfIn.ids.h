@@ -1,7 +1,5 @@
 // The import dialog.
 #define kDxfInDialog 4000
-#define kRecentMenu 4079
-#define kClearRecentCommand 32774
 
 #define kDrawingRadio 4000
 #define kShapeRadio 4001

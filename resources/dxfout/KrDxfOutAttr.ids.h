@@ -1,0 +1,1 @@
+#define kDxfOutAttrDialog 4064
