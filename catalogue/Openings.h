@@ -17,6 +17,7 @@
 
 struct DxfInLayerTable;
 struct DxfInLineTable;
+class KrDxfOutTbl_Layer;
 
 namespace kiro {
 
@@ -48,6 +49,10 @@ inline INT_PTR Ended(bool returned) { return returned ? IDOK : IDCANCEL; }
 struct ImportData {
     TARNAINFO info{};
     DxfInParamBlock params{};
+};
+struct ExportData {
+    TARNAINFO info{};
+    DxfOutParamBlock params{};
 };
 std::shared_ptr<ImportData> DemoImport(bool dwg);
 Opening ImportCommand(bool dwg);
@@ -99,6 +104,25 @@ Opening EditorOf(const std::shared_ptr<Table>& table) {
     return {[table] { return RunDialog([&] { return Dialog(*table); }); }, {BytesOf(*table)}};
 }
 
+// A dialog that is given its data by SetInfo.
+template <class Dialog, class... Info>
+INT_PTR RunGiven(Dialog&& dialog, Info... info) {
+    const LibraryContext context;
+    dialog.SetInfo(info...);
+    return dialog.DoModal(Grgetwin(-1));
+}
+
+// A hub over the demonstration's table; layerControl: what its editor of classes and revisions shows.
+std::shared_ptr<KrDxfOutTbl_Layer> DemoOutLayers(std::int32_t layerControl);
+
+template <class Editor, std::int32_t layerControl = 1>
+Opening OutLayerEditor() {
+    const auto hub = DemoOutLayers(layerControl);
+    return {[hub] { return RunGiven(Editor(), hub.get()); }, {}};
+}
+
+Opening OutTables();
+Opening OutLayerHub();
 Opening LayerHub();
 Opening ImportAttributes();
 
