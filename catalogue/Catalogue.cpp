@@ -121,7 +121,7 @@ const CatalogueDialog kDialogs[] = {
     {"export-table-launcher", kOutTableDialog, OutTables},
     {"export-table-layer", kOutLayerTableDialog, OutLayerHub, kSlower},
     {"export-table-pictures", kDxfOutPictureGridDialog, OutLayerEditor<KrDxfOutTbl_PLayer>, kHasGrid},
-    {"export-table-classes", kDxfOutClassGridDialog, OutLayerEditor<KrDxfOutTbl_CLayer, kLayerControlClass>, kHasGrid},
+    {"export-table-classes", kDxfOutClassGridDialog, OutLayerEditor<KrDxfOutTbl_CLayer>, kHasGrid},
     {"export-table-revisions", kDxfOutClassGridDialog, OutLayerEditor<KrDxfOutTbl_CLayer, kLayerControlRevision>,
      kHasGrid},
     {"export-table-colors", kDxfOutColorGridDialog, OutLayerEditor<KrDxfOutTbl_Color>, kHasGrid},

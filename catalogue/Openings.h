@@ -10,6 +10,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "driver/BareDialog.h"
+#include "dxfout_tables/KrDxfOutTbl_Layer.h"
 #include "entry/host/ParamBlocks.h"
 #include "entry/host/TARNAINFO.h"
 #include "entry/host/kirogr.h"
@@ -17,7 +18,6 @@
 
 struct DxfInLayerTable;
 struct DxfInLineTable;
-class KrDxfOutTbl_Layer;
 
 namespace kiro {
 
@@ -115,10 +115,17 @@ INT_PTR RunGiven(Dialog&& dialog, Info... info) {
 // A hub over the demonstration's table; layerControl: what its editor of classes and revisions shows.
 std::shared_ptr<KrDxfOutTbl_Layer> DemoOutLayers(std::int32_t layerControl);
 
-template <class Editor, std::int32_t layerControl = 1>
+template <class Editor, std::int32_t layerControl = kLayerControlClass>
 Opening OutLayerEditor() {
     const auto hub = DemoOutLayers(layerControl);
-    return {[hub] { return RunGiven(Editor(), hub.get()); }, {}};
+    const auto table = std::make_shared<DxfOutLayerTable>();
+    hub->GetTable(table.get());
+    return {[hub, table] {
+                const INT_PTR result = RunGiven(Editor(), hub.get());
+                hub->GetTable(table.get());
+                return result;
+            },
+            {BytesOf(*table)}};
 }
 
 Opening OutTables();
