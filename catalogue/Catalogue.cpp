@@ -14,6 +14,10 @@
 #include "dxfin_tables/KrDxfInTbl_PWidth.h"
 #include "dxfin_tables/KrDxfInTbl_TFont.h"
 #include "dxfin_tables/KrDxfInTbl_TFont2.h"
+#include "dxfout_tables/KrDxfOutTbl_Arrow.h"
+#include "dxfout_tables/KrDxfOutTbl_CLayer.h"
+#include "dxfout_tables/KrDxfOutTbl_Color.h"
+#include "dxfout_tables/KrDxfOutTbl_PLayer.h"
 #include "entry/CommandFrame.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
@@ -37,6 +41,12 @@
 #include "resources/dxfin_tables/KrDxfInTbl_PWidth.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
 #include "resources/dxfout/KrDxfOut.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTable.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_Arrow.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_CLayer.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_Color.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_Layer.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_PLayer.ids.h"
 #include "resources/model/KrDxfLayerName.ids.h"
 #include "resources/model/KrDxfLineType.ids.h"
 #include "resources/model/KrDxfLineWidth.ids.h"
@@ -107,6 +117,15 @@ const CatalogueDialog kDialogs[] = {
     {"table-fonts", kDxfInTextFontDialog, Plain<KrDxfInTbl_TFont>, kHasGrid, L"DXFKIRO_STYLE"},
     {"table-fonts-help", kDxfInTextFontHelpDialog, Plain<KrDxfInTbl_TFont2>},
     {"table-arrows", kDxfInArrowDialog, Plain<KrDxfInTbl_Arrow>, kHasGrid, L"DXFKIRO_ARROW"},
+    // The tables of the export.
+    {"export-table-launcher", kOutTableDialog, OutTables},
+    {"export-table-layer", kOutLayerTableDialog, OutLayerHub, kSlower},
+    {"export-table-pictures", kDxfOutPictureGridDialog, OutLayerEditor<KrDxfOutTbl_PLayer>, kHasGrid},
+    {"export-table-classes", kDxfOutClassGridDialog, OutLayerEditor<KrDxfOutTbl_CLayer>, kHasGrid},
+    {"export-table-revisions", kDxfOutClassGridDialog, OutLayerEditor<KrDxfOutTbl_CLayer, kLayerControlRevision>,
+     kHasGrid},
+    {"export-table-colors", kDxfOutColorGridDialog, OutLayerEditor<KrDxfOutTbl_Color>, kHasGrid},
+    {"export-table-arrows", kDxfOutArrowDialog, Plain<KrDxfOutTbl_Arrow>, kHasGrid, L"KIRODXF_ARROW"},
     // The other commands.
     {"export", kDxfOutDialog, OverRecord<DxfOutputDlg>},
     {"pelion-input", kPlInDialog, OverRecord<PlInputDlg>},

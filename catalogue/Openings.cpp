@@ -4,6 +4,8 @@
 #include "dxfin/KrDxfInParam.h"
 #include "dxfin_tables/KrDxfInTbl_IO.h"
 #include "dxfin_tables/KrDxfInTbl_Layer.h"
+#include "dxfout_tables/KrDxfOutTable.h"
+#include "dxfout_tables/KrDxfOutTbl_Layer.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
@@ -12,6 +14,7 @@ namespace kiro {
 namespace {
 
 constexpr char kLayerFile[] = "DXFKIRO_LAYER";
+constexpr char kOutLayerFile[] = "KIRODXF_LAYER";
 
 HANDLE StyleContext() {
     static const HANDLE context = drive::MakeStyleContext(GetModuleHandleW(L"kirovanteo.dll"));
@@ -30,6 +33,12 @@ std::shared_ptr<Table> Read(std::shared_ptr<Table> table, void (KrDxfInTbl_IO::*
 std::shared_ptr<DxfInLayerTable> NamedLayers() {
     auto table = std::make_shared<DxfInLayerTable>();
     WriteFixedText(table->fileName, kLayerFile);
+    return table;
+}
+
+std::shared_ptr<DxfOutLayerTable> NamedOutLayers() {
+    auto table = std::make_shared<DxfOutLayerTable>();
+    WriteFixedText(table->fileName, kOutLayerFile);
     return table;
 }
 
@@ -98,6 +107,27 @@ std::shared_ptr<DxfInLineTable> DemoLines() {
 Opening LayerHub() {
     const auto start = NamedLayers();
     return {[start] { return RunDialog([&] { return KrDxfInTbl_Layer(*start, 1, 0); }); }, {BytesOf(*start)}};
+}
+
+Opening OutTables() {
+    const auto data = std::make_shared<ExportData>();
+    data->info.output.exportParams = &data->params;
+    return {[data] { return RunGiven(KrDxfOutTable(), &data->info); }, {BytesOf(*data)}};
+}
+
+std::shared_ptr<KrDxfOutTbl_Layer> DemoOutLayers(std::int32_t layerControl) {
+    const auto table = NamedOutLayers();
+    const auto hub = std::make_shared<KrDxfOutTbl_Layer>(Grgetwin(-1));
+    hub->SetInfo(1, 0, table.get());
+    hub->GetTable(table.get());
+    table->layerControl = layerControl;
+    hub->SetTable(table.get());
+    return hub;
+}
+
+Opening OutLayerHub() {
+    const auto start = NamedOutLayers();
+    return {[start] { return RunGiven(KrDxfOutTbl_Layer(Grgetwin(-1)), 1, 0, start.get()); }, {BytesOf(*start)}};
 }
 
 }  // namespace kiro

@@ -10,6 +10,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "driver/BareDialog.h"
+#include "dxfout_tables/KrDxfOutTbl_Layer.h"
 #include "entry/host/ParamBlocks.h"
 #include "entry/host/TARNAINFO.h"
 #include "entry/host/kirogr.h"
@@ -48,6 +49,10 @@ inline INT_PTR Ended(bool returned) { return returned ? IDOK : IDCANCEL; }
 struct ImportData {
     TARNAINFO info{};
     DxfInParamBlock params{};
+};
+struct ExportData {
+    TARNAINFO info{};
+    DxfOutParamBlock params{};
 };
 std::shared_ptr<ImportData> DemoImport(bool dwg);
 Opening ImportCommand(bool dwg);
@@ -99,6 +104,32 @@ Opening EditorOf(const std::shared_ptr<Table>& table) {
     return {[table] { return RunDialog([&] { return Dialog(*table); }); }, {BytesOf(*table)}};
 }
 
+// A dialog that is given its data by SetInfo.
+template <class Dialog, class... Info>
+INT_PTR RunGiven(Dialog&& dialog, Info... info) {
+    const LibraryContext context;
+    dialog.SetInfo(info...);
+    return dialog.DoModal(Grgetwin(-1));
+}
+
+// A hub over the demonstration's table; layerControl: what its editor of classes and revisions shows.
+std::shared_ptr<KrDxfOutTbl_Layer> DemoOutLayers(std::int32_t layerControl);
+
+template <class Editor, std::int32_t layerControl = kLayerControlClass>
+Opening OutLayerEditor() {
+    const auto hub = DemoOutLayers(layerControl);
+    const auto table = std::make_shared<DxfOutLayerTable>();
+    hub->GetTable(table.get());
+    return {[hub, table] {
+                const INT_PTR result = RunGiven(Editor(), hub.get());
+                hub->GetTable(table.get());
+                return result;
+            },
+            {BytesOf(*table)}};
+}
+
+Opening OutTables();
+Opening OutLayerHub();
 Opening LayerHub();
 Opening ImportParameters();
 Opening ImportAttributes();

@@ -1,6 +1,7 @@
 // Pictures, classes and revisions to layers; colours to colours. Names are code page 932.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -13,6 +14,16 @@ inline constexpr std::int32_t kDxfOutFrame = 257;     // the number of the drawi
 inline constexpr std::int32_t kDxfOutColors = 257;    // 0 to 256
 inline constexpr std::int32_t kDxfOutMaxColor = 255;  // of the drawing
 
+// The longest names, in bytes, whose records are read as they were written. Those of revisions fill their field.
+inline constexpr std::size_t kDxfOutLongestPictureLayer = 65;
+inline constexpr std::size_t kDxfOutLongestClassLayer = 63;
+inline constexpr std::size_t kDxfOutLongestRevisionLayer = 63;
+
+// Values of pictureOff: what layers are made of when drawing pages are converted.
+inline constexpr std::int32_t kPagesByPicture = 0;
+inline constexpr std::int32_t kPagesByClass = kDxfOutFrame;
+inline constexpr std::int32_t kPagesByRevision = -kDxfOutFrame;  // deliberately never read so: it comes back as 257
+
 enum DxfOutLayerControl : std::int32_t { kLayerControlNone, kLayerControlClass, kLayerControlRevision };
 enum DxfOutClassControl : std::int32_t { kClassControlNone, kClassControlComposite, kClassControlItem };
 
@@ -20,7 +31,7 @@ enum DxfOutClassControl : std::int32_t { kClassControlNone, kClassControlComposi
 struct DxfOutLayerTable {
     std::int32_t noFileRead;    // not 0: the file is not to be read
     char fileName[260];         // full path of the file
-    std::int32_t pictureOff;    // drawing pages: 0 by pictures, 257 by classes, -257 by revisions (never read so)
+    std::int32_t pictureOff;    // drawing pages: 0, 257 or -257
     std::int32_t layerControl;  // pictures: DxfOutLayerControl
     std::int32_t spareSlot;     // 257
     std::int32_t classControl;  // items in composite items: DxfOutClassControl

@@ -47,6 +47,8 @@ class TableIo {
     TableIo(const TableIo&) = delete;
     TableIo& operator=(const TableIo&) = delete;
 
+    void SetOwner(HWND owner) { owner_ = owner; }  // of the boxes from now on
+
   protected:
     TableIo(KrUtility& utility, HWND owner) : utility_(utility), owner_(owner) {}
     ~TableIo() = default;

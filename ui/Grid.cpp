@@ -113,8 +113,11 @@ bool Grid::Check(Extent extent) {
     if (std::exchange(valid_, true)) return faults_.empty();
     faults_.clear();
     sameBelow_.clear();
+    ended_ = false;
     if (beforeCheck_) beforeCheck_();
-    for (int row = 0; row < Rows() && (faults_.empty() || extent == Extent::kAll); ++row) CheckRow(row);
+    for (int row = 0; row < Rows() && (!ended_ || extent == Extent::kAll); ++row) CheckRow(row);
+    // Now: a cell that was noted may have passed the checks of its own row afterwards.
+    for (const GridFault& fault : faults_) control_->SetErrorFlag(fault.row, fault.column, 1);
     control_->DrawItem();
     return faults_.empty();
 }
@@ -126,12 +129,6 @@ void Grid::CheckRow(int row) {
 bool Grid::Pass(int row, int column) {
     control_->SetErrorFlag(row, column, 0);
     return true;
-}
-
-bool Grid::Fail(int row, int column, std::string message) {
-    control_->SetErrorFlag(row, column, 1);
-    faults_.push_back({row, column, std::move(message)});
-    return false;
 }
 
 void Grid::ShowFault(std::size_t index) {

@@ -32,6 +32,7 @@ class Grid {
 
     // ---- What the dialog states before Init ----
 
+    void UseColumns(GridColumns columns) { columns_ = columns; }  // others than those it was made with
     // Column 0 holds the number of the row, counted from 1.
     void NumberRows() { numbered_ = true; }
     // The row menu: "追加", "挿入" and "削除".
@@ -70,8 +71,8 @@ class Grid {
 
     // ---- Checking ----
 
-    // Stops at the first bad row, or goes on and finds all of them. Without a change since the last check its result
-    // still holds. True when all is well.
+    // Stops at the first bad row, or goes on and finds all of them; what was only noted never stops it. Without a
+    // change since the last check its result still holds. True when all is well.
     enum class Extent { kFirst, kAll };
     bool Check(Extent extent = Extent::kFirst);
     const std::vector<GridFault>& Faults() const { return faults_; }
@@ -85,7 +86,6 @@ class Grid {
     void Number(int from);
     void CheckRow(int row);
     bool Pass(int row, int column);
-    bool Fail(int row, int column, std::string message);
     int SameTextBelow(int row, int column);
     std::optional<INT_PTR> Notified(LPARAM lParam);
     void TakeChange(int row, int column);
@@ -110,6 +110,7 @@ class Grid {
     std::function<void(int, int)> changed_;
     std::function<void()> marked_;
     bool valid_ = false;  // the result of the last check holds
+    bool ended_ = false;  // a fault was found that ends the check
     std::vector<GridFault> faults_;
     std::map<int, std::vector<int>> sameBelow_;  // of this check, by column: the next row with the same text, or -1
 };

@@ -29,7 +29,7 @@ void GridEditorBase::OnInit() {
 
 bool GridEditorBase::CheckRows() {
     const bool valid = grid_.Check();
-    grid_.ShowFault();
+    if (!valid) grid_.ShowFault(grid_.Faults().size() - 1);
     return valid;
 }
 
@@ -55,7 +55,7 @@ void GridEditorBase::OnOk() {
 
 void GridEditorBase::Refused() {
     Tell(Handle(), "設定内容に誤りがあります。", form_.caption, Icon::kError);
-    const GridFault fault = grid_.Faults().front();
+    const GridFault fault = grid_.Faults().back();
     grid_.GoTo(fault.row, fault.column);
     row_ = fault.row;
     CheckRows();

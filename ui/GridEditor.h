@@ -29,7 +29,8 @@ class GridEditorBase : public HostDialog {
     virtual void RowsMoved() {}           // rows were added, inserted or deleted
     virtual void Store() = 0;             // all rows are valid
     virtual bool Save() { return true; }  // false keeps the dialog open
-    // "設定" was refused: the user is told, and taken to the first bad cell.
+    // "設定" was refused: the user is told, and taken to the bad cell: the one that ended the check, or else the last
+    // that was noted.
     virtual void Refused();
 
     kiro::ui::Grid& Grid() { return grid_; }

@@ -11,7 +11,15 @@ const std::string& RowCheck::Text(int column) const { return grid_.TextAt(row_, 
 
 bool RowCheck::Pass(int column) const { return grid_.Pass(row_, column); }
 
-bool RowCheck::Fail(int column, std::string message) const { return grid_.Fail(row_, column, std::move(message)); }
+bool RowCheck::Fail(int column, std::string message) const {
+    Note(column, std::move(message));
+    grid_.ended_ = true;
+    return false;
+}
+
+void RowCheck::Note(int column, std::string message) const {
+    grid_.faults_.push_back({row_, column, std::move(message)});
+}
 
 bool RowCheck::Given(int column, const char* missing) const {
     return Text(column).empty() ? Fail(column, Formatted(missing, row_ + 1)) : Pass(column);

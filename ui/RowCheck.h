@@ -34,6 +34,8 @@ class RowCheck {
 
     bool Pass(int column) const;
     bool Fail(int column, std::string message) const;
+    // The cell is bad, and the check goes on. It may be a cell of another row, by a RowCheck for that.
+    void Note(int column, std::string message) const;
 
     // The messages have %d for the row and %s for the text where they have them.
     bool Given(int column, const char* missing) const;

@@ -1,0 +1,2 @@
+// Marks and their arrow heads.
+#define kDxfOutArrowDialog 4070

@@ -1,0 +1,2 @@
+// Colours and the colours that they become.
+#define kDxfOutColorGridDialog 4035

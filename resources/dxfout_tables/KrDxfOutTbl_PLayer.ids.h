@@ -1,0 +1,2 @@
+// Pictures and their layers.
+#define kDxfOutPictureGridDialog 4023
