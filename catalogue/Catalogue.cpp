@@ -14,6 +14,7 @@
 #include "dxfin_tables/KrDxfInTbl_PWidth.h"
 #include "dxfin_tables/KrDxfInTbl_TFont.h"
 #include "dxfin_tables/KrDxfInTbl_TFont2.h"
+#include "dxfout_tables/KrDxfOutTbl_Line.h"
 #include "entry/CommandFrame.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
@@ -37,6 +38,10 @@
 #include "resources/dxfin_tables/KrDxfInTbl_PWidth.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
 #include "resources/dxfout/KrDxfOut.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_LStyle.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_LStyle2.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_LWidth.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_Line.ids.h"
 #include "resources/model/KrDxfLayerName.ids.h"
 #include "resources/model/KrDxfLineType.ids.h"
 #include "resources/model/KrDxfLineWidth.ids.h"
@@ -107,6 +112,11 @@ const CatalogueDialog kDialogs[] = {
     {"table-fonts", kDxfInTextFontDialog, Plain<KrDxfInTbl_TFont>, kHasGrid, L"DXFKIRO_STYLE"},
     {"table-fonts-help", kDxfInTextFontHelpDialog, Plain<KrDxfInTbl_TFont2>},
     {"table-arrows", kDxfInArrowDialog, Plain<KrDxfInTbl_Arrow>, kHasGrid, L"DXFKIRO_ARROW"},
+    // The tables of the export.
+    {"export-table-lines", kDxfOutLineTableDialog, Plain<KrDxfOutTbl_Line>, kSlower},
+    {"export-table-line-types", kDxfOutLineTypeGridDialog, ExportLineTypes, kHasGrid},
+    {"export-table-patterns", kDxfOutPatternGridDialog, ExportPatterns, kHasGrid},
+    {"export-table-line-widths", kDxfOutLineWidthGridDialog, ExportLineWidths, kHasGrid},
     // The other commands.
     {"export", kDxfOutDialog, OverRecord<DxfOutputDlg>},
     {"pelion-input", kPlInDialog, OverRecord<PlInputDlg>},

@@ -3,12 +3,39 @@
 #include "dxfin/KrDxfInAttr.h"
 #include "dxfin_tables/KrDxfInTbl_IO.h"
 #include "dxfin_tables/KrDxfInTbl_Layer.h"
+#include "dxfout_tables/KrDxfOutTbl_IO.h"
+#include "dxfout_tables/KrDxfOutTbl_LStyle.h"
+#include "dxfout_tables/KrDxfOutTbl_LStyle2.h"
+#include "dxfout_tables/KrDxfOutTbl_LWidth.h"
+#include "dxfout_tables/KrDxfOutTbl_Line.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
 
 namespace kiro {
 namespace {
+
+// A dialog over the table of the export's lines. run(hub): opens it.
+template <class Run>
+Opening OverExportLines(Run run) {
+    const auto table = std::make_shared<DxfOutLineTable>();
+    KrDxfOutTbl_IO(Grgetwin(-1)).ReadLineTable(table.get());
+    return {[table, run] {
+                KrDxfOutTbl_Line hub;
+                hub.SetTable(table.get());
+                const LibraryContext context;
+                const INT_PTR result = run(hub);
+                hub.GetTable(table.get());
+                return result;
+            },
+            {BytesOf(*table)}};
+}
+template <class Editor, class Parent>
+INT_PTR RunEditorOf(Parent& parent) {
+    Editor editor;
+    editor.SetInfo(&parent);
+    return editor.DoModal(Grgetwin(-1));
+}
 
 constexpr char kLayerFile[] = "DXFKIRO_LAYER";
 
@@ -88,5 +115,17 @@ Opening LayerHub() {
     const auto start = NamedLayers();
     return {[start] { return RunDialog([&] { return KrDxfInTbl_Layer(*start, 1, 0); }); }, {BytesOf(*start)}};
 }
+
+Opening ExportLineTypes() { return OverExportLines(RunEditorOf<KrDxfOutTbl_LStyle, KrDxfOutTbl_Line>); }
+
+Opening ExportPatterns() {
+    return OverExportLines([](KrDxfOutTbl_Line& hub) {
+        KrDxfOutTbl_LStyle lineTypes;
+        lineTypes.SetInfo(&hub);
+        return RunEditorOf<KrDxfOutTbl_LStyle2>(lineTypes);
+    });
+}
+
+Opening ExportLineWidths() { return OverExportLines(RunEditorOf<KrDxfOutTbl_LWidth, KrDxfOutTbl_Line>); }
 
 }  // namespace kiro

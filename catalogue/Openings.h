@@ -99,6 +99,11 @@ Opening EditorOf(const std::shared_ptr<Table>& table) {
     return {[table] { return RunDialog([&] { return Dialog(*table); }); }, {BytesOf(*table)}};
 }
 
+// The editors of the export's lines, behind a hub that is not shown.
+Opening ExportLineTypes();
+Opening ExportPatterns();
+Opening ExportLineWidths();
+
 Opening LayerHub();
 Opening ImportAttributes();
 
