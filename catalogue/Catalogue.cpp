@@ -18,6 +18,7 @@
 #include "dxfout_tables/KrDxfOutTbl_CLayer.h"
 #include "dxfout_tables/KrDxfOutTbl_Color.h"
 #include "dxfout_tables/KrDxfOutTbl_PLayer.h"
+#include "dxfout_tables/KrDxfOutTbl_Line.h"
 #include "entry/CommandFrame.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
@@ -47,6 +48,10 @@
 #include "resources/dxfout_tables/KrDxfOutTbl_Color.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_Layer.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_PLayer.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_LStyle.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_LStyle2.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_LWidth.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_Line.ids.h"
 #include "resources/model/KrDxfLayerName.ids.h"
 #include "resources/model/KrDxfLineType.ids.h"
 #include "resources/model/KrDxfLineWidth.ids.h"
@@ -126,6 +131,10 @@ const CatalogueDialog kDialogs[] = {
      kHasGrid},
     {"export-table-colors", kDxfOutColorGridDialog, OutLayerEditor<KrDxfOutTbl_Color>, kHasGrid},
     {"export-table-arrows", kDxfOutArrowDialog, Plain<KrDxfOutTbl_Arrow>, kHasGrid, L"KIRODXF_ARROW"},
+    {"export-table-lines", kDxfOutLineTableDialog, Plain<KrDxfOutTbl_Line>, kSlower},
+    {"export-table-line-types", kDxfOutLineTypeGridDialog, ExportLineTypes, kHasGrid},
+    {"export-table-patterns", kDxfOutPatternGridDialog, ExportPatterns, kHasGrid},
+    {"export-table-line-widths", kDxfOutLineWidthGridDialog, ExportLineWidths, kHasGrid},
     // The other commands.
     {"export", kDxfOutDialog, OverRecord<DxfOutputDlg>},
     {"pelion-input", kPlInDialog, OverRecord<PlInputDlg>},

@@ -6,12 +6,39 @@
 #include "dxfin_tables/KrDxfInTbl_Layer.h"
 #include "dxfout_tables/KrDxfOutTable.h"
 #include "dxfout_tables/KrDxfOutTbl_Layer.h"
+#include "dxfout_tables/KrDxfOutTbl_IO.h"
+#include "dxfout_tables/KrDxfOutTbl_LStyle.h"
+#include "dxfout_tables/KrDxfOutTbl_LStyle2.h"
+#include "dxfout_tables/KrDxfOutTbl_LWidth.h"
+#include "dxfout_tables/KrDxfOutTbl_Line.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
 
 namespace kiro {
 namespace {
+
+// A dialog over the table of the export's lines. run(hub): opens it.
+template <class Run>
+Opening OverExportLines(Run run) {
+    const auto table = std::make_shared<DxfOutLineTable>();
+    KrDxfOutTbl_IO(Grgetwin(-1)).ReadLineTable(table.get());
+    return {[table, run] {
+                KrDxfOutTbl_Line hub;
+                hub.SetTable(table.get());
+                const LibraryContext context;
+                const INT_PTR result = run(hub);
+                hub.GetTable(table.get());
+                return result;
+            },
+            {BytesOf(*table)}};
+}
+template <class Editor, class Parent>
+INT_PTR RunEditorOf(Parent& parent) {
+    Editor editor;
+    editor.SetInfo(&parent);
+    return editor.DoModal(Grgetwin(-1));
+}
 
 constexpr char kLayerFile[] = "DXFKIRO_LAYER";
 constexpr char kOutLayerFile[] = "KIRODXF_LAYER";
@@ -129,5 +156,17 @@ Opening OutLayerHub() {
     const auto start = NamedOutLayers();
     return {[start] { return RunGiven(KrDxfOutTbl_Layer(Grgetwin(-1)), 1, 0, start.get()); }, {BytesOf(*start)}};
 }
+
+Opening ExportLineTypes() { return OverExportLines(RunEditorOf<KrDxfOutTbl_LStyle, KrDxfOutTbl_Line>); }
+
+Opening ExportPatterns() {
+    return OverExportLines([](KrDxfOutTbl_Line& hub) {
+        KrDxfOutTbl_LStyle lineTypes;
+        lineTypes.SetInfo(&hub);
+        return RunEditorOf<KrDxfOutTbl_LStyle2>(lineTypes);
+    });
+}
+
+Opening ExportLineWidths() { return OverExportLines(RunEditorOf<KrDxfOutTbl_LWidth, KrDxfOutTbl_Line>); }
 
 }  // namespace kiro

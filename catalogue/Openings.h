@@ -130,6 +130,11 @@ Opening OutLayerEditor() {
 
 Opening OutTables();
 Opening OutLayerHub();
+// The editors of the export's lines, behind a hub that is not shown.
+Opening ExportLineTypes();
+Opening ExportPatterns();
+Opening ExportLineWidths();
+
 Opening LayerHub();
 Opening ImportParameters();
 Opening ImportAttributes();

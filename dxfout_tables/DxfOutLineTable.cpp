@@ -233,20 +233,28 @@ void SetDefaults(DxfOutLineTable& table) {
     }
 }
 
-void FindFontPatterns(DxfOutLineTable& table) {
+}  // namespace
+
+void FindDxfOutFontPatterns(DxfOutLineTable& table) {
+    std::fill(std::begin(table.fontPattern), std::end(table.fontPattern), 0);
     for (std::int32_t font = 0; font < table.fontCount; ++font)
         for (std::int32_t i = 0; i < table.patternCount; ++i)
             if (SlotText(table.patterns[i].patternName) == SlotText(table.fontLineType[font]))
                 table.fontPattern[font] = i + 1;
 }
 
-}  // namespace
-
 void ParseDxfOutLineTable(std::string_view file, DxfOutLineTable& table, TableListing& listing, ListingSink& unknown) {
     SetDefaults(table);
     LineReader reader(table, listing, unknown);
     ReadRecords(file, kPiece, kKeywords, reader, listing);
-    FindFontPatterns(table);
+    FindDxfOutFontPatterns(table);
+}
+
+std::string DxfOutPitchText(const Pattern& pattern) {
+    std::string text;
+    for (std::int32_t i = 0; i < std::min(pattern.pitchCount, kDxfOutPitches); ++i)
+        AppendFormat(text, i ? ", %g" : " %g", {i % 2 ? -pattern.pitch[i] : pattern.pitch[i]});
+    return text;
 }
 
 std::string FormatDxfOutLineTable(const DxfOutLineTable& table, const TableHeader& header) {
@@ -263,11 +271,8 @@ std::string FormatDxfOutLineTable(const DxfOutLineTable& table, const TableHeade
     out.Add("/\n");
     const Pattern* const end = table.patterns + std::clamp(table.patternCount, 0, kDxfOutPatterns);
     for (const Pattern* pattern = table.patterns; pattern < end; ++pattern) {
-        if (pattern->pitchCount <= 0) continue;
-        out.Add("PITCH-%s = ", SlotText(pattern->patternName));
-        for (std::int32_t i = 0; i < std::min(pattern->pitchCount, kDxfOutPitches); ++i)
-            out.Add(i ? ", %g" : " %g", i % 2 ? -pattern->pitch[i] : pattern->pitch[i]);
-        out.Add("\n");
+        const std::string pitches = DxfOutPitchText(*pattern);
+        if (!pitches.empty()) out.Add("PITCH-%s = %s\n", SlotText(pattern->patternName), std::string_view(pitches));
     }
     out.Add("/\n");
     for (const Pattern* pattern = table.patterns; pattern < end; ++pattern)

@@ -2,6 +2,7 @@
 // and comments are code page 932.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -14,6 +15,12 @@ inline constexpr std::int32_t kDxfOutFileFonts = 15;  // fontCount of a table th
 inline constexpr std::int32_t kDxfOutWeights = 16;
 inline constexpr std::int32_t kDxfOutPatterns = 256;
 inline constexpr std::int32_t kDxfOutPitches = 20;  // of one pattern
+
+// What the file gives back as it was written, in bytes: a name that LINE-FONT1 records have too; a name with the
+// DxfOutPitchText of its pattern; a name with its comment. Blanks of a name and around a comment are lost.
+inline constexpr std::size_t kDxfOutLongestLineType = 66;
+inline constexpr std::size_t kDxfOutLongestPitches = 69;
+inline constexpr std::size_t kDxfOutLongestComment = 115;
 
 // 190 kilobytes: not on the stack.
 struct DxfOutLineTable {
@@ -41,5 +48,11 @@ struct DxfOutLineTable {
 // Sets the defaults and reads the bytes of the file over them. A file that is missing is an empty one. unknown takes
 // what the program is to write to its standard output about lines with an unknown keyword, which are no errors.
 void ParseDxfOutLineTable(std::string_view file, DxfOutLineTable& table, TableListing& listing, ListingSink& unknown);
+
+// The pitches as the file has them, dashes positive and gaps negative; "" when there are none.
+std::string DxfOutPitchText(const DxfOutLineTable::Pattern& pattern);
+
+// Sets fontPattern for fontCount fonts. Of several patterns of one name the last counts.
+void FindDxfOutFontPatterns(DxfOutLineTable& table);
 
 std::string FormatDxfOutLineTable(const DxfOutLineTable& table, const TableHeader& header);

@@ -195,6 +195,29 @@ TEST(ExportLines, Capacity) {
     EXPECT_EQ(Join(t->patterns[1].pitchCount, t->patterns[1].pitch[0], t->patterns[2].pitchCount), "20 3 20 ");
 }
 
+// Whether a pattern that is a line type as well is read as it was written.
+bool PatternComesBack(std::size_t name, std::size_t comment, double pitch) {
+    auto table = Read<Fonts>("LINE-FONT1 63 = A\n").table;
+    DxfOutLineTable::Pattern& pattern = table->patterns[0];
+    StoreText(pattern.patternName, std::string(name, 'n'));
+    StoreText(pattern.patternComment, std::string(comment, 'c'));
+    for (auto& type : table->fontLineType) StoreText(type, std::string(name, 'n'));
+    for (pattern.pitchCount = 0; pitch != 0 && pattern.pitchCount < 8;) pattern.pitch[pattern.pitchCount++] = pitch;
+    FindDxfOutFontPatterns(*table);
+    return ComesBack(*table);
+}
+
+TEST(ExportLines, LongestTextsAreTheLastThatComeBack) {
+    EXPECT_TRUE(PatternComesBack(kDxfOutLongestLineType, 1, 0));
+    EXPECT_FALSE(PatternComesBack(kDxfOutLongestLineType + 1, 1, 0));
+    EXPECT_TRUE(PatternComesBack(9, kDxfOutLongestComment - 9, 0));
+    EXPECT_FALSE(PatternComesBack(9, kDxfOutLongestComment - 8, 0));
+    const DxfOutLineTable::Pattern pattern{"", "", 8, {10, 10, 10, 10, 10, 10, 10, 10}};
+    const std::size_t left = kDxfOutLongestPitches - DxfOutPitchText(pattern).size();
+    EXPECT_TRUE(PatternComesBack(left, 1, 10));
+    EXPECT_FALSE(PatternComesBack(left + 1, 1, 10));
+}
+
 std::string Values(const Styles& table, int i) {
     const auto& s = table.styles[i];
     return s.styleName + ": "s + Join(s.f1, s.f2, s.f3, s.f4, s.f5, s.fontFile, s.bigFontFile, s.f8, s.f9);

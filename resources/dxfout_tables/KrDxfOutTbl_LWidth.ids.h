@@ -1,0 +1,2 @@
+// Line weights and their line widths.
+#define kDxfOutLineWidthGridDialog 4030
