@@ -93,5 +93,5 @@ class KrDxfIn final : public kiro::ui::HostDialog {
     kiro::ui::FileNameField file_;
     kiro::ui::MenuLabel fileLabel_;
     kiro::ui::HoverZones zones_;
-    std::unique_ptr<KrDxfInHelp> help_;
+    std::unique_ptr<kiro::ui::ExplanationPopup> help_;
 };

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "dxfin_tables/EditorTexts.h"
+#include "tablehub/EditorTexts.h"
 #include "entry/host/kirodxf.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Arrow.ids.h"
 #include "text/SlotText.h"

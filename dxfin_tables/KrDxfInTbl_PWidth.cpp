@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "dxfin_tables/EditorTexts.h"
+#include "tablehub/EditorTexts.h"
 #include "dxfin_tables/LineWeights.h"
 #include "resources/dxfin_tables/KrDxfInTbl_PWidth.ids.h"
 

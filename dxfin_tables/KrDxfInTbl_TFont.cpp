@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "dxfin_tables/EditorTexts.h"
+#include "tablehub/EditorTexts.h"
 #include "dxfin_tables/KrDxfInTbl_TFont2.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
 #include "text/SlotText.h"

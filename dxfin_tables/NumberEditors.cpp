@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "dxfin_tables/EditorTexts.h"
+#include "tablehub/EditorTexts.h"
 #include "dxfin_tables/KrDxfInTbl_CWidth.h"
 #include "dxfin_tables/KrDxfInTbl_Color.h"
 #include "dxfin_tables/KrDxfInTbl_LWidth.h"

@@ -1,4 +1,4 @@
-// What the editors of the import tables share.
+// What the editors of the conversion tables share.
 #pragma once
 
 #include <string>
