@@ -14,6 +14,7 @@
 #include "dxfin_tables/KrDxfInTbl_PWidth.h"
 #include "dxfin_tables/KrDxfInTbl_TFont.h"
 #include "dxfin_tables/KrDxfInTbl_TFont2.h"
+#include "dxfout_tables/KrDxfOutTbl_TFont2.h"
 #include "entry/CommandFrame.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
@@ -37,6 +38,9 @@
 #include "resources/dxfin_tables/KrDxfInTbl_PWidth.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
 #include "resources/dxfout/KrDxfOut.ids.h"
+#include "resources/dxfout/KrDxfOutAttr.ids.h"
+#include "resources/dxfout/KrDxfOutAttrHelp.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_TFont.ids.h"
 #include "resources/model/KrDxfLayerName.ids.h"
 #include "resources/model/KrDxfLineType.ids.h"
 #include "resources/model/KrDxfLineWidth.ids.h"
@@ -107,8 +111,13 @@ const CatalogueDialog kDialogs[] = {
     {"table-fonts", kDxfInTextFontDialog, Plain<KrDxfInTbl_TFont>, kHasGrid, L"DXFKIRO_STYLE"},
     {"table-fonts-help", kDxfInTextFontHelpDialog, Plain<KrDxfInTbl_TFont2>},
     {"table-arrows", kDxfInArrowDialog, Plain<KrDxfInTbl_Arrow>, kHasGrid, L"DXFKIRO_ARROW"},
-    // The other commands.
+    // The export.
     {"export", kDxfOutDialog, OverRecord<DxfOutputDlg>},
+    {"export-attributes", kDxfOutAttrDialog, ExportAttributes, kSlower},
+    // The tables of the export.
+    {"export-table-fonts", kDxfOutTextFontDialog, ExportTextFonts, kHasGrid, L"KIRODXF_STYLE"},
+    {"export-table-fonts-help", kDxfOutTextFontHelpDialog, Plain<KrDxfOutTbl_TFont2>},
+    // The other commands.
     {"pelion-input", kPlInDialog, OverRecord<PlInputDlg>},
     {"pelion-output", kPlOutDialog, OverRecord<PlOutputDlg>},
     {"varos-input", kVrInDialog, OverRecord<VrInputDlg>},
@@ -146,6 +155,11 @@ constexpr Explanation kExplanations[] = {
     {"attributes-help-color", "import-attributes", kColorHelpLabel, kColorConversionHelp},
     {"attributes-help-arrow", "import-attributes", kArrowHelpLabel, kArrowConversionHelp},
     {"attributes-help-text-width", "import-attributes", kTextWidthHelpLabel, kTextWidthConversionHelp},
+    {"export-attributes-help-layer", "export-attributes", kOutLayerHelpLabel, kOutLayerConversionHelp},
+    {"export-attributes-help-color", "export-attributes", kOutColorHelpLabel, kOutColorConversionHelp},
+    {"export-attributes-help-line", "export-attributes", kOutLineHelpLabel, kOutLineConversionHelp},
+    {"export-attributes-help-font", "export-attributes", kOutFontHelpLabel, kOutFontConversionHelp},
+    {"export-attributes-help-arrow", "export-attributes", kOutArrowHelpLabel, kOutArrowConversionHelp},
 };
 
 }  // namespace

@@ -53,6 +53,12 @@ std::shared_ptr<ImportData> DemoImport(bool dwg);
 Opening ImportCommand(bool dwg);
 Opening PasswordCommand();
 
+struct ExportData {
+    TARNAINFO info{};
+    DxfOutParamBlock params{};
+};
+std::shared_ptr<ExportData> DemoExport();
+
 // A command over a cleared argument of its own.
 template <class Argument, class Command>
 Opening Cleared(Command command) {
@@ -101,5 +107,7 @@ Opening EditorOf(const std::shared_ptr<Table>& table) {
 
 Opening LayerHub();
 Opening ImportAttributes();
+Opening ExportAttributes();
+Opening ExportTextFonts();
 
 }  // namespace kiro
