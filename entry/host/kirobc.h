@@ -111,8 +111,10 @@ KIROBC_API size_t HxUtilGetStationId(char* out, size_t size);
 // ---- Checks and databases. Each takes and fills the fields of the record that it names. ----
 
 KIROBC_API int SxfModelInit(int kind, int option);
-KIROBC_API int SxfModelCheck(int kind, bool report, int drawing,
-                             int picture);                  // not 0: errors, see "DXF_Interface.lis"
+// Checks the items that an export would write: those of a layout's pictures (drawing above 0), of a picture, or with
+// both 0 of the whole model. kind 3: an export to DXF or DWG. Not 0: some are faulty; report: "DXF_Interface.lis" in
+// the home folder, made anew, tells which.
+KIROBC_API int SxfModelCheck(int kind, bool report, int drawing, int picture);
 KIROBC_API int CheckGroupName(const char* name);            // 0 invalid, otherwise a value for CheckUserName
 KIROBC_API int CheckUserName(const char* name, int group);  // 0 invalid
 KIROBC_API int SavePlParameter(TARNAINFO* info);            // 0 when saved

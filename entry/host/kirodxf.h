@@ -59,10 +59,14 @@ KIRODXF_API int DxfInReadParam(DxfInParamBlock* params);  // the kept defaults; 
 KIRODXF_API void setdxfotparam(const DxfOutParamBlock* params);
 KIRODXF_API int DxfOutWriteParam(void);
 KIRODXF_API int DxfOutReadParam(DxfOutParamBlock* params);
+// The layer conversion table of the next import or export, internal form; copied. Null: the one before stays.
 KIRODXF_API void setdxfintblnam(const char* name);
 KIRODXF_API void setdxfottblnam(const char* name);
 KIRODXF_API void setdxfdrawscl(double scale);
-KIRODXF_API int DxfOutFloppy(bool floppy, const char* path, int drawing, int picture);  // 0, or a negative error code
+// Writes one file, of a layout (drawing above 0) or of a picture. 0, or a negative error code: KrUtility's
+// GetMessageText and DxfGetErrorMessage have a text for it.
+KIRODXF_API int DxfOutFloppy(bool floppy, const char* path, int drawing, int picture);
+KIRO_CONSTANT(kDxfOutNotBuilt, -83);    // this host has no writer of drawings
 KIRODXF_API int DxfIsModelCheck(void);  // not 0: the model is to be checked before an export
 KIRODXF_API void d161907cnsout(void);   // saves the host's settings
 

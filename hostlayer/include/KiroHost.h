@@ -18,10 +18,14 @@ KIROBC_API size_t KiroHostGetFolder(const char* key, wchar_t* out, size_t size);
 KIROGR_API void KiroHostSetMainWindow(KrWindow window);
 
 // kiromdl: the active model from a JSON file, such as
-//   {"modified": true, "baseScale": 1.0, "maxItemCount": 100000, "maxSplitCount": 10000,
-//    "pictures": [{"number": 1, "scale": 0.5}]}
-// Every member may be missing. Null: an empty, unmodified model. 0 on success; otherwise the model is as it was and
-// message (UTF-8, may be null) tells why.
+//   {"modified": true, "baseScale": 1.0, "maxItemCount": 100000, "maxSplitCount": 10000, "currentPicture": 1,
+//    "checkBeforeExport": true,
+//    "pictures": [{"number": 1, "scale": 0.5, "itemCount": 40, "faults": [{"item": 7, "text": "no length"}]}],
+//    "layouts": [{"number": 1, "name": "A", "windows": [1], "writerError": -8,
+//                 "frame": {"valid": true, "kind": 1, "name": "A3", "width": 420, "height": 297}}],
+//    "messages": [{"number": 8, "text": "disk full"}]}
+// Every member but "number" and "item" may be missing. Null: an empty, unmodified model. 0 on success; otherwise the
+// model is as it was and message (UTF-8, may be null) tells why.
 KIROMDL_API int KiroHostLoadModel(const wchar_t* file, char* message, size_t size);
 KIROMDL_API void KiroHostSetModified(bool modified);
 KIROMDL_API HxModel* KiroHostModel(void);

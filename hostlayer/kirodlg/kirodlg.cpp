@@ -1,3 +1,7 @@
-// The library exists so that programs which import it can be linked and loaded. Its choosers of pictures and drawing
-// layouts are not part of this host yet.
+// The host's choosers of pictures and drawing layouts. Their lists are not part of this host yet: every call is
+// cancelled.
 #include "entry/host/kirodlg.h"
+
+int PicLstDlg(int, int, KrWindow, const bool*) { return 0; }
+
+int DrwLstDlg(int, int, KrWindow, int*, int*) { return 0; }

@@ -15,6 +15,7 @@
 #include "KrUsedFiles.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirocontrol.h"
+#include "hostlayer/kiromdl/ModelFacts.h"
 
 namespace {
 
@@ -321,7 +322,8 @@ void KrUtilityImpl::DelFilePath(KrStringList* list, const char* name, KrWindow c
 // ---- Host texts ----
 
 int KrUtilityImpl::GetMessageText(int number, char* out, int size) {
-    const char* text = HostMessage(number);
+    const char* ofModel = KiroModelMessageText(number);
+    const char* text = ofModel ? ofModel : HostMessage(number);
     CopyText(Text(text), out, Room(size));
     return text != nullptr;
 }

@@ -1,21 +1,21 @@
-// The exported functions for the parameters of an import. The defaults are kept in HOME\settings\dxfin_params.
+// The exported functions for the parameters of imports and exports. The defaults are kept in files of HOME\settings.
 #include <windows.h>
 
+#include <cstring>
 #include <optional>
 #include <string>
+#include <type_traits>
 
 #include "entry/host/kirodxf.h"
 #include "hostlayer/include/KiroHost.h"
 #include "hostlayer/kirobc/Guarded.h"
 #include "hostlayer/kirodlglib/KrFileHandle.h"
-#include "hostlayer/kirodxf/DxfInDefaults.h"
+#include "hostlayer/kirodxf/ParamDefaults.h"
 
 namespace {
 
 constexpr int kSuccess = 0;
 constexpr int kFailure = -1;
-
-std::optional<DxfInParamBlock> importParams;  // those of the next import
 
 // "" when there is no home folder.
 std::wstring SettingsFolder() {
@@ -25,8 +25,6 @@ std::wstring SettingsFolder() {
     return folder + (folder.ends_with(L'\\') ? L"settings" : L"\\settings");
 }
 
-std::wstring DefaultsFile(const std::wstring& folder) { return folder + L"\\dxfin_params"; }
-
 bool WriteWhole(const std::wstring& path, const std::string& bytes) {
     const FileHandle file = OpenFileHandle(path, GENERIC_WRITE, 0, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL);
     DWORD written = 0;
@@ -34,40 +32,70 @@ bool WriteWhole(const std::wstring& path, const std::string& bytes) {
            written == bytes.size() && FlushFileBuffers(file.get());
 }
 
-bool KeepDefaults(const DxfInParamBlock& params) {
-    const std::wstring folder = SettingsFolder();
-    if (folder.empty()) return false;
-    CreateDirectoryW(folder.c_str(), nullptr);
-    const std::wstring path = DefaultsFile(folder);
-    const std::wstring fresh = path + L".new";
-    if (WriteWhole(fresh, FormatDxfInDefaults(params)) &&
-        MoveFileExW(fresh.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-        return true;
-    DeleteFileW(fresh.c_str());
-    return false;
-}
+// The parameters of the next conversion in one direction, and the file of their defaults.
+template <class Block>
+class KeptParams {
+    static_assert(std::is_trivially_copyable_v<Block>);
 
-bool ReadDefaults(DxfInParamBlock& params) {
-    const std::wstring folder = SettingsFolder();
-    if (folder.empty()) return false;
-    const FileHandle file =
-        OpenFileHandle(DefaultsFile(folder), GENERIC_READ, kShareAll, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
-    char bytes[kDxfInDefaultsSize + 1];  // one more shows a file that is too long
-    DWORD read = 0;
-    return file && ReadFile(file.get(), bytes, sizeof bytes, &read, nullptr) &&
-           ParseDxfInDefaults({bytes, read}, params);
-}
+  public:
+    constexpr KeptParams(const wchar_t* name, const char (&mark)[kParamMarkLength + 1]) : name_(name), mark_(mark) {}
+
+    void Set(const Block* params) {
+        if (params) params_ = *params;
+    }
+    int Write() const {
+        return kirobc::Guarded(kFailure, [this] { return params_ && Keep() ? kSuccess : kFailure; });
+    }
+    int Read(Block* params) const {
+        return kirobc::Guarded(kFailure, [=, this] { return params && ReadKept(*params) ? kSuccess : kFailure; });
+    }
+
+  private:
+    bool Keep() const {
+        const std::wstring folder = SettingsFolder();
+        if (folder.empty()) return false;
+        CreateDirectoryW(folder.c_str(), nullptr);
+        const std::wstring path = folder + L'\\' + name_;
+        const std::wstring fresh = path + L".new";
+        const std::string_view block(reinterpret_cast<const char*>(&*params_), sizeof *params_);
+        if (WriteWhole(fresh, FormatParamDefaults(mark_, block)) &&
+            MoveFileExW(fresh.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+            return true;
+        DeleteFileW(fresh.c_str());
+        return false;
+    }
+    bool ReadKept(Block& params) const {
+        const std::wstring folder = SettingsFolder();
+        if (folder.empty()) return false;
+        const FileHandle file =
+            OpenFileHandle(folder + L'\\' + name_, GENERIC_READ, kShareAll, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
+        char bytes[kParamFrameSize + sizeof(Block) + 1];  // one more shows a file that is too long
+        DWORD read = 0;
+        if (!file || !ReadFile(file.get(), bytes, sizeof bytes, &read, nullptr)) return false;
+        const std::string_view block = ParseParamDefaults(mark_, {bytes, read}, sizeof params);
+        if (block.empty()) return false;
+        std::memcpy(&params, block.data(), sizeof params);
+        return true;
+    }
+
+    const wchar_t* name_;
+    std::string_view mark_;
+    std::optional<Block> params_;
+};
+
+KeptParams<DxfInParamBlock> importParams(L"dxfin_params", "KIRODXFIN  1");
+KeptParams<DxfOutParamBlock> exportParams(L"dxfout_params", "KIRODXFOUT 1");
 
 }  // namespace
 
-void setdxfinparam(const DxfInParamBlock* params) {
-    if (params) importParams = *params;
-}
+void setdxfinparam(const DxfInParamBlock* params) { importParams.Set(params); }
 
-int DxfInWriteParam() {
-    return kirobc::Guarded(kFailure, [] { return importParams && KeepDefaults(*importParams) ? kSuccess : kFailure; });
-}
+int DxfInWriteParam() { return importParams.Write(); }
 
-int DxfInReadParam(DxfInParamBlock* params) {
-    return kirobc::Guarded(kFailure, [=] { return params && ReadDefaults(*params) ? kSuccess : kFailure; });
-}
+int DxfInReadParam(DxfInParamBlock* params) { return importParams.Read(params); }
+
+void setdxfotparam(const DxfOutParamBlock* params) { exportParams.Set(params); }
+
+int DxfOutWriteParam() { return exportParams.Write(); }
+
+int DxfOutReadParam(DxfOutParamBlock* params) { return exportParams.Read(params); }

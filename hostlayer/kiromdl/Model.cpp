@@ -1,9 +1,19 @@
 #include "Model.h"
 
-double Model::PictureScale(int number) const {
-    if (number < 1 || number > kPictures) return 1.0;
-    return pictureScales[static_cast<std::size_t>(number - 1)].value_or(1.0);
+namespace {
+
+template <class Things>
+auto* At(const Things& things, int number) {
+    const bool known = number >= 1 && static_cast<std::size_t>(number) <= things.size();
+    const auto index = static_cast<std::size_t>(number) - 1;
+    return known && things[index] ? &*things[index] : nullptr;
 }
+
+}  // namespace
+
+const Picture* Model::PictureAt(int number) const { return At(pictures, number); }
+
+const Layout* Model::LayoutAt(int number) const { return At(layouts, number); }
 
 Model& ActiveModel() {
     static Model model;

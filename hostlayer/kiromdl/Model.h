@@ -2,18 +2,54 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <optional>
+#include <string>
+#include <vector>
 
 constexpr int kPictures = 256;  // numbered from 1
+constexpr int kLayouts = 256;   // the same
+
+struct Fault {
+    int item = 0;
+    std::string text;  // Shift-JIS
+};
+
+struct Picture {
+    double scale = 1.0;
+    int itemCount = 0;
+    int writerError = 0;  // what the writer answers; 0: it takes the picture
+    std::vector<Fault> faults;
+};
+
+struct Frame {
+    bool valid = true;
+    int kind = 0;
+    std::string name;  // any bytes but NUL, as those of a layout
+    double width = 0.0;
+    double height = 0.0;
+};
+
+struct Layout {
+    std::string name;          // EUC, if the model is in order
+    std::vector<int> windows;  // the pictures that they show, also numbers that no picture has
+    std::optional<Frame> frame;
+    int writerError = 0;
+};
 
 struct Model {
     bool modified = false;
+    bool checkBeforeExport = false;
     double baseScale = 1.0;
     int maxItemCount = 100000;
     int maxSplitCount = 10000;
-    std::array<std::optional<double>, kPictures> pictureScales;  // none: the picture is not used
+    int currentPicture = 1;
+    std::array<std::optional<Picture>, kPictures> pictures;  // none: the picture is not used
+    std::array<std::optional<Layout>, kLayouts> layouts;
+    std::map<int, std::string> messages;  // the host's, Shift-JIS, by number
 
-    double PictureScale(int number) const;  // 1.0 where there is no such picture
+    const Picture* PictureAt(int number) const;  // null: it is not used
+    const Layout* LayoutAt(int number) const;    // null: none
 };
 
 Model& ActiveModel();

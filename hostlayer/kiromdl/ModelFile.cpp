@@ -7,42 +7,67 @@
 #include <limits>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <set>
+#include <string_view>
+
+#include "ModelText.h"
 
 namespace {
 
 using nlohmann::json;
 
-constexpr std::size_t kMaxFileSize = 1 << 20;  // far beyond what 256 pictures need
+constexpr std::size_t kMaxFileSize = 1 << 20;  // far beyond what 256 pictures and layouts need
 
 [[noreturn]] void Fail(const std::string& where, const std::string& what) { throw ModelFileError(where + ": " + what); }
 
 // ---- Values ----
 
-bool Boolean(const json& value, const std::string& where) {
+constexpr int kMaxWhole = std::numeric_limits<std::int32_t>::max();
+constexpr int kMinWhole = std::numeric_limits<std::int32_t>::min();
+
+struct Range {
+    int min;
+    int max;
+};
+
+void Read(const json& value, const std::string& where, bool& out) {
     if (!value.is_boolean()) Fail(where, "true or false is expected");
-    return value.get<bool>();
+    out = value.get<bool>();
 }
 
 // What is too large for a double is no JSON, so that every number here is finite.
-double Scale(const json& value, const std::string& where) {
+void Read(const json& value, const std::string& where, double& out) {
+    if (!value.is_number()) Fail(where, "a number is expected");
+    out = value.get<double>();
+}
+
+void ReadScale(const json& value, const std::string& where, double& out) {
     const double scale = value.is_number() ? value.get<double>() : 0.0;
     if (scale <= 0.0) Fail(where, "a number above 0 is expected");
-    return scale;
+    out = scale;
 }
 
-int Whole(const json& value, const std::string& where, int max) {
-    // What is beyond the signed range comes out negative.
-    const std::int64_t number = value.is_number_integer() ? value.get<std::int64_t>() : 0;
-    if (number < 1 || number > max) Fail(where, "a whole number from 1 to " + std::to_string(max) + " is expected");
-    return static_cast<int>(number);
+void Read(const json& value, const std::string& where, Range range, int& out) {
+    const bool tooLarge = value.is_number_unsigned() && value.get<std::uint64_t>() > kMaxWhole;
+    const std::int64_t number = value.is_number_integer() && !tooLarge ? value.get<std::int64_t>() : INT64_MIN;
+    if (number < range.min || number > range.max)
+        Fail(where,
+             "a whole number from " + std::to_string(range.min) + " to " + std::to_string(range.max) + " is expected");
+    out = static_cast<int>(number);
 }
 
-// ---- Objects ----
+using Decode = std::optional<std::string> (*)(std::string_view utf8);
 
-const json& Object(const json& value, const std::string& where) {
-    if (!value.is_object()) Fail(where, "an object {...} is expected");
-    return value;
+void Read(const json& value, const std::string& where, Decode decode, std::string& out) {
+    if (!value.is_string()) Fail(where, "a text is expected");
+    const auto& utf8 = value.get_ref<const std::string&>();
+    if (utf8.find('\0') != std::string::npos) Fail(where, "the text has a NUL");
+    const auto text = decode(utf8);
+    if (!text) Fail(where, "code page 932 has not all of its characters");
+    out = *text;
 }
+
+// ---- Objects and lists ----
 
 // A misspelt member would otherwise pass for a missing one. The name may hold anything, so only its form is told.
 [[noreturn]] void FailUnknown(const std::string& where, const std::string& name) {
@@ -51,47 +76,221 @@ const json& Object(const json& value, const std::string& where) {
     Fail(where, printable ? "unknown member \"" + name + "\"" : std::string("unknown member"));
 }
 
+// read(name, member, where): false for a name that is not known.
+template <class ReadMember>
+void ForEachMember(const json& value, const std::string& where, ReadMember read) {
+    if (!value.is_object()) Fail(where.empty() ? "model" : where, "an object {...} is expected");
+    for (const auto& [name, member] : value.items())
+        if (!read(std::string_view(name), member, where.empty() ? name : where + "." + name))
+            FailUnknown(where.empty() ? "model" : where, name);
+}
+
+template <class ReadElement>
+void ForEachElement(const json& value, const std::string& where, ReadElement read) {
+    if (!value.is_array()) Fail(where, "a list [...] is expected");
+    for (std::size_t i = 0; i < value.size(); ++i) read(value[i], where + "[" + std::to_string(i) + "]");
+}
+
+// What has a number of its own.
+template <class Thing>
+void Number(std::array<std::optional<Thing>, 256>& things, int number, Thing thing, const std::string& where,
+            const char* what) {
+    if (!number) Fail(where, "\"number\" is missing");
+    auto& slot = things[static_cast<std::size_t>(number - 1)];
+    if (slot) Fail(where, what + std::to_string(number) + " is given twice");
+    slot = std::move(thing);
+}
+
+// ---- Names: a text, or its bytes ----
+
+int HexDigit(char c) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    return static_cast<int>(kDigits.find(c >= 'a' && c <= 'f' ? static_cast<char>(c - 'a' + 'A') : c));
+}
+
+std::string Bytes(const json& value, const std::string& where) {
+    const std::string text = value.is_string() ? value.get<std::string>() : std::string("?");
+    std::string bytes;
+    for (std::size_t i = 0; i < text.size(); i += 2) {
+        const int high = HexDigit(text[i]);
+        const int low = i + 1 < text.size() ? HexDigit(text[i + 1]) : -1;
+        if (high < 0 || low < 0 || high + low == 0)
+            Fail(where, "pairs of hexadecimal digits without 00 are expected, such as \"B0A1\"");
+        bytes += static_cast<char>(16 * high + low);
+    }
+    return bytes;
+}
+
+void ReadName(const json& value, const std::string& where, std::size_t limit, std::string& out) {
+    if (value.is_object()) {
+        ForEachMember(value, where, [&](std::string_view name, const json& member, const std::string& at) {
+            if (name != "hex") return false;
+            out = Bytes(member, at);
+            return true;
+        });
+    } else {
+        Read(value, where, EucFromUtf8, out);
+    }
+    if (out.size() > limit)
+        Fail(where, std::to_string(out.size()) + " bytes in EUC, at most " + std::to_string(limit) + " are expected");
+}
+
+// ---- The model's parts ----
+
+constexpr Range kItems = {0, kMaxWhole};
+constexpr Range kErrorCodes = {kMinWhole, -1};
+
+Fault ReadFault(const json& value, const std::string& where) {
+    Fault fault;
+    ForEachMember(value, where, [&](std::string_view name, const json& member, const std::string& at) {
+        if (name == "item")
+            Read(member, at, {1, kMaxWhole}, fault.item);
+        else if (name == "text")
+            Read(member, at, SjisFromUtf8, fault.text);
+        else
+            return false;
+        return true;
+    });
+    if (!fault.item) Fail(where, "\"item\" is missing");
+    return fault;
+}
+
 void ReadPicture(const json& value, const std::string& where, Model& model) {
     int number = 0;
-    double scale = 1.0;
-    for (const auto& [name, member] : Object(value, where).items()) {
-        if (name == "number") {
-            number = Whole(member, where + ".number", kPictures);
-        } else if (name == "scale") {
-            scale = Scale(member, where + ".scale");
-        } else {
-            FailUnknown(where, name);
-        }
-    }
-    if (!number) Fail(where, "\"number\" is missing");
-    std::optional<double>& slot = model.pictureScales[static_cast<std::size_t>(number - 1)];
-    if (slot) Fail(where, "picture " + std::to_string(number) + " is given twice");
-    slot = scale;
+    Picture picture;
+    ForEachMember(value, where, [&](std::string_view name, const json& member, const std::string& at) {
+        if (name == "number")
+            Read(member, at, {1, kPictures}, number);
+        else if (name == "scale")
+            ReadScale(member, at, picture.scale);
+        else if (name == "itemCount")
+            Read(member, at, kItems, picture.itemCount);
+        else if (name == "writerError")
+            Read(member, at, kErrorCodes, picture.writerError);
+        else if (name == "faults")
+            ForEachElement(member, at, [&](const json& fault, const std::string& faultAt) {
+                picture.faults.push_back(ReadFault(fault, faultAt));
+            });
+        else
+            return false;
+        return true;
+    });
+    for (const Fault& fault : picture.faults)
+        if (fault.item > picture.itemCount)
+            Fail(where + ".faults",
+                 "item " + std::to_string(fault.item) + " of " + std::to_string(picture.itemCount) + " items");
+    Number(model.pictures, number, std::move(picture), where, "picture ");
 }
 
-void ReadPictures(const json& value, Model& model) {
-    if (!value.is_array()) Fail("pictures", "a list [...] is expected");
-    for (std::size_t i = 0; i < value.size(); ++i) ReadPicture(value[i], "pictures[" + std::to_string(i) + "]", model);
+Frame ReadFrame(const json& value, const std::string& where) {
+    constexpr std::size_t kNameLimit = 256;  // what HxDloFrame has room for
+    Frame frame;
+    ForEachMember(value, where, [&](std::string_view name, const json& member, const std::string& at) {
+        if (name == "valid")
+            Read(member, at, frame.valid);
+        else if (name == "kind")
+            Read(member, at, {kMinWhole, kMaxWhole}, frame.kind);
+        else if (name == "name")
+            ReadName(member, at, kNameLimit, frame.name);
+        else if (name == "width")
+            Read(member, at, frame.width);
+        else if (name == "height")
+            Read(member, at, frame.height);
+        else
+            return false;
+        return true;
+    });
+    return frame;
 }
+
+void ReadLayout(const json& value, const std::string& where, Model& model) {
+    constexpr Range kWindowPictures = {INT16_MIN, INT16_MAX};  // all that a window can name
+    int number = 0;
+    Layout layout;
+    ForEachMember(value, where, [&](std::string_view name, const json& member, const std::string& at) {
+        if (name == "number")
+            Read(member, at, {1, kLayouts}, number);
+        else if (name == "name")
+            ReadName(member, at, kMaxFileSize, layout.name);
+        else if (name == "windows")
+            ForEachElement(member, at, [&](const json& window, const std::string& windowAt) {
+                Read(window, windowAt, kWindowPictures, layout.windows.emplace_back());
+            });
+        else if (name == "frame")
+            layout.frame = ReadFrame(member, at);
+        else if (name == "writerError")
+            Read(member, at, kErrorCodes, layout.writerError);
+        else
+            return false;
+        return true;
+    });
+    Number(model.layouts, number, std::move(layout), where, "layout ");
+}
+
+void ReadMessage(const json& value, const std::string& where, Model& model) {
+    int number = 0;
+    std::string text;
+    ForEachMember(value, where, [&](std::string_view name, const json& member, const std::string& at) {
+        if (name == "number")
+            Read(member, at, {1, kMaxWhole}, number);
+        else if (name == "text")
+            Read(member, at, SjisFromUtf8, text);
+        else
+            return false;
+        return true;
+    });
+    if (!number) Fail(where, "\"number\" is missing");
+    if (!model.messages.emplace(number, text).second)
+        Fail(where, "message " + std::to_string(number) + " is given twice");
+}
+
+using ReadPart = void (*)(const json& value, const std::string& where, Model& model);
+
+constexpr struct {
+    std::string_view name;
+    ReadPart read;
+} kParts[] = {
+    {"modified", [](const json& value, const std::string& where, Model& model) { Read(value, where, model.modified); }},
+    {"baseScale",
+     [](const json& value, const std::string& where, Model& model) { ReadScale(value, where, model.baseScale); }},
+    {"maxItemCount",
+     [](const json& value, const std::string& where, Model& model) {
+         Read(value, where, {1, kMaxWhole}, model.maxItemCount);
+     }},
+    {"maxSplitCount",
+     [](const json& value, const std::string& where, Model& model) {
+         Read(value, where, {1, kMaxWhole}, model.maxSplitCount);
+     }},
+    {"currentPicture",
+     [](const json& value, const std::string& where, Model& model) {
+         Read(value, where, {0, 1023}, model.currentPicture);  // ten bits
+     }},
+    {"checkBeforeExport",
+     [](const json& value, const std::string& where, Model& model) { Read(value, where, model.checkBeforeExport); }},
+    {"pictures",
+     [](const json& value, const std::string& where, Model& model) {
+         ForEachElement(value, where,
+                        [&](const json& picture, const std::string& at) { ReadPicture(picture, at, model); });
+     }},
+    {"layouts",
+     [](const json& value, const std::string& where, Model& model) {
+         ForEachElement(value, where,
+                        [&](const json& layout, const std::string& at) { ReadLayout(layout, at, model); });
+     }},
+    {"messages",
+     [](const json& value, const std::string& where, Model& model) {
+         ForEachElement(value, where,
+                        [&](const json& message, const std::string& at) { ReadMessage(message, at, model); });
+     }},
+};
 
 Model ReadModel(const json& value) {
-    constexpr int kMaxCount = std::numeric_limits<std::int32_t>::max();
     Model model;
-    for (const auto& [name, member] : Object(value, "model").items()) {
-        if (name == "modified") {
-            model.modified = Boolean(member, name);
-        } else if (name == "baseScale") {
-            model.baseScale = Scale(member, name);
-        } else if (name == "maxItemCount") {
-            model.maxItemCount = Whole(member, name, kMaxCount);
-        } else if (name == "maxSplitCount") {
-            model.maxSplitCount = Whole(member, name, kMaxCount);
-        } else if (name == "pictures") {
-            ReadPictures(member, model);
-        } else {
-            FailUnknown("model", name);
-        }
-    }
+    ForEachMember(value, "", [&](std::string_view name, const json& member, const std::string& where) {
+        for (const auto& part : kParts)
+            if (part.name == name) return part.read(member, where, model), true;
+        return false;
+    });
     return model;
 }
 

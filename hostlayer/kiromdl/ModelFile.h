@@ -1,9 +1,8 @@
-// Reads a model from a JSON file.
+// A model as JSON: read from a file, and printed.
 #pragma once
 
 #include <stdexcept>
 #include <string>
-#include <string_view>
 
 #include "Model.h"
 

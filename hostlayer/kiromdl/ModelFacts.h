@@ -1,0 +1,18 @@
+// What the other libraries of this host ask of the model beyond what commands may ask (see entry/host/kiromdl.h).
+#pragma once
+
+#include "entry/host/kiromdl.h"
+
+KIROMDL_API int KiroModelIsChecked();  // not 0: the model is to be checked before an export
+
+struct KiroModelFault {
+    int item;
+    const char* text;  // Shift-JIS; lives as long as the model
+};
+KIROMDL_API int KiroModelGetFault(int picture, int index, KiroModelFault* fault);  // 0: there are no more
+
+// What the writer answers to a layout (above 0) or else to a picture; 0: it takes it.
+KIROMDL_API int KiroModelWriterError(int layout, int picture);
+
+// The model's own wording of a host message, Shift-JIS; null when it has none.
+KIROMDL_API const char* KiroModelMessageText(int number);
