@@ -19,6 +19,7 @@
 #include "dxfout_tables/KrDxfOutTbl_Color.h"
 #include "dxfout_tables/KrDxfOutTbl_PLayer.h"
 #include "dxfout_tables/KrDxfOutTbl_Line.h"
+#include "dxfout_tables/KrDxfOutTbl_TFont2.h"
 #include "entry/CommandFrame.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
@@ -52,6 +53,9 @@
 #include "resources/dxfout_tables/KrDxfOutTbl_LStyle2.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_LWidth.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_Line.ids.h"
+#include "resources/dxfout/KrDxfOutAttr.ids.h"
+#include "resources/dxfout/KrDxfOutAttrHelp.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_TFont.ids.h"
 #include "resources/model/KrDxfLayerName.ids.h"
 #include "resources/model/KrDxfLineType.ids.h"
 #include "resources/model/KrDxfLineWidth.ids.h"
@@ -122,6 +126,9 @@ const CatalogueDialog kDialogs[] = {
     {"table-fonts", kDxfInTextFontDialog, Plain<KrDxfInTbl_TFont>, kHasGrid, L"DXFKIRO_STYLE"},
     {"table-fonts-help", kDxfInTextFontHelpDialog, Plain<KrDxfInTbl_TFont2>},
     {"table-arrows", kDxfInArrowDialog, Plain<KrDxfInTbl_Arrow>, kHasGrid, L"DXFKIRO_ARROW"},
+    // The export.
+    {"export", kDxfOutDialog, OverRecord<DxfOutputDlg>},
+    {"export-attributes", kDxfOutAttrDialog, ExportAttributes, kSlower},
     // The tables of the export.
     {"export-table-launcher", kOutTableDialog, OutTables},
     {"export-table-layer", kOutLayerTableDialog, OutLayerHub, kSlower},
@@ -135,8 +142,9 @@ const CatalogueDialog kDialogs[] = {
     {"export-table-line-types", kDxfOutLineTypeGridDialog, ExportLineTypes, kHasGrid},
     {"export-table-patterns", kDxfOutPatternGridDialog, ExportPatterns, kHasGrid},
     {"export-table-line-widths", kDxfOutLineWidthGridDialog, ExportLineWidths, kHasGrid},
+    {"export-table-fonts", kDxfOutTextFontDialog, ExportTextFonts, kHasGrid, L"KIRODXF_STYLE"},
+    {"export-table-fonts-help", kDxfOutTextFontHelpDialog, Plain<KrDxfOutTbl_TFont2>},
     // The other commands.
-    {"export", kDxfOutDialog, OverRecord<DxfOutputDlg>},
     {"pelion-input", kPlInDialog, OverRecord<PlInputDlg>},
     {"pelion-output", kPlOutDialog, OverRecord<PlOutputDlg>},
     {"varos-input", kVrInDialog, OverRecord<VrInputDlg>},
@@ -174,6 +182,11 @@ constexpr Explanation kExplanations[] = {
     {"attributes-help-color", "import-attributes", kColorHelpLabel, kColorConversionHelp},
     {"attributes-help-arrow", "import-attributes", kArrowHelpLabel, kArrowConversionHelp},
     {"attributes-help-text-width", "import-attributes", kTextWidthHelpLabel, kTextWidthConversionHelp},
+    {"export-attributes-help-layer", "export-attributes", kOutLayerHelpLabel, kOutLayerConversionHelp},
+    {"export-attributes-help-color", "export-attributes", kOutColorHelpLabel, kOutColorConversionHelp},
+    {"export-attributes-help-line", "export-attributes", kOutLineHelpLabel, kOutLineConversionHelp},
+    {"export-attributes-help-font", "export-attributes", kOutFontHelpLabel, kOutFontConversionHelp},
+    {"export-attributes-help-arrow", "export-attributes", kOutArrowHelpLabel, kOutArrowConversionHelp},
 };
 
 }  // namespace

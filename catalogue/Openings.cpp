@@ -11,6 +11,8 @@
 #include "dxfout_tables/KrDxfOutTbl_LStyle2.h"
 #include "dxfout_tables/KrDxfOutTbl_LWidth.h"
 #include "dxfout_tables/KrDxfOutTbl_Line.h"
+#include "dxfout/KrDxfOutAttr.h"
+#include "dxfout_tables/KrDxfOutTbl_TFont.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
@@ -119,6 +121,21 @@ Opening ImportAttributes() {
     return {[data] { return RunDialog([&] { return KrDxfInAttr(data->params); }); }, {BytesOf(*data)}};
 }
 
+// Of R14, with tables for layers and text fonts.
+std::shared_ptr<ExportData> DemoExport() {
+    auto data = std::make_shared<ExportData>();
+    data->info.output.exportParams = &data->params;
+    data->params.outputVersion = 2;
+    data->params.layerConversion = 1;
+    data->params.fontConversion = 1;
+    return data;
+}
+
+Opening ExportAttributes() {
+    const auto data = DemoExport();
+    return {[data] { return RunDialog([&] { return KrDxfOutAttr(data->info, data->params); }); }, {BytesOf(*data)}};
+}
+
 // ---- Tables ----
 
 std::shared_ptr<DxfInLayerTable> DemoLayers(bool revisions) {
@@ -129,6 +146,11 @@ std::shared_ptr<DxfInLayerTable> DemoLayers(bool revisions) {
 
 std::shared_ptr<DxfInLineTable> DemoLines() {
     return Read(std::make_shared<DxfInLineTable>(), &KrDxfInTbl_IO::ReadLineTable);
+}
+
+Opening ExportTextFonts() {
+    const auto data = DemoExport();
+    return {[data] { return RunDialog([&] { return KrDxfOutTbl_TFont(&data->info); }); }, {BytesOf(*data)}};
 }
 
 Opening LayerHub() {

@@ -58,6 +58,12 @@ std::shared_ptr<ImportData> DemoImport(bool dwg);
 Opening ImportCommand(bool dwg);
 Opening PasswordCommand();
 
+struct ExportData {
+    TARNAINFO info{};
+    DxfOutParamBlock params{};
+};
+std::shared_ptr<ExportData> DemoExport();
+
 // A command over a cleared argument of its own.
 template <class Argument, class Command>
 Opening Cleared(Command command) {
@@ -138,5 +144,7 @@ Opening ExportLineWidths();
 Opening LayerHub();
 Opening ImportParameters();
 Opening ImportAttributes();
+Opening ExportAttributes();
+Opening ExportTextFonts();
 
 }  // namespace kiro

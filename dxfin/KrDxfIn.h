@@ -97,5 +97,5 @@ class KrDxfIn final : public kiro::ui::HostDialog {
     kiro::ui::MenuLabel fileLabel_;
     LayerTableField table_;
     kiro::ui::HoverZones zones_;
-    std::unique_ptr<KrDxfInHelp> help_;
+    std::unique_ptr<kiro::ui::ExplanationPopup> help_;
 };

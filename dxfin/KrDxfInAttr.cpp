@@ -17,10 +17,6 @@ constexpr char kCaption[] = "属性変換";
 constexpr int kAutomatic = 0;  // the first button of a group
 constexpr int kTextWidthByTable = 1;
 
-// The pages KrDxfInAttr1 to KrDxfInAttr6, in the order of the groups.
-constexpr int kPages[] = {kLayerConversionHelp, kLineTypeConversionHelp, kLineWidthConversionHelp,
-                          kColorConversionHelp, kArrowConversionHelp,    kTextWidthConversionHelp};
-
 std::vector<std::int32_t> LineWeights() {
     std::vector<std::int32_t> weights;
     for (int index = 0; const int weight = DxfGetLineWeight(index); ++index) weights.push_back(weight);
@@ -36,10 +32,14 @@ KrDxfInAttr::KrDxfInAttr(DxfInParamBlock& params)
       target_(*this, {kTargetClassRadio, kTargetRevisionRadio}),
       textWidth_(*this, {kTextWidthAutoRadio, kTextWidthTableRadio}),
       words_(*this),
-      zones_(*this,
-             {kLayerHelpLabel, kLineTypeHelpLabel, kLineWidthHelpLabel, kColorHelpLabel, kArrowHelpLabel,
-              kTextWidthHelpLabel},
-             [this](int zone) { HelpZoneChanged(zone); }) {
+      // Beside the labels: they cover none that the mouse may go to next. The pages KrDxfInAttr1 to KrDxfInAttr6.
+      explanations_(*this, kiro::ui::ExplanationPopup::Placement::kRightAtZoneLeft,
+                    {{kLayerHelpLabel, kLayerConversionHelp},
+                     {kLineTypeHelpLabel, kLineTypeConversionHelp},
+                     {kLineWidthHelpLabel, kLineWidthConversionHelp},
+                     {kColorHelpLabel, kColorConversionHelp},
+                     {kArrowHelpLabel, kArrowConversionHelp},
+                     {kTextWidthHelpLabel, kTextWidthConversionHelp}}) {
     using Block = DxfInParamBlock;
     const auto group = [this](std::initializer_list<int> ids) { return kiro::ui::RadioGroup(*this, ids); };
     words_.Radios(&Block::layerConversion, layer_, {0, 1, 2});
@@ -102,14 +102,6 @@ void KrDxfInAttr::TextWidthChosen() {
 
 void KrDxfInAttr::TextWidthFollows() {
     Item<kiro::ui::Button>(kTextWidthChangeButton).Enable(textWidth_.Selected() == kTextWidthByTable);
-}
-
-void KrDxfInAttr::HelpZoneChanged(int zone) {
-    help_.reset();
-    if (zone < 0) return;
-    // Beside the labels: it covers none that the mouse may go to next.
-    help_ = std::make_unique<KrDxfInHelp>(kPages[zone], KrDxfInHelp::Placement::kRightAtZoneLeft);
-    help_->Open(Handle(), zones_.Zone(zone));
 }
 
 void KrDxfInAttr::OnOk() {

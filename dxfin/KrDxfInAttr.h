@@ -2,13 +2,10 @@
 // are opened from here.
 #pragma once
 
-#include <memory>
-
-#include "dxfin/KrDxfInHelp.h"
 #include "dxfin_tables/KrDxfInTbl_Layer.h"
 #include "entry/host/ParamBlocks.h"
+#include "ui/Explanations.h"
 #include "ui/HostDialog.h"
-#include "ui/HoverZones.h"
 #include "ui/WordChoices.h"
 
 class KrDxfInAttr final : public kiro::ui::HostDialog {
@@ -26,13 +23,11 @@ class KrDxfInAttr final : public kiro::ui::HostDialog {
     void TextWidthFollows();
     bool LacksFontTable() const;  // for what is chosen
     void OpenTable(LayerTableUse use) { KrDxfInTbl_Layer::Choose(Utility(), Handle(), use); }
-    void HelpZoneChanged(int zone);
 
     DxfInParamBlock& params_;
     kiro::ui::RadioGroup layer_;
     kiro::ui::RadioGroup target_;
     kiro::ui::RadioGroup textWidth_;
     kiro::ui::WordChoices<DxfInParamBlock> words_;
-    kiro::ui::HoverZones zones_;
-    std::unique_ptr<KrDxfInHelp> help_;
+    kiro::ui::Explanations explanations_;
 };

@@ -11,7 +11,7 @@
 namespace {
 
 constexpr std::size_t kPiece = 127;
-constexpr std::size_t kBytes = 72;  // of values behind a keyword
+constexpr std::string_view kStyleKeyword = "STYLE";
 constexpr std::string_view kMissingFields = ",,,,,,,,,,";
 
 constexpr std::string_view kBadValue = " ***** 無効な値です (> 0.0) *****\n";  // deliberate: 0.0 passes
@@ -61,8 +61,8 @@ class StyleReader : public RecordReader<DxfOutStyleTable> {
 };
 
 constexpr Keyword<StyleReader> kKeywords[] = {
-    {"2TO1", &StyleReader::TwoToOne, 0, kBytes, ""},
-    {"STYLE", &StyleReader::StyleValues, 0, kBytes, kMissingFields},
+    {"2TO1", &StyleReader::TwoToOne, 0, kDxfOutLongestStyle, ""},
+    {kStyleKeyword, &StyleReader::StyleValues, 0, kDxfOutLongestStyle, kMissingFields},
 };
 
 Reading StyleReader::TwoToOne(FieldText& fields) {
@@ -144,6 +144,14 @@ void SetDefaults(DxfOutStyleTable& table, const VersionDefaults& defaults) {
     }
 }
 
+std::string Record(const Style& style) {
+    // Deliberately f4 and f5 are left out, and f2 when it is not 2.
+    return Formatted(
+        style.f2 == 2 ? "STYLE = %s, %g, 2, %g,,, %s, %s, %g, %g" : "STYLE = %s, %g,, %g,,, %s, %s, %g, %g",
+        SlotText(style.styleName), style.f1, style.f3, SlotText(style.fontFile), SlotText(style.bigFontFile), style.f8,
+        style.f9);
+}
+
 // Values that a style and its big font have in common.
 void MakeConsistent(Style& standard, Style& big) {
     standard.f3 = big.f3;
@@ -168,12 +176,12 @@ std::string FormatDxfOutStyleTable(const DxfOutStyleTable& table, const TableHea
     TableWriter out(header, kPiece);
     out.Add("/ Convert Text Font to Text Style\n/\n");
     for (const Style& style : table.styles) {
-        const std::string_view name = SlotText(style.styleName);
-        if (name.empty()) continue;
-        // Deliberately f4 and f5 are left out, and f2 when it is not 2.
-        out.Add(style.f2 == 2 ? "STYLE = %s, %g, 2, %g,,, %s, %s, %g, %g\n" : "STYLE = %s, %g,, %g,,, %s, %s, %g, %g\n",
-                name, style.f1, style.f3, SlotText(style.fontFile), SlotText(style.bigFontFile), style.f8, style.f9);
+        if (!SlotText(style.styleName).empty()) out.Add("%s\n", Record(style));
     }
     out.Add("/\n2TO1 = %s\n", std::string_view(table.twoToOne ? "ON" : "OFF"));
     return std::move(out).Finish();
 }
+
+std::size_t DxfOutStyleBytes(const Style& style) { return Record(style).size() - kStyleKeyword.size(); }
+
+std::string_view DxfOutStyleName(std::int32_t style) { return kKnown[style].name; }

@@ -38,7 +38,7 @@ void KrDxfOutTbl_IO::ReadLineTable(DxfOutLineTable* table) {
     Read(kLines, *table, output);
 }
 void KrDxfOutTbl_IO::ReadStyleTable(const TARNAINFO* info, DxfOutStyleTable* table) {
-    const DxfOutParamBlock* params = info->output.exportParams;
+    const DxfOutParamBlock* params = info ? info->output.exportParams : nullptr;
     Read(kStyles, *table, params ? params->outputVersion : 0);
 }
 void KrDxfOutTbl_IO::ReadArrowTable(DxfOutArrowTable* table) { Read(kArrows, *table, dxfotCheckArrow); }

@@ -26,7 +26,7 @@ class KrDxfOutTbl_IO final : private OwnedUtility, public TableIo {
     // The file is the one named in fileName; with noFileRead it is not opened.
     void ReadLayerTable(DxfOutLayerTable* table);
     void ReadLineTable(DxfOutLineTable* table);
-    // The defaults go by the output version in the record's export parameters; without parameters by GX-3's.
+    // The defaults go by the output version in the record's export parameters; without record or parameters by GX-3's.
     void ReadStyleTable(const TARNAINFO* info, DxfOutStyleTable* table);
     void ReadArrowTable(DxfOutArrowTable* table);  // without a file the table stays as it is
 

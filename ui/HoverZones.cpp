@@ -9,8 +9,8 @@ constexpr UINT kWatchMilliseconds = 50;  // how soon is noticed that the mouse h
 
 }  // namespace
 
-HoverZones::HoverZones(Dialog& dialog, std::initializer_list<int> staticIds, std::function<void(int)> changed)
-    : dialog_(dialog), staticIds_(staticIds), changed_(std::move(changed)) {
+HoverZones::HoverZones(Dialog& dialog, std::vector<int> staticIds, std::function<void(int)> changed)
+    : dialog_(dialog), staticIds_(std::move(staticIds)), changed_(std::move(changed)) {
     const auto follow = [this](WPARAM, LPARAM) -> std::optional<INT_PTR> {
         Follow();
         return std::nullopt;

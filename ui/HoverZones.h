@@ -2,7 +2,6 @@
 #pragma once
 
 #include <functional>
-#include <initializer_list>
 #include <vector>
 
 #include "ui/Dialog.h"
@@ -13,7 +12,7 @@ class HoverZones {
   public:
     // changed runs when the mouse moves onto a zone or off it: the index of the zone under the mouse, or -1. Bind it
     // before the dialog is shown.
-    HoverZones(Dialog& dialog, std::initializer_list<int> staticIds, std::function<void(int index)> changed);
+    HoverZones(Dialog& dialog, std::vector<int> staticIds, std::function<void(int index)> changed);
 
     RECT Zone(int index) const;  // in the dialog's client area
 

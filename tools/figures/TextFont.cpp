@@ -1,9 +1,11 @@
-// text_font_figure OUT.bmp: draws resources/dxfin_tables/KrDxfInTbl_TFont2.bmp, which explains the factors of a text
-// font: two sample characters for kanji and two for alphanumerics, with the distances that the factors stand for.
+// text_font_figure import|export OUT.bmp: draws KrDxfInTbl_TFont2.bmp in resources/dxfin_tables or
+// KrDxfOutTbl_TFont2.bmp in resources/dxfout_tables, which explain the factors of a text font: two sample characters
+// for kanji and two for alphanumerics, with the distances that the factors stand for.
 #include <windows.h>
 
 #include <array>
 #include <cstdio>
+#include <cwchar>
 
 namespace {
 
@@ -25,8 +27,12 @@ struct Panel {
     int pitch;  // from one character to the next
     int drawn;  // the width of a character itself
 };
-constexpr Panel kPanels[] = {{0, L"漢字", {L"漢", L"字"}, 76, 62}, {220, L"英数字", {L"A", L"B"}, 52, 38}};
 constexpr int kPanelWidth = 220;
+using Panels = std::array<Panel, 2>;
+constexpr Panels kImport = {{{0, L"漢字", {L"漢", L"字"}, 76, 62}, {kPanelWidth, L"英数字", {L"A", L"B"}, 52, 38}}};
+// The export has the factors of kanji and of alphanumerics in different styles.
+constexpr Panels kExport = {{{0, L"漢字（BIGFONT、TBIGFONT）", {L"漢", L"字"}, 76, 61},
+                             {kPanelWidth, L"英数字（STANDARD、TSTANDARD）", {L"A", L"B"}, 64, 48}}};
 constexpr int kFirst = 46;  // the first character, from the panel's left edge
 constexpr int kTop = 62;
 constexpr int kText = 64;  // the height of the characters
@@ -43,7 +49,8 @@ HFONT MakeFont(int height, int width) {
 
 class Figure {
   public:
-    Figure() : dc_(CreateCompatibleDC(nullptr)), small_(MakeFont(12, 0)), large_(MakeFont(kText - 4, 30)) {
+    explicit Figure(const Panels& panels)
+        : dc_(CreateCompatibleDC(nullptr)), small_(MakeFont(12, 0)), large_(MakeFont(kText - 4, 30)) {
         info_.header = {sizeof info_.header, kWidth, kHeight, 1, 4, BI_RGB, 0, 0, 0, kPalette.size(), kPalette.size()};
         for (std::size_t i = 0; i < kPalette.size(); ++i)
             info_.colors[i] = {GetBValue(kPalette[i]), GetGValue(kPalette[i]), GetRValue(kPalette[i]), 0};
@@ -51,7 +58,7 @@ class Figure {
         SelectObject(dc_, bitmap_);
         SetBkMode(dc_, TRANSPARENT);
         Fill({0, 0, kWidth, kHeight}, RGB(255, 255, 255));
-        for (const Panel& panel : kPanels) Draw(panel);
+        for (const Panel& panel : panels) Draw(panel);
         GdiFlush();
     }
     Figure(const Figure&) = delete;
@@ -136,11 +143,12 @@ class Figure {
 }  // namespace
 
 int wmain(int count, wchar_t** arguments) {
-    if (count != 2) {
-        std::fputs("usage: text_font_figure OUT.bmp\n", stderr);
+    const bool isExport = count == 3 && std::wcscmp(arguments[1], L"export") == 0;
+    if (count != 3 || (!isExport && std::wcscmp(arguments[1], L"import") != 0)) {
+        std::fputs("usage: text_font_figure import|export OUT.bmp\n", stderr);
         return 2;
     }
-    if (Figure().Save(arguments[1])) return 0;
+    if (Figure(isExport ? kExport : kImport).Save(arguments[2])) return 0;
     std::fputs("text_font_figure: the file cannot be written\n", stderr);
     return 1;
 }

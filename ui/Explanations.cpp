@@ -1,8 +1,10 @@
-#include "dxfin/KrDxfInHelp.h"
+#include "ui/Explanations.h"
 
 #include <cmath>
 #include <numbers>
+#include <utility>
 
+namespace kiro::ui {
 namespace {
 
 constexpr COLORREF kBackground = 0x00FFFFF0;  // red 0xF0, green and blue 0xFF
@@ -13,7 +15,7 @@ constexpr int kArcs = 4;
 
 }  // namespace
 
-KrDxfInHelp::KrDxfInHelp(int templateId, Placement placement)
+ExplanationPopup::ExplanationPopup(int templateId, Placement placement)
     : Dialog(templateId), placement_(placement), background_(CreateSolidBrush(kBackground)) {
     const auto paint = [this](WPARAM wParam, LPARAM) -> std::optional<INT_PTR> {
         const auto dc = reinterpret_cast<HDC>(wParam);
@@ -25,12 +27,12 @@ KrDxfInHelp::KrDxfInHelp(int templateId, Placement placement)
     BindMessage(WM_CTLCOLORSTATIC, paint);
 }
 
-KrDxfInHelp::~KrDxfInHelp() {
+ExplanationPopup::~ExplanationPopup() {
     Destroy();
     DeleteObject(background_);
 }
 
-void KrDxfInHelp::Open(HWND owner, const RECT& zone) {
+void ExplanationPopup::Open(HWND owner, const RECT& zone) {
     owner_ = owner;
     zone_ = zone;
     if (!Create(owner)) return;
@@ -38,12 +40,12 @@ void KrDxfInHelp::Open(HWND owner, const RECT& zone) {
     SetActiveWindow(owner);
 }
 
-void KrDxfInHelp::OnInit() {
+void ExplanationPopup::OnInit() {
     Place();
     Shape();
 }
 
-void KrDxfInHelp::Place() const {
+void ExplanationPopup::Place() const {
     RECT zone = zone_;
     MapWindowPoints(owner_, nullptr, reinterpret_cast<POINT*>(&zone), 2);
     RECT popup{};
@@ -56,7 +58,7 @@ void KrDxfInHelp::Place() const {
     SetWindowPos(Handle(), nullptr, left, zone.bottom + kDistance, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void KrDxfInHelp::Shape() const {
+void ExplanationPopup::Shape() const {
     RECT client{};
     GetClientRect(Handle(), &client);
     const POINT centres[kArcs] = {{client.right - kRadius, client.bottom - kRadius},
@@ -73,3 +75,24 @@ void KrDxfInHelp::Shape() const {
     // The system owns the region from here on.
     SetWindowRgn(Handle(), CreatePolygonRgn(outline, kArcs * kPointsPerArc, ALTERNATE), FALSE);
 }
+
+Explanations::Explanations(Dialog& dialog, ExplanationPopup::Placement placement, std::vector<Page> pages)
+    : dialog_(dialog),
+      placement_(placement),
+      pages_(std::move(pages)),
+      zones_(dialog, ZonesOf(pages_), [this](int zone) { ZoneChanged(zone); }) {}
+
+std::vector<int> Explanations::ZonesOf(const std::vector<Page>& pages) {
+    std::vector<int> zones;
+    for (const Page& page : pages) zones.push_back(page.zoneId);
+    return zones;
+}
+
+void Explanations::ZoneChanged(int zone) {
+    popup_.reset();
+    if (zone < 0) return;
+    popup_ = std::make_unique<ExplanationPopup>(pages_[static_cast<std::size_t>(zone)].templateId, placement_);
+    popup_->Open(dialog_.Handle(), zones_.Zone(zone));
+}
+
+}  // namespace kiro::ui

@@ -1,0 +1,3 @@
+// What the values of a text style mean.
+#define kDxfOutTextFontHelpDialog 4049
+#define kOutTextFontFigure 4049
