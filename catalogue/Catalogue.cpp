@@ -14,11 +14,13 @@
 #include "dxfin_tables/KrDxfInTbl_PWidth.h"
 #include "dxfin_tables/KrDxfInTbl_TFont.h"
 #include "dxfin_tables/KrDxfInTbl_TFont2.h"
+#include "dxfout/KrDxfOutAll.h"
+#include "dxfout/KrDxfOutFiles.h"
 #include "dxfout_tables/KrDxfOutTbl_Arrow.h"
 #include "dxfout_tables/KrDxfOutTbl_CLayer.h"
 #include "dxfout_tables/KrDxfOutTbl_Color.h"
-#include "dxfout_tables/KrDxfOutTbl_PLayer.h"
 #include "dxfout_tables/KrDxfOutTbl_Line.h"
+#include "dxfout_tables/KrDxfOutTbl_PLayer.h"
 #include "dxfout_tables/KrDxfOutTbl_TFont2.h"
 #include "entry/CommandFrame.h"
 #include "entry/host/kirobc.h"
@@ -43,18 +45,20 @@
 #include "resources/dxfin_tables/KrDxfInTbl_PWidth.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
 #include "resources/dxfout/KrDxfOut.ids.h"
+#include "resources/dxfout/KrDxfOutAll.ids.h"
+#include "resources/dxfout/KrDxfOutAttr.ids.h"
+#include "resources/dxfout/KrDxfOutAttrHelp.ids.h"
+#include "resources/dxfout/KrDxfOutFiles.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTable.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_Arrow.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_CLayer.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_Color.ids.h"
-#include "resources/dxfout_tables/KrDxfOutTbl_Layer.ids.h"
-#include "resources/dxfout_tables/KrDxfOutTbl_PLayer.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_LStyle.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_LStyle2.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_LWidth.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_Layer.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_Line.ids.h"
-#include "resources/dxfout/KrDxfOutAttr.ids.h"
-#include "resources/dxfout/KrDxfOutAttrHelp.ids.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_PLayer.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_TFont.ids.h"
 #include "resources/model/KrDxfLayerName.ids.h"
 #include "resources/model/KrDxfLineType.ids.h"
@@ -128,6 +132,9 @@ const CatalogueDialog kDialogs[] = {
     {"table-arrows", kDxfInArrowDialog, Plain<KrDxfInTbl_Arrow>, kHasGrid, L"DXFKIRO_ARROW"},
     // The export.
     {"export", kDxfOutDialog, OverRecord<DxfOutputDlg>},
+    {"export-batch", kDxfOutAllDialog, OverExport<KrDxfOutAll>},
+    {"export-pages", kDxfOutPageDialog, OverExport<KrDxfOutPage>, kHasGrid},
+    {"export-pictures", kDxfOutPictureDialog, OverExport<KrDxfOutPicture>, kHasGrid},
     {"export-attributes", kDxfOutAttrDialog, ExportAttributes, kSlower},
     // The tables of the export.
     {"export-table-launcher", kOutTableDialog, OutTables},

@@ -50,10 +50,6 @@ struct ImportData {
     TARNAINFO info{};
     DxfInParamBlock params{};
 };
-struct ExportData {
-    TARNAINFO info{};
-    DxfOutParamBlock params{};
-};
 std::shared_ptr<ImportData> DemoImport(bool dwg);
 Opening ImportCommand(bool dwg);
 Opening PasswordCommand();
@@ -116,6 +112,14 @@ INT_PTR RunGiven(Dialog&& dialog, Info... info) {
     const LibraryContext context;
     dialog.SetInfo(info...);
     return dialog.DoModal(Grgetwin(-1));
+}
+
+// A dialog of the export's batch, which writes its medium into the record at once.
+template <class Dialog>
+Opening OverExport() {
+    const auto data = DemoExport();
+    constexpr std::size_t behind = offsetof(TarnaExportView, mediaKind) + sizeof TarnaExportView::mediaKind;
+    return {[data] { return RunGiven(Dialog(), &data->info); }, {BytesOf(data->info).subspan(behind)}};
 }
 
 // A hub over the demonstration's table; layerControl: what its editor of classes and revisions shows.

@@ -44,7 +44,7 @@ KrDxfInParam::KrDxfInParam(const TarnaImportView& info, DxfInParamBlock& params)
     const auto pair = [this](std::int32_t Block::*word, int first, int second) {
         words_.Radios(word, kiro::ui::RadioGroup(*this, {first, second}), {0, 1}, kAnyOther);
     };
-    pair(&Block::kanjiCode, kSjisRadio, kEucRadio);
+    pair(&Block::kanjiCode, kFromSjisRadio, kFromEucRadio);
     pair(&Block::fill, kFillStringRadio, kFillRadio);
     pair(&Block::dimension, kDimensionLineRadio, kDimensionItemRadio);
     pair(&Block::textAngle, kTextByAngleRadio, kTextByPointsRadio);
@@ -81,8 +81,8 @@ void KrDxfInParam::OnInit() {
     words_.Show(params_);
     blockData_.Select(BlockDataButton(params_));
     if (isDwg_) {
-        kiro::ui::RadioGroup(*this, {kSjisRadio, kEucRadio}).Select(0);
-        Item<kiro::ui::Button>(kEucRadio).Enable(false);
+        kiro::ui::RadioGroup(*this, {kFromSjisRadio, kFromEucRadio}).Select(0);
+        Item<kiro::ui::Button>(kFromEucRadio).Enable(false);
     }
     Item<kiro::ui::Window>(kSplitCountRange).SetText(" 10 ～ " + std::to_string(HxItemMaxSrCount()));
     Item<kiro::ui::Window>(kMaxCountRange).SetText("100 ～ " + std::to_string(HxPermItemDbGetMaxItemCount()));

@@ -5,15 +5,14 @@
 #include <cstdlib>
 
 #include "dxfout/KrDxfOutAll.h"
+#include "dxfout/KrDxfOutAttr.h"
 #include "dxfout/KrDxfOutParam.h"
 #include "dxfout/OutParams.h"
-#include "entry/CommandFrame.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirodlg.h"
 #include "entry/host/kirodxf.h"
 #include "resources/dxfout/KrDxfOut.ids.h"
-#include "resources/dxfout/KrDxfOutAttr.ids.h"
 #include "resources/recent.ids.h"
 #include "ui/MessageBoxes.h"
 #include "ui/ScopedCopy.h"
@@ -188,7 +187,7 @@ void KrDxfOut::ChoosePicture() {
 
 void KrDxfOut::OpenParameters() { KrDxfOutParam(record_, params_).DoModal(Handle()); }
 
-void KrDxfOut::OpenAttributes() { CommandFrame(kDxfOutAttrDialog).DoModal(Handle()); }
+void KrDxfOut::OpenAttributes() { KrDxfOutAttr(record_, params_).DoModal(Handle()); }
 
 // Of every drawing, for nobody can tell here what the batch will write.
 void KrDxfOut::OpenBatch() {

@@ -1,5 +1,10 @@
 #include "dxfout/KrDxfOutAttr.h"
 
+#include <utility>
+
+#include "dxfout_tables/KrDxfOutTbl_Arrow.h"
+#include "dxfout_tables/KrDxfOutTbl_Layer.h"
+#include "dxfout_tables/KrDxfOutTbl_Line.h"
 #include "dxfout_tables/KrDxfOutTbl_TFont.h"
 #include "entry/host/kirodxf.h"
 #include "resources/dxfout/KrDxfOutAttr.ids.h"
@@ -53,6 +58,12 @@ KrDxfOutAttr::KrDxfOutAttr(TARNAINFO& info, DxfOutParamBlock& params)
         On(autoRadio, BN_CLICKED, &KrDxfOutAttr::ButtonsFollow);
         On(tableRadio, BN_CLICKED, &KrDxfOutAttr::ButtonsFollow);
     }
+    for (const auto& [button, use] : {std::pair(kOutLayerNewButton, LayerTableUse::kNew),
+                                      std::pair(kOutLayerChangeButton, LayerTableUse::kChange)}) {
+        Bind(button, BN_CLICKED, [this, use = use] { KrDxfOutTbl_Layer::Choose(Utility(), Handle(), use); });
+    }
+    Bind(kOutLineChangeButton, BN_CLICKED, [this] { KrDxfOutTbl_Line().DoModal(Handle()); });
+    Bind(kOutArrowChangeButton, BN_CLICKED, [this] { KrDxfOutTbl_Arrow().DoModal(Handle()); });
     Bind(kOutFontChangeButton, BN_CLICKED, [this] { KrDxfOutTbl_TFont(&info_).DoModal(Handle()); });
 }
 

@@ -89,7 +89,8 @@ const char* OutBatchCaption(const TarnaExportView& info) {
 OutFileList::OutFileList(const Kind& kind)
     : HostDialog(kind.templateId), kind_(kind), grid_(*this, kGrid, kind.columns, rows_), run_(*this) {
     grid_.NumberRows();
-    grid_.CheckRowsWith([this](const RowCheck& check) { CheckRow(check); }, [this] { LookForFiles(), FindSameNames(); });
+    grid_.CheckRowsWith([this](const RowCheck& check) { CheckRow(check); },
+                        [this] { LookForFiles(), FindSameNames(); });
     grid_.OnCellMoved([this](int row, int) { CellMoved(row); });
     Guide({{kCommonNameEdit, "共通ファイル名を入力してください。"}});
     On(kCommonNameButton, BN_CLICKED, &OutFileList::NameAll);
@@ -228,7 +229,8 @@ bool OutFileList::ModelIsFaulty() const {
 void OutFileList::Start(std::vector<int> rows) {
     FocusTo(IDCANCEL);
     for (const int id : {kGrid, kCommonNameEdit, kCommonNameButton, IDOK}) Item<kiro::ui::Window>(id).Enable(false);
-    run_.Start(std::move(rows), [this](int row) { return Write(row); }, [this] { Ended(); });
+    run_.Start(
+        std::move(rows), [this](int row) { return Write(row); }, [this] { Ended(); });
 }
 
 bool OutFileList::Write(int row) {

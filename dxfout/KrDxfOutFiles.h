@@ -30,7 +30,7 @@ class OutFileList : public kiro::ui::HostDialog {
     struct Kind {
         int templateId;
         kiro::ui::GridColumns columns;
-        const char* working;        // guidance, with %d for the number
+        const char* working;  // guidance, with %d for the number
         const char* noneMarked;
         const char* modelIsFaulty;  // what comes before the name of the list
         bool isPage;

@@ -1,8 +1,4 @@
-<<<<<<<< HEAD:text/NumberText.h
 // Numbers as the cells of the table editors show them.
-========
-// What the editors of the conversion tables share.
->>>>>>>> outattr:tablehub/EditorTexts.h
 #pragma once
 
 #include <string>

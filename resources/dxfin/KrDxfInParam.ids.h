@@ -1,7 +1,7 @@
 #define kDxfInParamDialog 4001
 
-#define kSjisRadio 4000
-#define kEucRadio 4001
+#define kFromSjisRadio 4000
+#define kFromEucRadio 4001
 #define kFillStringRadio 4002
 #define kFillRadio 4003
 #define kDimensionLineRadio 4008

@@ -17,7 +17,7 @@ struct Choice {
     std::vector<int> radios;
 };
 const Choice kChoices[] = {
-    {&Words::kanjiCode, {kSjisRadio, kEucRadio}},
+    {&Words::kanjiCode, {kFromSjisRadio, kFromEucRadio}},
     {&Words::fill, {kFillStringRadio, kFillRadio}},
     {&Words::dimension, {kDimensionLineRadio, kDimensionItemRadio}},
     {&Words::textAngle, {kTextByAngleRadio, kTextByPointsRadio}},
@@ -91,7 +91,7 @@ TEST_F(ImportParameters, ValuesWithoutAButtonStayUntilOneIsChosen) {
     EXPECT_EQ(0, std::memcmp(&before, &record.params, sizeof before));
     record.info.input.inputIsDwg = 1;
     Run([&](HWND dialog) {
-        EXPECT_TRUE(IsChecked(dialog, kSjisRadio) && !IsEnabled(dialog, kEucRadio));
+        EXPECT_TRUE(IsChecked(dialog, kFromSjisRadio) && !IsEnabled(dialog, kFromEucRadio));
         Click(dialog, IDOK);
     });
     EXPECT_EQ(0, record.params.kanjiCode);
