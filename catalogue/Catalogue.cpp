@@ -37,6 +37,8 @@
 #include "resources/dxfin_tables/KrDxfInTbl_PWidth.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
 #include "resources/dxfout/KrDxfOut.ids.h"
+#include "resources/dxfout/KrDxfOutAll.ids.h"
+#include "resources/dxfout/KrDxfOutParam.ids.h"
 #include "resources/model/KrDxfLayerName.ids.h"
 #include "resources/model/KrDxfLineType.ids.h"
 #include "resources/model/KrDxfLineWidth.ids.h"
@@ -87,6 +89,12 @@ const CatalogueDialog kDialogs[] = {
     {"import-batch", kDxfInAllDialog, Plain<CommandFrame, kDxfInAllDialog>},
     {"import-attributes", kDxfInAttrDialog, ImportAttributes, kSlower},
     {"password", kDxfPassDialog, PasswordCommand},
+    // The export.
+    {"export-dxf", kDxfOutDialog, [] { return ExportCommand(false); }},
+    {"export-dwg", kDxfOutDialog, [] { return ExportCommand(true); }},
+    {"export-parameters", kDxfOutParamDialog, [] { return ExportParameters(false); }, kSlower},
+    {"export-parameters-dwg", kDxfOutParamDialog, [] { return ExportParameters(true); }, kSlower},
+    {"export-batch", kDxfOutAllDialog, Plain<CommandFrame, kDxfOutAllDialog>},
     // The tables of the import.
     {"table-launcher", kInTableDialog, Plain<KrDxfInTable>},
     {"table-layer", kLayerTableDialog, LayerHub, kSlower},
@@ -108,7 +116,6 @@ const CatalogueDialog kDialogs[] = {
     {"table-fonts-help", kDxfInTextFontHelpDialog, Plain<KrDxfInTbl_TFont2>},
     {"table-arrows", kDxfInArrowDialog, Plain<KrDxfInTbl_Arrow>, kHasGrid, L"DXFKIRO_ARROW"},
     // The other commands.
-    {"export", kDxfOutDialog, OverRecord<DxfOutputDlg>},
     {"pelion-input", kPlInDialog, OverRecord<PlInputDlg>},
     {"pelion-output", kPlOutDialog, OverRecord<PlOutputDlg>},
     {"varos-input", kVrInDialog, OverRecord<VrInputDlg>},

@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "RecordJson.h"
-#include "driver/GridDriver.h"
 #include "catalogue/DialogText.h"
+#include "driver/GridDriver.h"
 
 namespace kiro {
 

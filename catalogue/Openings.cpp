@@ -3,6 +3,8 @@
 #include "dxfin/KrDxfInAttr.h"
 #include "dxfin_tables/KrDxfInTbl_IO.h"
 #include "dxfin_tables/KrDxfInTbl_Layer.h"
+#include "dxfout/KrDxfOutParam.h"
+#include "dxfout/OutParams.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
@@ -59,6 +61,29 @@ Opening ImportCommand(bool dwg) {
     constexpr std::size_t table = offsetof(TarnaImportView, layerTableFileName);
     constexpr std::size_t behind = table + sizeof TarnaImportView::layerTableFileName;
     return {[data] { return Ended(DxfInputDlg(&data->info)); }, {bytes.first(table), bytes.subspan(behind)}};
+}
+
+namespace {
+
+std::shared_ptr<ExportData> DemoExport(bool dwg) {
+    auto data = std::make_shared<ExportData>();
+    data->info.output.outputIsDwg = dwg;
+    data->info.output.exportParams = &data->params;
+    data->params = KeptOutParams();
+    data->params.pidAvailable = 1;
+    return data;
+}
+
+}  // namespace
+
+Opening ExportCommand(bool dwg) {
+    const auto data = DemoExport(dwg);
+    return {[data] { return Ended(DxfOutputDlg(&data->info)); }, {BytesOf(data->info)}};
+}
+
+Opening ExportParameters(bool dwg) {
+    const auto data = DemoExport(dwg);
+    return {[data] { return RunDialog([&] { return KrDxfOutParam(data->info, data->params); }); }, {BytesOf(*data)}};
 }
 
 Opening PasswordCommand() {

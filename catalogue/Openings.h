@@ -53,6 +53,13 @@ std::shared_ptr<ImportData> DemoImport(bool dwg);
 Opening ImportCommand(bool dwg);
 Opening PasswordCommand();
 
+struct ExportData {
+    TARNAINFO info{};
+    DxfOutParamBlock params{};
+};
+Opening ExportCommand(bool dwg);
+Opening ExportParameters(bool dwg);
+
 // A command over a cleared argument of its own.
 template <class Argument, class Command>
 Opening Cleared(Command command) {
