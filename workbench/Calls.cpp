@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "GuardedMemory.h"
+#include "HostCalls.h"
 #include "entry/host/kirovanteo.h"
 
 namespace kiro {
@@ -214,10 +215,14 @@ const Export* FindExport(const std::string& name) {
 
 CallResult CallExport(const Export& command, const Json& input) {
     if (!input.is_object()) throw RecordError("the record's file must hold a JSON object");
-    if (!input.contains("record") && !input.contains("params")) return command.run(command, {{"record", input}});
+    const bool wrapped = input.contains("record") || input.contains("params");
     // What an earlier call has answered can be given to the next.
-    CheckMembers(input, {"export", "returned", "record", "params"});
-    return command.run(command, input);
+    if (wrapped) CheckMembers(input, {"export", "returned", "record", "params", "calls", "model"});
+    const HostCalls calls;
+    CallResult result = command.run(command, wrapped ? input : Json{{"record", input}});
+    result.json["calls"] = calls.List();
+    result.json["model"] = HostModel();
+    return result;
 }
 
 }  // namespace kiro

@@ -9,7 +9,8 @@
 namespace kiro {
 
 struct CallResult {
-    // {"export", "returned", "record": {...}, "params": {...}}; params only where a block hangs on the record.
+    // {"export", "returned", "record": {...}, "params": {...}, "calls": [...], "model": {...}}; params only where a
+    // block hangs on the record. The last two are told in HostCalls.h; the model is that after the call.
     Json json;
     int exitStatus = 0;  // what the export returned; 0 for true, 1 for false; 0 when it returns nothing
 };

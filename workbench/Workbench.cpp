@@ -68,6 +68,12 @@ std::wstring Changes(const Json& before, const Json& answer) {
     return text;
 }
 
+// SxfModelCheck {"kind":3,...} → 0
+std::wstring HostCall(const Json& call) {
+    const std::wstring text = WideFromUtf8(call["name"].get<std::string>()) + L" " + Value(call["arguments"]);
+    return call.contains("returned") ? text + L" → " + Value(call["returned"]) : text;
+}
+
 HFONT MakeFont(int height, DWORD pitch, const wchar_t* face) {
     return CreateFontW(-height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, SHIFTJIS_CHARSET, 0, 0, 0, pitch, face);
 }
@@ -127,6 +133,7 @@ CallResult Workbench::Call(const Export& command, const Json& input) {
     SetWindowTextW(panes_[kAfter], (Returned(result) + Changes(before, result.json)).c_str());
     std::wstring lines = WideFromUtf8(command.name) + L"\r\n";
     for (const std::wstring& line : watch.Lines()) lines += line + L"\r\n";
+    for (const Json& call : result.json["calls"]) lines += L"ホスト関数: " + HostCall(call) + L"\r\n";
     Note(lines);
     return result;
 }

@@ -78,7 +78,7 @@ KIROMDL_API void HxLineStylePatternSet(HxLineStylePattern* pattern, int count, c
 // ---- Drawing layouts, numbered 1 to 256 ----
 
 KIROMDL_API HxDlo* HxDloListGetDlo(HxDloList* list, int number);  // null: none
-KIROMDL_API const char* HxDloGetName(const HxDlo* layout);         // never null; any bytes
+KIROMDL_API const char* HxDloGetName(const HxDlo* layout);        // never null; any bytes
 KIROMDL_API int HxDloGetDloWindowCount(const HxDlo* layout);
 KIROMDL_API int HxDloGetDloWindowPicture(const HxDlo* layout, int index);  // the picture that window shows
 typedef struct HxDloFrame {

@@ -4,6 +4,7 @@
 
 #include "entry/host/HostApi.h"
 #include "entry/host/kirobc.h"
+#include "entry/host/kirocontrol.h"
 #include "entry/host/kirogr.h"
 #include "entry/host/kiromdl.h"
 
@@ -27,5 +28,36 @@ KIROGR_API void KiroHostSetMainWindow(KrWindow window);
 // Every member but "number" and "item" may be missing. Null: an empty, unmodified model. 0 on success; otherwise the
 // model is as it was and message (UTF-8, may be null) tells why.
 KIROMDL_API int KiroHostLoadModel(const wchar_t* file, char* message, size_t size);
+// The active model as it is now, as such a file (UTF-8). The result is the length of the whole text; 0 without memory.
+KIROMDL_API size_t KiroHostPrintModel(char* out, size_t size);
 KIROMDL_API void KiroHostSetModified(bool modified);
 KIROMDL_API HxModel* KiroHostModel(void);
+
+// kirocontrol: what a command has the host do beyond its dialogs, such as DxfOutFloppy, by the names of the host's own
+// functions and of their parameters.
+enum KiroHostValueKind {
+    kKiroHostInteger,
+    kKiroHostReal,
+    kKiroHostFlag,       // the integer, 0 or 1
+    kKiroHostText,       // the pointer: EUC, null where the caller gave null
+    kKiroHostInParams,   // the pointer: DxfInParamBlock, or null
+    kKiroHostOutParams,  // the pointer: DxfOutParamBlock, or null
+    kKiroHostNoValue
+};
+typedef struct KiroHostValue {
+    const char* name;
+    const void* pointer;
+    double real;
+    int32_t integer;
+    int32_t kind;
+} KiroHostValue;
+typedef struct KiroHostCall {
+    const char* name;
+    const KiroHostValue* arguments;
+    size_t count;
+    KiroHostValue returned;  // kKiroHostNoValue when the function returns nothing
+} KiroHostCall;
+// Called when such a function has done its work, on its thread; what it is given is there for that call only. It must
+// not throw. Null: nobody is told.
+typedef void (*KiroHostCallObserver)(void* context, const KiroHostCall* call);
+KIROCONTROL_API void KiroHostObserveCalls(KiroHostCallObserver observer, void* context);

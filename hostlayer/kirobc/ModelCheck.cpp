@@ -3,8 +3,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -12,6 +10,7 @@
 #include "hostlayer/include/KiroHost.h"
 #include "hostlayer/kirobc/Guarded.h"
 #include "hostlayer/kirobc/HomeFolder.h"
+#include "hostlayer/kirocontrol/CallNote.h"
 #include "hostlayer/kirodlglib/KrFileHandle.h"
 #include "hostlayer/kiromdl/ModelFacts.h"
 
@@ -68,10 +67,15 @@ void WriteList(const std::string& text) {
 
 }  // namespace
 
-int SxfModelCheck(int, bool report, int drawing, int picture) {
-    return kirobc::Guarded(kFailure, [=] {
+int SxfModelCheck(int kind, bool report, int drawing, int picture) {
+    const int faulty = kirobc::Guarded(kFailure, [=] {
         const Findings findings = Check(PicturesOf(drawing, picture));
-        if (report) WriteList("モデルのチェック\r\n" + findings.list);
+        if (report) WriteList(findings.list);
         return findings.count;
     });
+    NoteCall("SxfModelCheck",
+             {HostInteger("kind", kind), HostFlag("report", report), HostInteger("drawing", drawing),
+              HostInteger("picture", picture)},
+             faulty);
+    return faulty;
 }

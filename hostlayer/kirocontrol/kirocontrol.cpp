@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "hostlayer/include/KiroHost.h"
+#include "hostlayer/kirocontrol/CallNote.h"
 
 struct HxFileType {
     std::string_view key;
@@ -17,6 +18,9 @@ constexpr HxFileType kFileTypes[] = {
     {"#CATIA:DB#", false}, {"#TARNA:DOS#", false}, {"#TARNA:DB_R#", false}, {"#FLOPPY_WIN#", false},
 };
 
+KiroHostCallObserver callObserver = nullptr;
+void* observerContext = nullptr;
+
 }  // namespace
 
 HxModel* GetActiveModel() { return KiroHostModel(); }
@@ -29,3 +33,12 @@ const HxFileType* HxSessionGetFileType(const char* key) {
 }
 
 int HxFileTypeIsUpperCase(const HxFileType* type) { return type && type->upperCase; }
+
+void KiroHostObserveCalls(KiroHostCallObserver observer, void* context) {
+    callObserver = observer;
+    observerContext = context;
+}
+
+void KiroNoteCall(const KiroHostCall& call) {
+    if (callObserver) callObserver(observerContext, &call);
+}

@@ -9,6 +9,7 @@
 #include "entry/host/kirodxf.h"
 #include "hostlayer/include/KiroHost.h"
 #include "hostlayer/kirobc/Guarded.h"
+#include "hostlayer/kirocontrol/CallNote.h"
 #include "hostlayer/kirodlglib/KrFileHandle.h"
 #include "hostlayer/kirodxf/ParamDefaults.h"
 
@@ -88,14 +89,28 @@ KeptParams<DxfOutParamBlock> exportParams(L"dxfout_params", "KIRODXFOUT 1");
 
 }  // namespace
 
-void setdxfinparam(const DxfInParamBlock* params) { importParams.Set(params); }
+void setdxfinparam(const DxfInParamBlock* params) {
+    importParams.Set(params);
+    NoteCall("setdxfinparam", {HostPointer(kKiroHostInParams, "params", params)});
+}
 
-int DxfInWriteParam() { return importParams.Write(); }
+int DxfInWriteParam() {
+    const int result = importParams.Write();
+    NoteCall("DxfInWriteParam", {}, result);
+    return result;
+}
 
 int DxfInReadParam(DxfInParamBlock* params) { return importParams.Read(params); }
 
-void setdxfotparam(const DxfOutParamBlock* params) { exportParams.Set(params); }
+void setdxfotparam(const DxfOutParamBlock* params) {
+    exportParams.Set(params);
+    NoteCall("setdxfotparam", {HostPointer(kKiroHostOutParams, "params", params)});
+}
 
-int DxfOutWriteParam() { return exportParams.Write(); }
+int DxfOutWriteParam() {
+    const int result = exportParams.Write();
+    NoteCall("DxfOutWriteParam", {}, result);
+    return result;
+}
 
 int DxfOutReadParam(DxfOutParamBlock* params) { return exportParams.Read(params); }

@@ -7,7 +7,6 @@
 #include <limits>
 #include <memory>
 #include <nlohmann/json.hpp>
-#include <set>
 #include <string_view>
 
 #include "ModelText.h"
@@ -244,52 +243,33 @@ void ReadMessage(const json& value, const std::string& where, Model& model) {
         Fail(where, "message " + std::to_string(number) + " is given twice");
 }
 
-using ReadPart = void (*)(const json& value, const std::string& where, Model& model);
-
-constexpr struct {
-    std::string_view name;
-    ReadPart read;
-} kParts[] = {
-    {"modified", [](const json& value, const std::string& where, Model& model) { Read(value, where, model.modified); }},
-    {"baseScale",
-     [](const json& value, const std::string& where, Model& model) { ReadScale(value, where, model.baseScale); }},
-    {"maxItemCount",
-     [](const json& value, const std::string& where, Model& model) {
-         Read(value, where, {1, kMaxWhole}, model.maxItemCount);
-     }},
-    {"maxSplitCount",
-     [](const json& value, const std::string& where, Model& model) {
-         Read(value, where, {1, kMaxWhole}, model.maxSplitCount);
-     }},
-    {"currentPicture",
-     [](const json& value, const std::string& where, Model& model) {
-         Read(value, where, {0, 1023}, model.currentPicture);  // ten bits
-     }},
-    {"checkBeforeExport",
-     [](const json& value, const std::string& where, Model& model) { Read(value, where, model.checkBeforeExport); }},
-    {"pictures",
-     [](const json& value, const std::string& where, Model& model) {
-         ForEachElement(value, where,
-                        [&](const json& picture, const std::string& at) { ReadPicture(picture, at, model); });
-     }},
-    {"layouts",
-     [](const json& value, const std::string& where, Model& model) {
-         ForEachElement(value, where,
-                        [&](const json& layout, const std::string& at) { ReadLayout(layout, at, model); });
-     }},
-    {"messages",
-     [](const json& value, const std::string& where, Model& model) {
-         ForEachElement(value, where,
-                        [&](const json& message, const std::string& at) { ReadMessage(message, at, model); });
-     }},
-};
-
 Model ReadModel(const json& value) {
     Model model;
-    ForEachMember(value, "", [&](std::string_view name, const json& member, const std::string& where) {
-        for (const auto& part : kParts)
-            if (part.name == name) return part.read(member, where, model), true;
-        return false;
+    const auto readAll = [&model](const json& list, const std::string& where, auto read) {
+        ForEachElement(list, where, [&](const json& element, const std::string& at) { read(element, at, model); });
+    };
+    ForEachMember(value, "", [&](std::string_view name, const json& member, const std::string& at) {
+        if (name == "modified")
+            Read(member, at, model.modified);
+        else if (name == "baseScale")
+            ReadScale(member, at, model.baseScale);
+        else if (name == "maxItemCount")
+            Read(member, at, {1, kMaxWhole}, model.maxItemCount);
+        else if (name == "maxSplitCount")
+            Read(member, at, {1, kMaxWhole}, model.maxSplitCount);
+        else if (name == "currentPicture")
+            Read(member, at, {0, 1023}, model.currentPicture);  // ten bits
+        else if (name == "checkBeforeExport")
+            Read(member, at, model.checkBeforeExport);
+        else if (name == "pictures")
+            readAll(member, at, ReadPicture);
+        else if (name == "layouts")
+            readAll(member, at, ReadLayout);
+        else if (name == "messages")
+            readAll(member, at, ReadMessage);
+        else
+            return false;
+        return true;
     });
     return model;
 }

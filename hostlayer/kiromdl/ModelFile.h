@@ -13,3 +13,4 @@ class ModelFileError : public std::runtime_error {
 
 Model ReadModelFile(const wchar_t* file);      // throws ModelFileError
 Model ReadModelText(const std::string& text);  // throws ModelFileError
+std::string PrintModel(const Model& model);    // UTF-8; read again it gives the same model

@@ -117,6 +117,16 @@ int KiroHostLoadModel(const wchar_t* file, char* message, std::size_t size) {
     return 1;
 }
 
+std::size_t KiroHostPrintModel(char* out, std::size_t size) {
+    try {
+        const std::string text = PrintModel(ActiveModel());
+        if (out && size > 0) out[text.copy(out, size - 1)] = 0;
+        return text.size();
+    } catch (const std::exception&) {
+        return 0;
+    }
+}
+
 void KiroHostSetModified(bool modified) { ActiveModel().modified = modified; }
 
 HxModel* KiroHostModel() { return reinterpret_cast<HxModel*>(&ActiveModel()); }

@@ -1,4 +1,5 @@
-// The kept import parameters as a program sees them: the exported functions on a real settings folder.
+// The kept parameters as a program sees them: the exported functions on a real settings folder. Both directions share
+// their code, so that all but the last test look at imports.
 #include <iterator>
 
 #include "entry/host/kirodxf.h"
@@ -91,4 +92,24 @@ TEST_F(Kirodxf, WhatCannotBeWrittenIsReported) {
     fs::create_directories(settings / L"dxfin_params.new");
     EXPECT_NE(DxfInWriteParam(), 0);
     EXPECT_EQ(Kept(), 0x11);
+}
+
+TEST_F(Kirodxf, ExportParametersAreKeptApart) {
+    DxfOutParamBlock given, kept;
+    std::memset(&given, 0x33, sizeof given);
+    std::memset(&kept, 0x77, sizeof kept);
+    EXPECT_NE(DxfOutWriteParam(), 0) << "none are given";
+    setdxfotparam(&given);
+    setdxfotparam(nullptr);
+    EXPECT_NE(DxfOutReadParam(&kept), 0);
+    ASSERT_EQ(DxfOutWriteParam(), 0);
+    EXPECT_EQ(Kept(), -1) << "they are no import parameters";
+    Set(0x11);
+    ASSERT_EQ(DxfInWriteParam(), 0);
+    ASSERT_EQ(DxfOutReadParam(&kept), 0);
+    EXPECT_EQ(std::memcmp(&given, &kept, sizeof given), 0);
+    // Nor is the other's file one of its own.
+    fs::remove(settings / L"dxfout_params");
+    fs::copy_file(file, settings / L"dxfout_params");
+    EXPECT_NE(DxfOutReadParam(&kept), 0);
 }

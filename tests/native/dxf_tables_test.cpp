@@ -11,7 +11,7 @@
 
 #include "dxfin_tables/DxfInLineTable.h"
 #include "entry/host/kirodxf.h"
-#include "hostlayer/kirodxf/DxfInDefaults.h"
+#include "hostlayer/kirodxf/ParamDefaults.h"
 
 namespace {
 
@@ -110,15 +110,11 @@ TEST(DxfComparison, ByteForByteAndWithinBothTexts) {
     EXPECT_EQ(dxfstrcmp(nullptr, ""), 0);
 }
 
-TEST(DxfInDefaults, OnlyTheWholeFileCounts) {
-    DxfInParamBlock params, before;
-    for (std::size_t i = 0; i < sizeof params; ++i) reinterpret_cast<char*>(&params)[i] = static_cast<char>(i * 3);
-    std::memset(&before, 7, sizeof before);
-    const std::string file = FormatDxfInDefaults(params);
-    DxfInParamBlock read = before;
-    const auto refused = [&](const std::string& bytes) {
-        return !ParseDxfInDefaults(bytes, read) && std::memcmp(&read, &before, sizeof read) == 0;
-    };
+TEST(ParamDefaults, OnlyTheWholeFileCounts) {
+    constexpr char kMark[] = "KIROTEST   1";
+    const std::string block("any\0bytes\xFF", 10);
+    const std::string file = FormatParamDefaults(kMark, block);
+    const auto refused = [&](const std::string& bytes) { return ParseParamDefaults(kMark, bytes, 10).empty(); };
     EXPECT_TRUE(refused(file + '\0'));
     for (std::size_t i = 0; i < file.size(); ++i) {
         EXPECT_TRUE(refused(file.substr(0, i))) << i;
@@ -126,8 +122,9 @@ TEST(DxfInDefaults, OnlyTheWholeFileCounts) {
         damaged[i] = static_cast<char>(damaged[i] ^ 1);
         EXPECT_TRUE(refused(damaged)) << i;
     }
-    EXPECT_TRUE(ParseDxfInDefaults(file, read));
-    EXPECT_EQ(std::memcmp(&read, &params, sizeof read), 0);
+    EXPECT_EQ(ParseParamDefaults(kMark, file, 10), block);
+    EXPECT_TRUE(ParseParamDefaults(kMark, file, 9).empty());
+    EXPECT_TRUE(ParseParamDefaults("KIROTEST   2", file, 10).empty());
 }
 
 }  // namespace

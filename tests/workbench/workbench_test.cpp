@@ -3,13 +3,16 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <set>
 #include <utility>
 #include <vector>
 
+#include "HostCalls.h"
 #include "WorkbenchMenu.h"
 #include "driver/GridDriver.h"
 #include "driver/Picture.h"
+#include "entry/host/kirodxf.h"
 #include "resources/catia/KrDxfPass.ids.h"
 
 namespace kiro {
@@ -86,6 +89,18 @@ TEST_F(WorkbenchTest, CallsWhatIsShownAndSaysHowToGoOn) {
     });
 }
 
+TEST(CallTest, AnswersWithTheModelAndTakesItsOwnAnswer) {
+    Json answer = {{"record", Json::object()}};
+    KiroHostSetModified(true);
+    for (int i = 0; i < 2; ++i) {
+        answer = Drive([&] { return CallExport(*FindExport("DxfInputPass"), answer).json; },
+                       [] { Click(Settle(), IDCANCEL); });
+        EXPECT_EQ(true, answer["model"]["modified"]);
+        EXPECT_EQ(Json::array(), answer["calls"]);
+    }
+    KiroHostSetModified(false);
+}
+
 TEST_F(WorkbenchTest, KeepsTheRecordOfEachCommand) {
     Use([&] {
         SetRecord(L"{\"inputIsDwg\": 1}");
@@ -118,6 +133,33 @@ TEST_F(WorkbenchTest, MovesThroughItsPanesAndComesBackFromADialog) {
         Cancelled();
         EXPECT_EQ(Workbench::kFirstPane + 1, FocusId());
     });
+}
+
+TEST(HostCallsTest, TellsInOrderWhatTheHostWasMadeToDo) {
+    DxfOutParamBlock params{};
+    params.curveDivision = 20;
+    std::memcpy(params.symbolBlock, "\x95\x5C", 2);
+    {
+        const HostCalls calls;
+        setdxfotparam(&params);
+        setdxfotparam(nullptr);
+        setdxfottblnam("C:/\xC9\xBD");
+        SxfModelCheck(3, false, 0, 2);
+        DxfOutFloppy(true, "A:/a.dxf", 1, 0);
+        Json list = calls.List();
+        EXPECT_EQ("setdxfotparam", list[0]["name"]);
+        EXPECT_EQ(20, list[0]["arguments"]["params"]["curveDivision"]);
+        EXPECT_EQ("\xE8\xA1\xA8", list[0]["arguments"]["params"]["symbolBlock"]);
+        list.erase(0);
+        EXPECT_EQ(Json::parse(u8R"([
+            {"name": "setdxfotparam", "arguments": {"params": null}},
+            {"name": "setdxfottblnam", "arguments": {"name": "C:/表"}},
+            {"name": "SxfModelCheck", "arguments": {"kind": 3, "report": false, "drawing": 0, "picture": 2}, "returned": 0},
+            {"name": "DxfOutFloppy", "arguments": {"floppy": true, "path": "A:/a.dxf", "drawing": 1, "picture": 0},
+             "returned": -83}])"),
+                  list);
+    }
+    setdxfottblnam("nobody is told any more");
 }
 
 TEST(WorkbenchMenuTest, EveryExportHasAKeyOfItsOwn) {
