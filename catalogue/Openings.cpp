@@ -76,9 +76,13 @@ std::shared_ptr<ExportData> DemoExport(bool dwg) {
 
 }  // namespace
 
+// When the model's check finds faults, the record is written although nothing is confirmed: all but the host's fields.
 Opening ExportCommand(bool dwg) {
     const auto data = DemoExport(dwg);
-    return {[data] { return Ended(DxfOutputDlg(&data->info)); }, {BytesOf(data->info)}};
+    const auto bytes = BytesOf(data->info);
+    return {
+        [data] { return Ended(DxfOutputDlg(&data->info)); },
+        {bytes.first(offsetof(TarnaExportView, mediaKind)), bytes.subspan(offsetof(TarnaExportView, exportParams))}};
 }
 
 Opening ExportParameters(bool dwg) {

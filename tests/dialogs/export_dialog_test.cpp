@@ -141,11 +141,21 @@ TEST_F(Export, SourceDecidesWhatIsShownAndCanBeChosen) {
             for (const int radio : {kOutLayoutRadio, kOutCurrentRadio, kOutPictureRadio})
                 EXPECT_EQ(radio == source, IsChecked(dialog, radio));
         };
+        const auto chooseLast = [&](int button) {
+            Click(dialog, button);
+            const HWND chooser = Settle();
+            ASSERT_NE(dialog, chooser);
+            Key(VK_END);
+            Click(chooser, IDOK);
+            EXPECT_EQ(dialog, Settle());
+        };
         expect(kOutCurrentRadio, {L"2", L"7", L"", L""});
         Click(dialog, kOutLayoutRadio);
         expect(kOutLayoutRadio, {L"", L"", L"", L""});
         EXPECT_EQ((std::vector<std::wstring>{L"  4 : 空", L"120 : 平面図"}), Items(dialog, kOutLayoutCombo));
         EXPECT_EQ(0, Picked(dialog, kOutLayoutCombo));
+        chooseLast(kOutLayoutListButton);
+        EXPECT_EQ(1, Picked(dialog, kOutLayoutCombo));
         Click(dialog, kOutPictureRadio);
         expect(kOutPictureRadio, {L"", L"", L"2", L"7"});
         for (const auto& [typed, items, picked] :
@@ -154,6 +164,8 @@ TEST_F(Export, SourceDecidesWhatIsShownAndCanBeChosen) {
             EXPECT_EQ(items, Text(dialog, kOutPictureItemsEdit));
             EXPECT_EQ(picked, Picked(dialog, kOutPictureCombo));
         }
+        chooseLast(kOutPictureListButton);
+        expect(kOutPictureRadio, {L"", L"", L"12", L"3"});
         Pick(dialog, kOutPictureCombo, 0);
         expect(kOutPictureRadio, {L"", L"", L"1", L"5"});
         EXPECT_EQ(kOutPictureEdit, FocusId());

@@ -79,7 +79,7 @@ Windows ExportByNumber(const std::wstring&) {
     Focus(dialog, kOutFileNameEdit);
     Type(dialog, kOutFileNameEdit, L"平面図.dxf");
     Focus(dialog, kOutPictureEdit);
-    Type(dialog, kOutPictureEdit, L"2");
+    Type(dialog, kOutPictureEdit, L"1");
     return {dialog};
 }
 
@@ -92,7 +92,7 @@ Windows ExportLayout(const std::wstring&) {
 
 Windows ExportNothing(const std::wstring& drawing) {
     const HWND dialog = ExportByNumber(drawing).front();
-    Type(dialog, kOutPictureEdit, L"3");
+    Type(dialog, kOutPictureEdit, L"5");
     Click(dialog, IDOK);
     return {dialog, ReadBox().window};
 }
