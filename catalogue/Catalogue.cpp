@@ -60,6 +60,7 @@
 #include "resources/dxfout_tables/KrDxfOutTbl_Line.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_PLayer.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_TFont.ids.h"
+#include "resources/dxfout/KrDxfOutParam.ids.h"
 #include "resources/model/KrDxfLayerName.ids.h"
 #include "resources/model/KrDxfLineType.ids.h"
 #include "resources/model/KrDxfLineWidth.ids.h"
@@ -110,6 +111,15 @@ const CatalogueDialog kDialogs[] = {
     {"import-batch", kDxfInAllDialog, Plain<CommandFrame, kDxfInAllDialog>},
     {"import-attributes", kDxfInAttrDialog, ImportAttributes, kSlower},
     {"password", kDxfPassDialog, PasswordCommand},
+    // The export.
+    {"export-dxf", kDxfOutDialog, [] { return ExportCommand(false); }},
+    {"export-dwg", kDxfOutDialog, [] { return ExportCommand(true); }},
+    {"export-parameters", kDxfOutParamDialog, [] { return ExportParameters(false); }, kSlower},
+    {"export-parameters-dwg", kDxfOutParamDialog, [] { return ExportParameters(true); }, kSlower},
+    {"export-batch", kDxfOutAllDialog, OverExport<KrDxfOutAll>},
+    {"export-pages", kDxfOutPageDialog, OverExport<KrDxfOutPage>, kHasGrid},
+    {"export-pictures", kDxfOutPictureDialog, OverExport<KrDxfOutPicture>, kHasGrid},
+    {"export-attributes", kDxfOutAttrDialog, ExportAttributes, kSlower},
     // The tables of the import.
     {"table-launcher", kInTableDialog, Plain<KrDxfInTable>},
     {"table-layer", kLayerTableDialog, LayerHub, kSlower},
@@ -130,12 +140,6 @@ const CatalogueDialog kDialogs[] = {
     {"table-fonts", kDxfInTextFontDialog, Plain<KrDxfInTbl_TFont>, kHasGrid, L"DXFKIRO_STYLE"},
     {"table-fonts-help", kDxfInTextFontHelpDialog, Plain<KrDxfInTbl_TFont2>},
     {"table-arrows", kDxfInArrowDialog, Plain<KrDxfInTbl_Arrow>, kHasGrid, L"DXFKIRO_ARROW"},
-    // The export.
-    {"export", kDxfOutDialog, OverRecord<DxfOutputDlg>},
-    {"export-batch", kDxfOutAllDialog, OverExport<KrDxfOutAll>},
-    {"export-pages", kDxfOutPageDialog, OverExport<KrDxfOutPage>, kHasGrid},
-    {"export-pictures", kDxfOutPictureDialog, OverExport<KrDxfOutPicture>, kHasGrid},
-    {"export-attributes", kDxfOutAttrDialog, ExportAttributes, kSlower},
     // The tables of the export.
     {"export-table-launcher", kOutTableDialog, OutTables},
     {"export-table-layer", kOutLayerTableDialog, OutLayerHub, kSlower},

@@ -43,6 +43,9 @@ void MakeDemoHome(const std::filesystem::path& home) {
     for (const auto& table : std::filesystem::directory_iterator(demo / L"tables"))
         Write(tables / table.path().filename(), SjisFromUtf8(BytesOf(table.path())));
     KiroHostSetHome(home.c_str());
+    if (KiroHostLoadModel((demo / L"model.json").c_str(), nullptr, 0) != 0)
+        throw std::runtime_error("the model of the demonstration cannot be read");
+    KiroHostSetModified(false);
 }
 
 }  // namespace kiro

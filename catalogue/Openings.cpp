@@ -13,6 +13,8 @@
 #include "dxfout_tables/KrDxfOutTbl_Layer.h"
 #include "dxfout_tables/KrDxfOutTbl_Line.h"
 #include "dxfout_tables/KrDxfOutTbl_TFont.h"
+#include "dxfout/KrDxfOutParam.h"
+#include "dxfout/OutParams.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
@@ -100,6 +102,32 @@ Opening ImportCommand(bool dwg) {
     return {[data] { return Ended(DxfInputDlg(&data->info)); }, {bytes.first(table), bytes.subspan(behind)}};
 }
 
+// With tables for layers and text fonts.
+std::shared_ptr<ExportData> DemoExport(bool dwg) {
+    auto data = std::make_shared<ExportData>();
+    data->info.output.outputIsDwg = dwg;
+    data->info.output.exportParams = &data->params;
+    data->params = KeptOutParams();
+    data->params.pidAvailable = 1;
+    data->params.layerConversion = 1;
+    data->params.fontConversion = 1;
+    return data;
+}
+
+// When the model's check finds faults, the record is written although nothing is confirmed: all but the host's fields.
+Opening ExportCommand(bool dwg) {
+    const auto data = DemoExport(dwg);
+    const auto bytes = BytesOf(data->info);
+    return {
+        [data] { return Ended(DxfOutputDlg(&data->info)); },
+        {bytes.first(offsetof(TarnaExportView, mediaKind)), bytes.subspan(offsetof(TarnaExportView, exportParams))}};
+}
+
+Opening ExportParameters(bool dwg) {
+    const auto data = DemoExport(dwg);
+    return {[data] { return RunDialog([&] { return KrDxfOutParam(data->info, data->params); }); }, {BytesOf(*data)}};
+}
+
 Opening PasswordCommand() {
     const auto data = DemoImport(true);
     WriteFixedText(data->info.input.inputFileName, HxEucEncoder::Sjis2Euc("/図面/保護図面.dwg"));
@@ -119,16 +147,6 @@ Opening ImportParameters() {
 Opening ImportAttributes() {
     const auto data = DemoImport(false);
     return {[data] { return RunDialog([&] { return KrDxfInAttr(data->params); }); }, {BytesOf(*data)}};
-}
-
-// Of R14, with tables for layers and text fonts.
-std::shared_ptr<ExportData> DemoExport() {
-    auto data = std::make_shared<ExportData>();
-    data->info.output.exportParams = &data->params;
-    data->params.outputVersion = 2;
-    data->params.layerConversion = 1;
-    data->params.fontConversion = 1;
-    return data;
 }
 
 Opening ExportAttributes() {

@@ -58,7 +58,9 @@ struct ExportData {
     TARNAINFO info{};
     DxfOutParamBlock params{};
 };
-std::shared_ptr<ExportData> DemoExport();
+std::shared_ptr<ExportData> DemoExport(bool dwg = false);
+Opening ExportCommand(bool dwg);
+Opening ExportParameters(bool dwg);
 
 // A command over a cleared argument of its own.
 template <class Argument, class Command>

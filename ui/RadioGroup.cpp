@@ -58,8 +58,8 @@ RadioGroup::RadioGroup(Dialog& dialog, std::initializer_list<int> controlIds)
 
 void RadioGroup::OnChosen(std::function<void(int)> chosen) {
     for (std::size_t i = 0; i < controlIds_.size(); ++i) {
-        dialog_.Bind(controlIds_[i], BN_CLICKED, [this, index = static_cast<int>(i), chosen] {
-            Select(index);
+        dialog_.Bind(controlIds_[i], BN_CLICKED, [group = *this, index = static_cast<int>(i), chosen] {
+            group.Select(index);
             if (chosen) chosen(index);
         });
     }

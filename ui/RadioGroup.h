@@ -17,8 +17,8 @@ class RadioGroup {
     // Make it before the dialog is shown.
     RadioGroup(Dialog& dialog, std::initializer_list<int> controlIds);
 
-    // Binds the buttons: a click selects the button, then chosen runs with its index. Call it before the dialog is
-    // shown.
+    // Binds the buttons: a click selects the button, then chosen (which may be null) runs with its index. Call it
+    // before the dialog is shown; the group itself need not stay.
     void OnChosen(std::function<void(int index)> chosen);
 
     void Select(int index) const;  // -1: none is selected

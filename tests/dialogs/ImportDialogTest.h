@@ -10,8 +10,6 @@
 
 class ImportDialog : public ImportHost {
   protected:
-    using User = std::function<void(HWND dialog)>;
-
     // Runs the command. The user gets the open dialog and closes it.
     int Run(const User& user) {
         return kiro::drive::Drive([this] { return DxfInputDlg(&record.info); }, [&] { user(kiro::drive::Settle()); });
@@ -35,14 +33,6 @@ class ImportDialog : public ImportHost {
         Write(L"DXF\\図面.dxf", TextDxf("AC1015"));
         GiveName(dialog, L"図面.dxf");
     }
-    // Where a control or a popup is, in the dialog.
-    static RECT Area(HWND dialog, HWND window) {
-        RECT rect{};
-        GetWindowRect(window, &rect);
-        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
-        return rect;
-    }
-    static RECT Area(HWND dialog, int id) { return Area(dialog, kiro::drive::Control(dialog, id)); }
     // Whether a point is painted in the colour.
     static bool HasColor(HWND window, const RECT& area, COLORREF color) {
         RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);

@@ -19,10 +19,6 @@ class Import : public ImportDialog {
   protected:
     using Names = std::vector<std::wstring>;
 
-    // Types the texts; clicks where there is none.
-    static void Play(HWND dialog, std::initializer_list<std::pair<int, const wchar_t*>> steps) {
-        for (const auto& [id, text] : steps) text ? Type(dialog, id, text) : Click(dialog, id);
-    }
     std::wstring VersionOf(HWND dialog, const std::wstring& name) {
         GiveName(dialog, name);
         return Text(dialog, kVersionText);
@@ -40,17 +36,6 @@ class Import : public ImportDialog {
             input.inputIsDwg = dwg;
             Look([&](HWND dialog) { user(dialog, dwg); });
         }
-    }
-    // "処理開始" must be refused with a box that says this and leave the focus there.
-    static void ExpectRefusal(HWND dialog, const std::wstring& text, int focus, const wchar_t* caption) {
-        Click(dialog, IDOK);
-        const Box box = ReadBox();
-        EXPECT_EQ(caption, box.caption);
-        EXPECT_NE(std::wstring::npos, box.text.find(text)) << testing::PrintToString(text);
-        EXPECT_EQ(static_cast<UINT>(MB_ICONWARNING), box.icon);
-        Answer(box, IDOK);
-        EXPECT_EQ(dialog, Settle()) << "closed after a refusal";
-        EXPECT_EQ(focus, FocusId());
     }
     void WriteDwg() { Write(L"DWG\\a.dwg", "AC1015" + std::string(100, '\0')); }
 

@@ -61,6 +61,16 @@ TEST_F(Ui, RadioButtonsOfOwnGroupsStayExclusive) {
                   Click(dialog, kThree);
                   EXPECT_TRUE(IsChecked(dialog, kThree) && !IsChecked(dialog, kTwo));
                   EXPECT_EQ(std::vector<int>{2}, sample->chosen);
+                  // The arrow keys pass what is disabled, and go round; the focus alone chooses nothing.
+                  EnableWindow(Control(dialog, kOne), FALSE);
+                  for (const int key : {VK_DOWN, VK_LEFT}) {
+                      Key(static_cast<WORD>(key));
+                      EXPECT_EQ(key == VK_DOWN ? kTwo : kThree, FocusId());
+                      EXPECT_TRUE(IsChecked(dialog, FocusId()));
+                  }
+                  EXPECT_EQ((std::vector<int>{2, 1, 2}), sample->chosen);
+                  Focus(dialog, kTwo);
+                  EXPECT_TRUE(IsChecked(dialog, kThree));
                   Click(dialog, IDOK);
               }));
 }

@@ -3,6 +3,8 @@
 #include "driver/Driver.h"
 #include "driver/Picture.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
+#include "resources/dxfout/KrDxfOut.ids.h"
+#include "resources/dxfout/KrDxfOutParam.ids.h"
 
 namespace kiro {
 namespace {
@@ -35,9 +37,25 @@ void AgreeToQuestions() {
     }
 }
 
+// The names of the blocks, as a host has them.
+Json StartParams() {
+    Json params = {{"outputVersion", 3}, {"curveDivision", 10}};
+    for (const char* kind : {"submodel", "symbol", "mark", "fcs", "composite", "hatch", "dimension"})
+        params[std::string(kind) + "Block"] = kind;
+    return params;
+}
+
+void ChooseVersion(HWND dialog) {
+    Click(dialog, kOutParametersButton);
+    const HWND parameters = Settle();
+    Click(parameters, k2010Radio);
+    Click(parameters, IDOK);
+    if (Settle() != dialog) throw Failure("the parameters are refused");
+}
+
 }  // namespace
 
-CallResult RunDemo(const std::wstring& drawing, const std::wstring& picture) {
+CallResult DemoImport(const std::wstring& drawing, const std::filesystem::path& picture) {
     return Drive([] { return CallExport(*FindExport("DxfInputDlg"), Json::object()); },
                  [&] {
                      const HWND dialog = Settle();
@@ -46,6 +64,25 @@ CallResult RunDemo(const std::wstring& drawing, const std::wstring& picture) {
                      Click(dialog, IDOK);
                      AgreeToQuestions();
                  });
+}
+
+CallResult DemoExport(const std::wstring& drawing, const std::filesystem::path& picture) {
+    return Drive(
+        [] {
+            return CallExport(*FindExport("DxfOutputDlg"), {{"params", StartParams()}});
+        },
+        [&] {
+            const HWND dialog = Settle();
+            ChooseVersion(dialog);
+            Click(dialog, kOutPictureRadio);
+            Focus(dialog, kOutPictureEdit);
+            Type(dialog, kOutPictureEdit, L"2");
+            Focus(dialog, kOutFileNameEdit);
+            Type(dialog, kOutFileNameEdit, drawing);
+            Picture(dialog, picture);
+            Click(dialog, IDOK);
+            AgreeToQuestions();
+        });
 }
 
 }  // namespace kiro

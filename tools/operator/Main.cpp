@@ -137,10 +137,13 @@ int RunDemo(const std::vector<std::wstring>& arguments) {
     kiro::drive::UsePrivateDesktop();
     const MainWindow window;
     kiro::MakeDemoHome(arguments[3]);
-    const kiro::CallResult result = kiro::RunDemo(arguments[1], arguments[2]);
-    const std::string text = kiro::Print(result.json);
+    const std::filesystem::path picture = arguments[2];
+    const kiro::CallResult import = kiro::DemoImport(arguments[1], picture);
+    const kiro::CallResult output =
+        kiro::DemoExport(L"平面図.dxf", std::filesystem::path(picture).replace_filename(L"demo-export.png"));
+    const std::string text = kiro::Print({import.json, output.json});
     std::fwrite(text.data(), 1, text.size(), stdout);
-    return result.exitStatus;
+    return import.exitStatus ? import.exitStatus : output.exitStatus;
 }
 
 int Run(const std::vector<std::wstring>& arguments) {

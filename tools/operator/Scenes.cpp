@@ -10,6 +10,8 @@
 #include "hostlayer/include/KiroHost.h"
 #include "resources/catia/KrDxfPass.ids.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
+#include "resources/dxfout/KrDxfOut.ids.h"
+#include "resources/dxfout/KrDxfOutParam.ids.h"
 
 namespace kiro {
 namespace {
@@ -71,12 +73,48 @@ Windows PasswordTyped(const std::wstring&) {
     return {dialog};
 }
 
+Windows ExportByNumber(const std::wstring&) {
+    const HWND dialog = Settle();
+    Click(dialog, kOutPictureRadio);
+    Focus(dialog, kOutFileNameEdit);
+    Type(dialog, kOutFileNameEdit, L"平面図.dxf");
+    Focus(dialog, kOutPictureEdit);
+    Type(dialog, kOutPictureEdit, L"1");
+    return {dialog};
+}
+
+Windows ExportLayout(const std::wstring&) {
+    const HWND dialog = Settle();
+    Click(dialog, kOutLayoutRadio);
+    Pick(dialog, kOutLayoutCombo, 1);
+    return {dialog};
+}
+
+Windows ExportNothing(const std::wstring& drawing) {
+    const HWND dialog = ExportByNumber(drawing).front();
+    Type(dialog, kOutPictureEdit, L"5");
+    Click(dialog, IDOK);
+    return {dialog, ReadBox().window};
+}
+
+Windows NameRepeated(const std::wstring&) {
+    const HWND dialog = Settle();
+    Click(dialog, k2010Radio);
+    Type(dialog, kHatchNameEdit, Text(dialog, kSubmodelNameEdit));
+    Click(dialog, IDOK);
+    return {dialog, ReadBox().window};
+}
+
 constexpr Scene kScenes[] = {
     {"import-dxf-filled", "import-dxf", Filled},
     {"import-picture-refused", "import-dxf", PictureRefused},
     {"import-not-saved", "import-dxf", AfterStart, true},
     {"import-recent-menu", "import-dxf", LabelMenu},
     {"import-chooser", "import-dxf", Opened<kBrowseButton>},
+    {"export-dxf-filled", "export-dxf", ExportByNumber},
+    {"export-dwg-layout", "export-dwg", ExportLayout},
+    {"export-nothing", "export-dwg", ExportNothing},
+    {"export-parameters-refused", "export-parameters", NameRepeated},
     {"password-typed", "password", PasswordTyped},
     {"password-refused", "password", PasswordRefused},
 };
