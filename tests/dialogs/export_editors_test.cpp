@@ -63,16 +63,17 @@ TEST_F(ExportTables, TheHubOffersWhatItsCallerAllowsAndWritesWhatIsChosen) {
         std::vector<int> disabled;
         int pages, pictures;  // that are selected
         const char* written;
-    } cases[] = {{1, 1, {}, 4001, 4003, "PICTURE_OFF  -257\r\n/\r\n/\r\n"},  // deliberately not as it is in the file
+    } cases[] = {{1, 1, {}, 4001, 4003, "PICTURE_OFF  -257\r\n/\r\nLAYER_CONTROL  REVISION\r\n"},
                  {0, 0, {4000, 4002, 4008, 4011, 4013}, 4001, 4003, "OFF  257\r\n/\r\nLAYER_CONTROL  CLASS"},
                  {0, 1, {4000, 4001, 4003, 4011, 4012}, 4002, 4008, "OFF  -257\r\n/\r\nLAYER_CONTROL  REVISION"}};
     for (const auto& mode : cases) {
-        WriteTable(kFile, "PICTURE_OFF -257\n");
+        WriteTable(kFile, "PICTURE_OFF -257\n");  // deliberately read as 257
         Hub(mode.fullMode, mode.revisionOnly, [&](HWND hub) {
             for (const int id : {4000, 4001, 4002, 4003, 4008, 4011, 4012, 4013, 4014})
                 EXPECT_EQ(!std::ranges::count(mode.disabled, id), IsEnabled(hub, id)) << id;
             EXPECT_TRUE(IsChecked(hub, mode.pages) && IsChecked(hub, mode.pictures)) << mode.pages;
-            if (mode.fullMode) Click(hub, kPagesByRevisionRadio);
+            Click(hub, mode.fullMode ? kPagesByRevisionRadio : mode.pages);
+            Click(hub, mode.fullMode ? kPicturesByRevisionRadio : mode.pictures);
             // The editor goes by its button and leaves the choice as it is.
             Click(hub, IsEnabled(hub, kClassLayersButton) ? kClassLayersButton : kRevisionLayersButton);
             Click(Settle(), IDOK);
@@ -181,12 +182,13 @@ TEST_F(ExportTables, WhatIsNotTouchedStays) {
 
 TEST_F(ExportTables, CompositeItemsGoByTheRadioOnceTheEditorIsConfirmed) {
     for (const int end : {IDOK, IDCANCEL}) {  // what was saved first stays then
-        Edit(kOutRevisions, [&](HWND dialog, const Grid&) {
+        Edit(kOutRevisions, [&](HWND dialog, const Grid& grid) {
+            Change(grid, 0, 1, end == IDOK ? L"初版" : L"変更");
             Click(dialog, end == IDOK ? kByItemRadio : kByModelRadio);
             EXPECT_EQ(kGrid, FocusId());
             Click(dialog, end);
         });
-        EXPECT_TRUE(Has(kFile, "CLASS_CONTROL  ITEM"));
+        EXPECT_TRUE(Has(kFile, "CLASS_CONTROL  ITEM") && Has(kFile, "REVISION   1 = 初版\r\n"));
     }
 }
 
@@ -219,6 +221,7 @@ TEST_F(ExportTables, ANewTableStartsFromTheDefaults) {
             const bool isNew = button == kNewOutLayerTableButton;
             Choose(dialog, button, L"KIRODXF_LAYER_表");
             if (isNew) Answer(ReadBox(), IDYES);
+            EXPECT_TRUE(IsEnabled(Settle(), kPictureLayersButton));
             Save(Settle());
             EXPECT_TRUE(Has(L"KIRODXF_LAYER_表", isNew ? "PICTURE    1 = 0\r\n" : "PICTURE    1 = 壁\r\n"));
         }
