@@ -32,7 +32,7 @@ KrDxfOutTbl_CLayer::KrDxfOutTbl_CLayer()
     : DxfOutLayerEditor(kClasses), items_(*this, {kByModelRadio, kByCompositeRadio, kByItemRadio}) {
     items_.OnChosen([this](int index) {
         Table().classControl = index;
-        FocusTo(kGrid);
+        if (Grid().EndEdit()) FocusTo(kGrid);
     });
 }
 

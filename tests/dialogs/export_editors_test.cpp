@@ -14,7 +14,6 @@ namespace {
 
 constexpr wchar_t kFile[] = L"KIRODXF_LAYER";
 constexpr wchar_t kMarkFile[] = L"KIRODXF_ARROW";
-constexpr wchar_t kChangedQuestion[] = L"テーブルが変更されています。\n変更内容を保存しますか？";
 
 constexpr Editor kPictures = {L"ピクチャのレイヤ割当て", kFile, 0, kPictureLayersButton};
 constexpr Editor kOutClasses = {L"クラスのレイヤ割当て", kFile, 0, kClassLayersButton};
@@ -22,32 +21,21 @@ constexpr Editor kOutRevisions = {L"クラスのレイヤ割当て", kFile, 0, k
 constexpr Editor kColors = {L"色の色割当て", kFile, 0, kOutColorsButton};
 constexpr Editor kMarks = {L"矢印割当て", kMarkFile};
 
-struct Entry {
-    int row;
-    int column;
-    const wchar_t* text;
-    const wchar_t* message = nullptr;  // of "設定"; null: taken
-};
-
 class ExportTables : public ImportTables {
   protected:
-    // The user gets what is shown first and closes the hub.
+    // The user gets what is shown first: the hub, or what there is to tell before it.
     INT_PTR Hub(std::int32_t fullMode, std::int32_t revisionOnly, const std::function<void(HWND)>& user) const {
         const LibraryResources resources;
-        return Drive(
-            [&] {
-                const auto table = std::make_unique<DxfOutLayerTable>();
-                WriteFixedText(table->fileName, "KIRODXF_LAYER");
-                const auto before = std::make_unique<DxfOutLayerTable>(*table);
-                KrDxfOutTbl_Layer hub(owner);
-                hub.SetInfo(fullMode, revisionOnly, table.get());
-                const INT_PTR result = hub.DoModal(owner);
-                EXPECT_TRUE(*before == *table) << "the caller's table has changed";
-                return result;
-            },
-            [&] { user(Settle()); });
+        const auto table = std::make_unique<DxfOutLayerTable>();
+        WriteFixedText(table->fileName, "KIRODXF_LAYER");
+        const auto open = [&] {
+            KrDxfOutTbl_Layer hub(owner);
+            hub.SetInfo(fullMode, revisionOnly, table.get());
+            return hub.DoModal(owner);
+        };
+        return Drive(open, [&] { user(Settle()); });
     }
-    void Edit(const Editor& editor, bool save, const std::function<void(HWND dialog, const Grid&)>& user) {
+    void Edit(const Editor& editor, const std::function<void(HWND dialog, const Grid&)>& user) {
         if (!editor.edit) {
             KrDxfOutTbl_Arrow arrows;
             Play(arrows, [&](HWND dialog) { user(dialog, Grid(dialog, kGrid)); });
@@ -58,306 +46,185 @@ class ExportTables : public ImportTables {
             const HWND dialog = Settle();
             user(dialog, Grid(dialog, kGrid));
             ASSERT_EQ(hub, Settle()) << "the editor is still open";
-            Click(hub, save ? IDOK : IDCANCEL);
-            if (Settle()) Answer(ReadBox(), save ? IDYES : IDNO);
+            Save(hub);
         });
     }
-    // The records alone.
-    std::string Records(const wchar_t* file) const {
-        const std::string bytes = Bytes(file);
-        return bytes.substr(std::min(bytes.find("/ Convert"), bytes.size()));
+    static void Save(HWND hub) {
+        Click(hub, IDOK);
+        Expect(kLayerCaption, kSaveQuestion, MB_ICONQUESTION, IDYES);
     }
 };
 
 }  // namespace
 
-TEST_F(ExportTables, TheHubOffersWhatItsCallerAllows) {
+TEST_F(ExportTables, TheHubOffersWhatItsCallerAllowsAndWritesWhatIsChosen) {
     const struct {
         std::int32_t fullMode, revisionOnly;
-        const char* file;
         std::vector<int> disabled;
-        int pages, pictures;
-    } cases[] = {{1, 1, "", {}, kPagesByPictureRadio, kPicturesByClassRadio},
-                 {1, 0, "PICTURE_OFF -257\nLAYER_CONTROL REVISION\n", {}, 4001, 4008},  // deliberately not as written
-                 {0, 0, "LAYER_CONTROL REVISION\n", {4000, 4002, 4008, 4011, 4013}, 4001, 4003},
-                 {0, 1, "PICTURE_OFF 257\n", {4000, 4001, 4003, 4011, 4012}, 4002, 4008}};
-    for (const auto& mode : cases) {
-        WriteTable(kFile, mode.file);
-        EXPECT_EQ(IDOK, Hub(mode.fullMode, mode.revisionOnly, [&](HWND hub) {
-                      for (const int id : {4000, 4001, 4002, 4003, 4008, 4011, 4012, 4013, 4014})
-                          EXPECT_EQ(!std::ranges::count(mode.disabled, id), IsEnabled(hub, id)) << id;
-                      for (const int id : {4000, 4001, 4002, 4003, 4008})
-                          EXPECT_EQ(id == mode.pages || id == mode.pictures, IsChecked(hub, id)) << id;
-                      Click(hub, IDOK);
-                      Expect(kLayerCaption, kSaveQuestion, MB_ICONQUESTION, IDNO);
-                  }));
-        EXPECT_EQ(mode.file, Bytes(kFile));
-    }
-}
-
-TEST_F(ExportTables, RadiosAreWrittenButAreNoChange) {
-    const struct {
-        int pages, pictures;
+        int pages, pictures;  // that are selected
         const char* written;
-    } cases[] = {{4002, 4008, "PICTURE_OFF  -257\r\n/\r\nLAYER_CONTROL  REVISION\r\n"},
-                 {4001, 4003, "PICTURE_OFF  257\r\n/\r\nLAYER_CONTROL  CLASS\r\n"},
-                 {4000, 4008, "PICTURE_OFF  0\r\n/\r\nLAYER_CONTROL  REVISION\r\n"}};
-    for (const auto& choice : cases) {
-        WriteTable(kFile, "");
-        for (const int end : {IDCANCEL, IDOK}) {
-            EXPECT_EQ("", Bytes(kFile));
-            Hub(1, 0, [&](HWND hub) {
-                Click(hub, choice.pages);
-                Click(hub, choice.pictures);
-                // The editors go by their buttons and leave the choice as it is.
-                for (const int button : {kClassLayersButton, kRevisionLayersButton}) {
-                    Click(hub, button);
-                    const Grid grid(Settle(), kGrid);
-                    Click(Settle(), end);
-                }
-                Click(hub, end);
-                if (end == IDOK) return Expect(kLayerCaption, kSaveQuestion, MB_ICONQUESTION, IDYES);
-                EXPECT_EQ(nullptr, Settle()) << "asked for radio buttons";
-            });
-        }
-        EXPECT_TRUE(Has(kFile, choice.written)) << Bytes(kFile);
+    } cases[] = {{1, 1, {}, 4001, 4003, "PICTURE_OFF  -257\r\n/\r\nLAYER_CONTROL  REVISION\r\n"},
+                 {0, 0, {4000, 4002, 4008, 4011, 4013}, 4001, 4003, "OFF  257\r\n/\r\nLAYER_CONTROL  CLASS"},
+                 {0, 1, {4000, 4001, 4003, 4011, 4012}, 4002, 4008, "OFF  -257\r\n/\r\nLAYER_CONTROL  REVISION"}};
+    for (const auto& mode : cases) {
+        WriteTable(kFile, "PICTURE_OFF -257\n");  // deliberately read as 257
+        Hub(mode.fullMode, mode.revisionOnly, [&](HWND hub) {
+            for (const int id : {4000, 4001, 4002, 4003, 4008, 4011, 4012, 4013, 4014})
+                EXPECT_EQ(!std::ranges::count(mode.disabled, id), IsEnabled(hub, id)) << id;
+            EXPECT_TRUE(IsChecked(hub, mode.pages) && IsChecked(hub, mode.pictures)) << mode.pages;
+            Click(hub, mode.fullMode ? kPagesByRevisionRadio : mode.pages);
+            Click(hub, mode.fullMode ? kPicturesByRevisionRadio : mode.pictures);
+            // The editor goes by its button and leaves the choice as it is.
+            Click(hub, IsEnabled(hub, kClassLayersButton) ? kClassLayersButton : kRevisionLayersButton);
+            Click(Settle(), IDOK);
+            Save(hub);
+        });
+        EXPECT_TRUE(Has(kFile, mode.written)) << Bytes(kFile);
     }
 }
 
-TEST_F(ExportTables, CancelOfTheHubAsksAfterChanges) {
-    for (const int answer : {IDNO, IDYES}) {
-        WriteTable(kFile, "");
-        EXPECT_EQ(IDCANCEL, Hub(1, 0, [&](HWND hub) {
-                      Click(hub, kOutColorsButton);
-                      Change(Grid(Settle(), kGrid), 255, 1, L"255");
-                      Click(Settle(), IDOK);
-                      Click(hub, IDCANCEL);
-                      Expect(kLayerCaption, kChangedQuestion, MB_ICONQUESTION, answer);
-                  }));
-        EXPECT_EQ(answer == IDYES, Has(kFile, "COLOR    256 = 255\r\n"));
-        EXPECT_EQ(answer == IDNO, Bytes(kFile).empty());
-    }
+TEST_F(ExportTables, CancelOfTheHubAsksAfterChangesOfATable) {
+    Hub(1, 0, [&](HWND hub) {
+        Click(hub, kPagesByRevisionRadio);
+        Click(hub, IDCANCEL);
+        EXPECT_EQ(nullptr, Settle()) << "asked for a radio button";
+    });
+    const INT_PTR result = Hub(1, 0, [&](HWND hub) {
+        Click(hub, kOutColorsButton);
+        Click(Settle(), IDOK);
+        Click(hub, IDCANCEL);
+        Expect(kLayerCaption, L"テーブルが変更されています。\n変更内容を保存しますか？", MB_ICONQUESTION, IDYES);
+    });
+    EXPECT_EQ(IDCANCEL, result);
+    EXPECT_TRUE(Has(kFile, "/ Eof"));
 }
 
 TEST_F(ExportTables, EditorsRefuseWhatIsWrong) {
+    const std::string long65(65, 'x');
+    const std::wstring wide65(65, L'x');
+    const std::string marks = "ARROW 12,0=_DOT\nARROW 13,180=_OPEN\n";
     const struct {
         const Editor& editor;
-        const char* file;
-        std::vector<Entry> entries;
-    } checks[] = {{kPictures,
-                   "",
-                   {{2, 1, L"", L"レイヤ名が入力されていません 3"},
-                    {256, 1, L"階段 手摺", L"レイヤ名に空白は使えません 257 : 階段 手摺"},
-                    {0, 1, L"ソ=表"}}},
-                  {kOutClasses, "CLASS 1=A\n", {{2, 1, L"A"}, {9, 1, L"", L"レイヤ名が入力されていません 10"}}},
-                  {kOutRevisions, "", {{0, 1, L"a b", L"レイヤ名に空白は使えません 1 : a b"}}},
-                  {kColors,
-                   "",
-                   {{0, 1, L"256", L"無効な色番号です。"},
-                    {255, 1, L"abc", L"無効な色番号です。"},
-                    {7, 1, L"-1", L"無効な色番号です。"},
-                    {7, 1, L"", L"無効な色番号です。"},
-                    {7, 1, L"255"}}},
-                  {kMarks,
-                   "ARROW 12,0=_DOT\nARROW 13,180=_OPEN\n",
-                   {{1, 1, L"", L"マーク番号が入力されていません 2"},
-                    {1, 2, L"", L"角度が入力されていません 2"},
-                    {0, 3, L"", L"矢印名（複合図形名）が入力されていません 1"},
-                    {0, 1, L"0", L"無効なマーク番号です 1 : 0"},
-                    {1, 1, L"4096", L"無効なマーク番号です 2 : 4096"},
-                    {0, 1, L"4095"},
-                    {1, 2, L"90", L"無効な角度です 2 : 90"},
-                    {1, 2, L"181", L"無効な角度です 2 : 181"},
-                    {1, 2, L"0"},
-                    {0, 3, L"_dot", L"無効な矢印名です 1 : _dot"},
-                    {1, 1, L"012"},
-                    {0, 1, L"12", L"マーク番号が重複しています。 2 : 012"}}}};
-    for (const auto& check : checks) {
-        WriteTable(check.editor.file, check.file);
-        Edit(check.editor, false, [&](HWND dialog, const Grid& grid) {
-            for (const Entry& entry : check.entries) {
-                SCOPED_TRACE(testing::PrintToString(std::wstring(entry.text)) + " in row " + std::to_string(entry.row));
-                const std::wstring before = grid.Cell(entry.row, entry.column);
-                const bool repeats = entry.message && entry.message[5] == L'が' && entry.message[6] == L'重';
-                Change(grid, entry.row, entry.column, entry.text);
-                if (!entry.message) continue;
-                const GridPlace marked{repeats ? 1 : entry.row, entry.column};
-                ExpectRefusal(check.editor, dialog, marked, entry.message);
-                EXPECT_TRUE(IsMarked(grid, marked));
-                Change(grid, entry.row, entry.column, before);
-            }
-            Click(dialog, IDOK);  // all is right again
+        std::string file;
+        GridPlace cell;
+        const wchar_t* text;  // typed into the cell; null: the file is bad enough
+        std::wstring message;
+    } cases[] = {
+        {kPictures, "", {2, 1}, L"", L"レイヤ名が入力されていません 3"},
+        {kOutRevisions, "", {256, 1}, L"階段 手摺", L"レイヤ名に空白は使えません 257 : 階段 手摺"},
+        {kPictures, "PICTURE 3=x" + long65, {2, 1}, nullptr, L"レイヤ名が長すぎます（半角65文字以内） 3 : x" + wide65},
+        {kOutClasses, "CLASS 3=" + long65, {2, 1}, nullptr, L"レイヤ名が長すぎます（半角63文字以内） 3 : " + wide65},
+        {kColors, "", {0, 1}, L"256", L"無効な色番号です。"},
+        {kColors, "", {255, 1}, L"abc", L"無効な色番号です。"},
+        {kMarks, marks, {1, 1}, L"", L"マーク番号が入力されていません 2"},
+        {kMarks, marks, {0, 3}, L"", L"矢印名（複合図形名）が入力されていません 1"},
+        {kMarks, marks, {0, 1}, L"4096", L"無効なマーク番号です 1 : 4096"},
+        {kMarks, marks, {1, 2}, L"90", L"無効な角度です 2 : 90"},
+        {kMarks, marks, {0, 3}, L"_dot", L"無効な矢印名です 1 : _dot"},
+        {kMarks, marks, {1, 1}, L"012", L"マーク番号が重複しています。 2 : 012"},
+    };
+    for (const auto& bad : cases) {
+        WriteTable(bad.editor.file, bad.file);
+        Edit(bad.editor, [&](HWND dialog, const Grid& grid) {
+            if (bad.text) Change(grid, bad.cell.row, bad.cell.column, bad.text);
+            ExpectRefusal(bad.editor, dialog, bad.cell, bad.message);
+            EXPECT_TRUE(IsMarked(grid, bad.cell)) << testing::PrintToString(bad.message);
+            Click(dialog, IDCANCEL);
         });
     }
 }
 
-// Entries of one mark are read from a file, and all but the first of them are marked.
-TEST_F(ExportTables, EveryRepetitionOfAMarkIsShown) {
-    const std::string file = "ARROW 5,0=_DOT\nARROW 7,0=_DOT\nARROW 7,180=_OPEN\nARROW 5,180=_DOT\nARROW 5,0=_DOT\n";
-    WriteTable(kMarkFile, file);
-    Edit(kMarks, false, [&](HWND dialog, const Grid& grid) {
-        const auto marked = [&] {
-            std::vector<int> rows;
+// Entries of one mark are read from a file; all but the first of them are marked, and nothing behind a bad cell.
+TEST_F(ExportTables, MarksComeAndGoAndAreOnlyThereOnce) {
+    WriteTable(kMarkFile, "ARROW 5,0=_DOT\nARROW 7,0=_DOT\nARROW 7,180=_OPEN\nARROW 5,180=_DOT\nARROW 5,0=_DOT\n");
+    Edit(kMarks, [&](HWND dialog, const Grid& grid) {
+        const auto expect = [&](GridPlace cell, const wchar_t* message, const std::vector<int>& marked) {
+            ExpectRefusal(kMarks, dialog, cell, message);
             for (int row = 0; row < grid.Rows(); ++row)
-                if (IsMarked(grid, {row, 1})) rows.push_back(row);
-            return rows;
+                EXPECT_EQ(std::ranges::count(marked, row), IsMarked(grid, {row, 1})) << row;
         };
-        ExpectRefusal(kMarks, dialog, {4, 1}, L"マーク番号が重複しています。 5 : 5");
-        EXPECT_EQ((std::vector{2, 3, 4}), marked());
+        expect({4, 1}, L"マーク番号が重複しています。 5 : 5", {2, 3, 4});
         Change(grid, 4, 1, L"6");
-        // The repetition of row 2 is found after that of row 1.
-        ExpectRefusal(kMarks, dialog, {2, 1}, L"マーク番号が重複しています。 3 : 7");
-        EXPECT_EQ((std::vector{2, 3}), marked());
-        Change(grid, 1, 2, L"90");  // nothing is looked at behind a bad cell
-        ExpectRefusal(kMarks, dialog, {1, 2}, L"無効な角度です 2 : 90");
-        Change(grid, 1, 2, L"0");
-        Change(grid, 2, 1, L"8");
-        Change(grid, 0, 1, L"4");
-        EXPECT_EQ(file, Bytes(kMarkFile));
-        Click(dialog, IDOK);
-    });
-    EXPECT_EQ(
-        "/ Convert Mark to Arrow\r\n/\r\nARROW     4,    0 = _DOT\r\nARROW     7,    0 = _DOT\r\n"
-        "ARROW     8,  180 = _OPEN\r\nARROW     5,  180 = _DOT\r\nARROW     6,    0 = _DOT\r\n/\r\n/ Eof\r\n",
-        Records(kMarkFile));
-}
-
-TEST_F(ExportTables, ArrowsComeAndGo) {
-    Edit(kMarks, false, [&](HWND dialog, const Grid& grid) {
-        Command(kAdd);
-        ExpectRefusal(kMarks, dialog, {0, 3}, L"矢印名（複合図形名）が入力されていません 1");
-        grid.Choose(0);  // longer than what can be typed
-        Command(kInsert);
-        Command(kDelete);
-        Obstruct(kMarkFile);
-        Click(dialog, IDOK);
-        Answer(ReadBox(), IDOK);
-        ASSERT_EQ(dialog, Settle()) << "closed although nothing was written";
-        std::filesystem::remove(TableFile(kMarkFile));
-        Click(dialog, IDOK);
-    });
-    EXPECT_TRUE(Has(kMarkFile, "ARROW     1,  180 = _CLOSEDFILLED\r\n")) << Bytes(kMarkFile);
-    for (const int end : {IDCANCEL, IDOK}) {
-        EXPECT_TRUE(Has(kMarkFile, "ARROW  "));
-        Edit(kMarks, false, [&](HWND dialog, const Grid& grid) {
+        expect({2, 1}, L"マーク番号が重複しています。 3 : 7", {2, 3});  // found after row 4
+        Change(grid, 1, 2, L"1");
+        expect({1, 2}, L"無効な角度です 2 : 1", {2, 3});
+        for (int row = 0; row < 4; ++row) {
             grid.Click(0, 0);
             Command(kDelete);
-            Click(dialog, end);
-        });
-    }
-    EXPECT_TRUE(Has(kMarkFile, "/ Eof") && !Has(kMarkFile, "ARROW  ")) << Bytes(kMarkFile);
-}
-
-// Confirming an editor changes nothing that was not touched: long names, numbers that have no row.
-TEST_F(ExportTables, WhatIsNotTouchedStays) {
-    const std::string name65(65, 'p'), name63 = "表" + std::string(61, 'c');
-    for (const Editor* editor : {&kPictures, &kOutClasses, &kOutRevisions, &kColors}) {
-        WriteTable(kFile, "CLASS_CONTROL ITEM\nPICTURE 257=" + name65 + "\nCLASS 257=" + name63 +
-                              "\nREVISION 1=" + name63 + "\nCOLOR 0=7\nCOLOR 256=9\nCOLOR 3=255\n");
-        std::string saved[2];
-        for (std::string& records : saved) {
-            Edit(*editor, true, [&](HWND dialog, const Grid& grid) {
-                grid.Click(grid.Rows() - 1, 1);
-                Key(VK_F2);
-                Key(VK_TAB);
-                Click(dialog, &records == saved ? IDCANCEL : IDOK);
-            });
-            records = Records(kFile);
         }
-        EXPECT_EQ(saved[0], saved[1]) << testing::PrintToString(std::wstring(editor->caption));
-        EXPECT_TRUE(Has(kFile, "= " + name65 + "\r\n") && Has(kFile, "CLASS    257 = " + name63 + "\r\n") &&
-                    Has(kFile, "REVISION   1 = " + name63 + "\r\n") && Has(kFile, "COLOR    256 =   9\r\n"));
-    }
+        Command(kAdd);
+        grid.Click(1, 3);
+        grid.Choose(0);  // longer than what can be typed
+        Click(dialog, IDOK);
+    });
+    EXPECT_TRUE(Has(kMarkFile, "/\r\nARROW     6,    0 = _DOT\r\nARROW     1,  180 = _CLOSEDFILLED\r\n/\r\n/ Eof"))
+        << Bytes(kMarkFile);
 }
 
-TEST_F(ExportTables, NamesThatTheFileCannotGiveBackAreRefused) {
-    const struct {
-        const Editor& editor;
-        const char* before;
-        std::size_t length;
-        std::wstring message;
-    } cases[] = {{kPictures, "PICTURE 3=", 66, L"レイヤ名が長すぎます（半角65文字以内） 3 : "},
-                 {kOutClasses, "CLASS 3=", 64, L"レイヤ名が長すぎます（半角63文字以内） 3 : "}};
-    for (const auto& name : cases) {
-        WriteTable(kFile, name.before + std::string(name.length, 'x') + "\n");
-        Edit(name.editor, true, [&](HWND dialog, const Grid& grid) {
-            ExpectRefusal(name.editor, dialog, {2, 1}, name.message + std::wstring(name.length, L'x'));
-            grid.Write(L"壁");
+// Confirming an editor changes nothing that was not touched: long names, and entries that have no row.
+TEST_F(ExportTables, WhatIsNotTouchedStays) {
+    const std::string name = "表" + std::string(61, 'c');
+    const std::string pictures = "PICTURE  257 = " + name + "pp\r\n", classes = "CLASS    257 = " + name + "\r\n";
+    const std::string revisions = "REVISION 257 = " + name + "\r\n";
+    const std::string first = "COLOR      0 =   7\r\n", last = "COLOR    256 =   9\r\n";
+    for (const Editor* editor : {&kPictures, &kOutClasses, &kOutRevisions, &kColors}) {
+        WriteTable(kFile, pictures + classes + revisions + first + last);
+        Edit(*editor, [&](HWND dialog, const Grid& grid) {
+            grid.Click(grid.Rows() - 1, 1);
+            Key(VK_F2);
+            Key(VK_TAB);
             Click(dialog, IDOK);
         });
-        EXPECT_TRUE(Has(kFile, "  3 = 壁\r\n"));
+        for (const std::string& line : {pictures, classes, revisions, first, last})
+            EXPECT_TRUE(Has(kFile, line)) << line;
     }
 }
 
-TEST_F(ExportTables, CompositeItemsGoByTheRadioWhenTheEditorIsConfirmed) {
-    const struct {
-        int radio;
-        int end;
-        const char* written;
-    } cases[] = {{kByItemRadio, IDCANCEL, "CLASS_CONTROL  COMPOSITE"},
-                 {kByItemRadio, IDOK, "CLASS_CONTROL  ITEM"},
-                 {kByModelRadio, IDOK, "PICTURE_OFF  0\r\n/\r\n/\r\nPICTURE"}};
-    for (const auto& choice : cases) {
-        WriteTable(kFile, "CLASS_CONTROL COMPOSITE\n");
-        Edit(kOutRevisions, true, [&](HWND dialog, const Grid&) {
-            EXPECT_TRUE(IsChecked(dialog, kByCompositeRadio));
-            Click(dialog, choice.radio);
+TEST_F(ExportTables, CompositeItemsGoByTheRadioOnceTheEditorIsConfirmed) {
+    for (const int end : {IDOK, IDCANCEL}) {  // what was saved first stays then
+        Edit(kOutRevisions, [&](HWND dialog, const Grid& grid) {
+            Change(grid, 0, 1, end == IDOK ? L"初版" : L"変更");
+            Click(dialog, end == IDOK ? kByItemRadio : kByModelRadio);
             EXPECT_EQ(kGrid, FocusId());
-            EXPECT_TRUE(IsChecked(dialog, choice.radio) && !IsChecked(dialog, kByCompositeRadio));
-            Click(dialog, choice.end);
+            Click(dialog, end);
         });
-        EXPECT_TRUE(Has(kFile, choice.written)) << Bytes(kFile);
+        EXPECT_TRUE(Has(kFile, "CLASS_CONTROL  ITEM") && Has(kFile, "REVISION   1 = 初版\r\n"));
     }
 }
 
 TEST_F(ExportTables, AFileThatCannotBeReadOrWrittenLosesNothing) {
     WriteTable(kFile, "PICTURE 1=壁\nPICTURE 300=A\n");
-    Hub(1, 0, [&](HWND box) {  // before the hub is there
+    Hub(1, 0, [&](HWND box) {
         EXPECT_EQ(L"レイヤ・色割当", Text(box));
         Answer(ReadBox(), IDOK);
         const HWND hub = Settle();
         Click(hub, kPictureLayersButton);
-        Change(Grid(Settle(), kGrid), 1, 1, L"ソ表");
+        Change(Grid(Settle(), kGrid), 1, 1, L"ソ=表");
         Click(Settle(), IDOK);
-        std::filesystem::remove(TableFile(kFile));
         Obstruct(kFile);
-        Click(hub, IDOK);
-        Answer(ReadBox(), IDYES);
+        Save(hub);
         EXPECT_EQ(L"No such a file or directory : " + TableFile(kFile).wstring(), ReadBox().text);
         EXPECT_FALSE(IsWindowEnabled(hub)) << "the box stands over something else";
         Answer(ReadBox(), IDOK);
         ASSERT_EQ(hub, Settle());
         std::filesystem::remove(TableFile(kFile));
-        Click(hub, IDOK);
-        Answer(ReadBox(), IDYES);
+        Save(hub);
     });
-    EXPECT_TRUE(Has(kFile, "PICTURE    1 = 壁\r\nPICTURE    2 = ソ表\r\n"));
+    EXPECT_TRUE(Has(kFile, "PICTURE    1 = 壁\r\nPICTURE    2 = ソ=表\r\n"));
 }
 
-TEST_F(ExportTables, TheLauncherOpensNewAndOldTables) {
-    const struct {
-        int button;
-        const wchar_t* name;
-        bool exists;
-        const char* first;  // picture 1 in the file that is saved
-    } cases[] = {{kNewOutLayerTableButton, L"KIRODXF_LAYER_表", true, "PICTURE    1 = 0\r\n"},
-                 {kChangeOutLayerTableButton, L"KIRODXF_LAYER_表", true, "PICTURE    1 = 壁\r\n"},
-                 {kChangeOutLayerTableButton, L"KIRODXF_LAYER_ソ", false, "PICTURE    1 = 0\r\n"}};
-    for (const auto& opened : cases) {
-        const std::string before = opened.exists ? "PICTURE 1=壁\n" : "";
-        if (opened.exists) WriteTable(opened.name, before);
-        KrDxfOutTable launcher;
-        Play(launcher, [&](HWND dialog) {
-            for (const int end : {IDCANCEL, IDOK}) {
-                EXPECT_EQ(before, Bytes(opened.name));
-                Choose(dialog, opened.button, opened.name);
-                if (opened.exists == (opened.button == kNewOutLayerTableButton)) Answer(ReadBox(), IDYES);
-                Click(Settle(), end);
-                if (end == IDOK) Answer(ReadBox(), IDYES);
-                ASSERT_EQ(dialog, Settle());
-            }
-            Click(dialog, IDCANCEL);
-        });
-        EXPECT_TRUE(Has(opened.name, opened.first)) << Bytes(opened.name);
-    }
+TEST_F(ExportTables, ANewTableStartsFromTheDefaults) {
+    WriteTable(L"KIRODXF_LAYER_表", "PICTURE 1=壁\n");
+    KrDxfOutTable launcher;
+    Play(launcher, [&](HWND dialog) {
+        for (const int button : {kChangeOutLayerTableButton, kNewOutLayerTableButton}) {
+            const bool isNew = button == kNewOutLayerTableButton;
+            Choose(dialog, button, L"KIRODXF_LAYER_表");
+            if (isNew) Answer(ReadBox(), IDYES);
+            EXPECT_TRUE(IsEnabled(Settle(), kPictureLayersButton));
+            Save(Settle());
+            EXPECT_TRUE(Has(L"KIRODXF_LAYER_表", isNew ? "PICTURE    1 = 0\r\n" : "PICTURE    1 = 壁\r\n"));
+        }
+        Click(dialog, IDCANCEL);
+    });
 }
