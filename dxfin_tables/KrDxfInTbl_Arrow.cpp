@@ -3,9 +3,9 @@
 #include <cmath>
 #include <cstring>
 
-#include "tablehub/EditorTexts.h"
 #include "entry/host/kirodxf.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Arrow.ids.h"
+#include "text/NumberText.h"
 #include "text/SlotText.h"
 
 namespace {

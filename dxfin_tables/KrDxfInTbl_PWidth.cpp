@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "tablehub/EditorTexts.h"
 #include "dxfin_tables/LineWeights.h"
 #include "resources/dxfin_tables/KrDxfInTbl_PWidth.ids.h"
+#include "text/NumberText.h"
 
 namespace {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstring>
 
-#include "tablehub/EditorTexts.h"
 #include "dxfin_tables/KrDxfInTbl_TFont2.h"
 #include "resources/dxfin_tables/KrDxfInTbl_TFont.ids.h"
+#include "text/NumberText.h"
 #include "text/SlotText.h"
 
 namespace {

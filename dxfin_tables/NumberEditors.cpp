@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "tablehub/EditorTexts.h"
 #include "dxfin_tables/KrDxfInTbl_CWidth.h"
 #include "dxfin_tables/KrDxfInTbl_Color.h"
 #include "dxfin_tables/KrDxfInTbl_LWidth.h"
@@ -11,6 +10,7 @@
 #include "resources/dxfin_tables/KrDxfInTbl_CWidth.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Color.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_LWidth.ids.h"
+#include "text/NumberText.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 
 #include "dxfout_tables/KrDxfOutTbl_TFont2.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_TFont.ids.h"
-#include "tablehub/EditorTexts.h"
+#include "text/NumberText.h"
 #include "text/SlotText.h"
 
 namespace {

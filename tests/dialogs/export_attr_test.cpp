@@ -200,6 +200,8 @@ TEST_F(ExportAttributes, OtherNamesStandInTheFirstRowOnly) {
         Change(grid, 0, kName, L"ROMANS");
         grid.Click(1, kName);
         EXPECT_EQ(L"書体名は変更できません。", Guidance(dialog));
+        Key(VK_F2);
+        EXPECT_FALSE(grid.IsOpen());
         Click(dialog, IDOK);
     });
     Styles([&](HWND dialog, const Grid& grid) {

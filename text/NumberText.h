@@ -1,4 +1,4 @@
-// What the editors of the conversion tables share.
+// Numbers as the cells of the table editors show them.
 #pragma once
 
 #include <string>
@@ -15,4 +15,4 @@ inline std::string NumberText(double number) {
 }
 
 // A cell that holds a number the host has found valid.
-inline double RealOf(const std::string& text) { return ReadReal(text).value_or(0.0); }
+inline double RealOf(std::string_view text) { return ReadReal(text).value_or(0.0); }
