@@ -1,6 +1,4 @@
 // The attribute conversion of an export, and the editor of its text fonts.
-#include <algorithm>
-
 #include "dxfout/KrDxfOutAttr.h"
 #include "dxfout_tables/KrDxfOutTbl_TFont.h"
 #include "entry/host/kirodxf.h"
@@ -17,12 +15,12 @@ const struct {
     std::int32_t Block::*word;
     int automatic;
     int byTable;
-    std::vector<int> buttons;
+    int button;
 } kRows[] = {
-    {&Block::layerConversion, kOutLayerAutoRadio, kOutLayerTableRadio, {kOutLayerNewButton, kOutLayerChangeButton}},
-    {&Block::lineConversion, kOutLineAutoRadio, kOutLineTableRadio, {kOutLineChangeButton}},
-    {&Block::fontConversion, kOutFontAutoRadio, kOutFontTableRadio, {kOutFontChangeButton}},
-    {&Block::arrowConversion, kOutArrowAutoRadio, kOutArrowTableRadio, {kOutArrowChangeButton}},
+    {&Block::layerConversion, kOutLayerAutoRadio, kOutLayerTableRadio, kOutLayerNewButton},
+    {&Block::lineConversion, kOutLineAutoRadio, kOutLineTableRadio, kOutLineChangeButton},
+    {&Block::fontConversion, kOutFontAutoRadio, kOutFontTableRadio, kOutFontChangeButton},
+    {&Block::arrowConversion, kOutArrowAutoRadio, kOutArrowTableRadio, kOutArrowChangeButton},
 };
 
 constexpr wchar_t kStyleFile[] = L"KIRODXF_STYLE";
@@ -44,6 +42,14 @@ class ExportAttributes : public ImportTables {
         KrDxfOutTbl_TFont dialog(info.get());
         Play(dialog, [&](HWND window) { user(window, Grid(window, kGrid)); });
     }
+    // Types what must be refused, and puts it right.
+    static void Refuse(HWND dialog, const Grid& grid, GridPlace cell, const std::wstring& text,
+                       const std::wstring& message) {
+        const std::wstring before = grid.Cell(cell.row, cell.column);
+        Change(grid, cell.row, cell.column, text);
+        ExpectRefusal(kStyles, dialog, cell, message);
+        Change(grid, cell.row, cell.column, before);
+    }
 
     std::unique_ptr<TARNAINFO> info = std::make_unique<TARNAINFO>();
     Block params;
@@ -52,132 +58,87 @@ class ExportAttributes : public ImportTables {
 }  // namespace
 
 TEST_F(ExportAttributes, RadiosShowTheBlockAndSetIt) {
-    for (const std::int32_t value : {0, 1, 7}) {  // the last shows as 1
-        for (std::size_t changed = 0; changed < std::size(kRows); ++changed) {
-            for (const auto& row : kRows) params.*row.word = value;
-            const Block before = params;
-            const auto user = [&](HWND dialog, int end) {
+    for (int round = 0; round < 3; ++round) {
+        const bool unknown = round == 2;  // values that no button has: by the table
+        for (int i = 0; i < 4; ++i) params.*kRows[i].word = unknown ? 7 : (i + round) % 2;
+        const Block before = params;
+        Block changed = params;
+        for (const auto& row : kRows) changed.*row.word = unknown ? 1 : 1 - before.*row.word;
+        for (const bool confirm : {false, true}) {
+            Convert([&](HWND dialog) {
                 for (const auto& row : kRows) {
-                    EXPECT_EQ(value != 0, IsChecked(dialog, row.byTable));
-                    EXPECT_EQ(value == 0, IsChecked(dialog, row.automatic));
-                    for (const int button : row.buttons) EXPECT_EQ(value != 0, IsEnabled(dialog, button)) << button;
+                    EXPECT_EQ(before.*row.word != 0, IsChecked(dialog, row.byTable));
+                    Click(dialog, changed.*row.word ? row.byTable : row.automatic);
                 }
-                Click(dialog, value ? kRows[changed].automatic : kRows[changed].byTable);
-                for (const auto& row : kRows) {
-                    const bool table = (value != 0) != (&row == &kRows[changed]);
-                    for (const int button : row.buttons) EXPECT_EQ(table, IsEnabled(dialog, button)) << button;
-                }
-                Click(dialog, end);
-            };
-            Convert([&](HWND dialog) { user(dialog, IDCANCEL); });
-            EXPECT_EQ(0, std::memcmp(&before, &params, sizeof params));
-            Convert([&](HWND dialog) { user(dialog, IDOK); });
-            Block expected = before;
-            for (const auto& row : kRows) expected.*row.word = (value != 0) != (&row == &kRows[changed]);
-            EXPECT_EQ(0, std::memcmp(&expected, &params, sizeof params));
+                for (const auto& row : kRows) EXPECT_EQ(changed.*row.word != 0, IsEnabled(dialog, row.button));
+                Click(dialog, confirm ? IDOK : IDCANCEL);
+            });
+            EXPECT_EQ(0, std::memcmp(confirm ? &changed : &before, &params, sizeof params));
         }
     }
 }
 
 TEST_F(ExportAttributes, KeepsTheSettingsWhereItIsWanted) {
-    for (const auto& row : kRows) params.*row.word = 0;
     Block kept{};
-    for (const auto& [radio, keep, value] :
-         {std::tuple(kOutLineTableRadio, false, -1), {kOutLineTableRadio, true, 1}, {kOutLineAutoRadio, false, 1}}) {
-        Convert([&, choice = radio, mark = keep](HWND dialog) {
-            Click(dialog, choice);
-            if (mark) Click(dialog, kOutKeepSettingsCheck);
+    for (const bool keep : {false, true}) {
+        Convert([&](HWND dialog) {
+            Click(dialog, kOutLineAutoRadio);
+            if (keep) Click(dialog, kOutKeepSettingsCheck);
             Click(dialog, IDOK);
         });
-        EXPECT_EQ(value < 0, DxfOutReadParam(&kept) != 0);
-        EXPECT_TRUE(value < 0 || kept.lineConversion == value);
+        EXPECT_EQ(keep, DxfOutReadParam(&kept) == 0);
     }
+    EXPECT_EQ(0, std::memcmp(&params, &kept, sizeof kept));
 }
 
 TEST_F(ExportAttributes, TextFontsAreThoseOfTheVersion) {
-    params.fontConversion = 1;
-    const auto font = [](HWND dialog) {
-        const std::wstring text = Grid(dialog, kGrid).Cell(0, kFont);
+    const auto expect = [](const wchar_t* font, HWND dialog) {
+        EXPECT_EQ(font, Grid(dialog, kGrid).Cell(0, kFont));
         Click(dialog, IDCANCEL);
-        return text;
     };
     Convert([&](HWND dialog) {
         Click(dialog, kOutFontChangeButton);
-        EXPECT_EQ(L"monotxt", font(Settle()));
-        ASSERT_EQ(dialog, Settle());
+        expect(L"monotxt", Settle());
         Click(dialog, IDCANCEL);
     });
     info->output.exportParams = nullptr;
-    Styles([&](HWND dialog, const Grid&) { EXPECT_EQ(L"txt", font(dialog)); });
+    Styles([&](HWND dialog, const Grid&) { expect(L"txt", dialog); });
     info = nullptr;
-    Styles([&](HWND dialog, const Grid&) { EXPECT_EQ(L"txt", font(dialog)); });
-    EXPECT_FALSE(std::filesystem::exists(TableFile(kStyleFile)));
+    Styles([&](HWND dialog, const Grid&) { expect(L"txt", dialog); });
 }
 
-TEST_F(ExportAttributes, StylesThatTheFileCannotGiveBackAreRefused) {
-    const struct {
-        int row;
-        int column;
-        std::wstring text;
-        std::wstring message;
-    } cases[] = {
-        {0, kWidth, L"-0.1", L"無効な文字幅係数です 1 : -0.1"},
-        {2, kWidth, L"999.1", L"無効な文字幅係数です 3 : 999.1"},
-        {1, kKanjiWidth, L"0", L"無効な文字幅係数です 2 : 0"},
-        {1, kKanjiDrawing, L"0", L"無効な文字描画係数です 2 : 0"},
-        {2, kDrawing, L"", L"無効な文字描画係数です 3 : "},
-        {0, kFont, L"", L"フォントファイル名が入力されていません 1"},
-        {3, kFont, L"a,b", L"フォントファイル名に空白と「,」は使えません 4 : a,b"},
-        {1, kBigFont, L"", L"ビッグフォントファイル名が入力されていません 2"},
-        {3, kBigFont, L"a b", L"ビッグフォントファイル名に空白と「,」は使えません 4 : a b"},
-        {0, kFont, std::wstring(32, L'x'), L"1行に書ける長さを半角1文字分超えています 1 : " + std::wstring(32, L'x')},
-        {3, kFont, std::wstring(40, L'表'),
-         L"1行に書ける長さを半角58文字分超えています 4 : " + std::wstring(40, L'表')},
-    };
-    const std::wstring longest = std::wstring(15, L'表') + L"x";
-    Styles([&](HWND dialog, const Grid& grid) {
-        for (const auto& entry : cases) {
-            SCOPED_TRACE(testing::PrintToString(entry.text));
-            const std::wstring before = grid.Cell(entry.row, entry.column);
-            Change(grid, entry.row, entry.column, entry.text);
-            ExpectRefusal(kStyles, dialog, {entry.row, entry.column}, entry.message);
-            Change(grid, entry.row, entry.column, before);
-        }
-        Change(grid, 0, kWidth, L"0");
-        Change(grid, 0, kFont, longest);
-        Click(dialog, IDOK);
-    });
-    Styles([&](HWND dialog, const Grid& grid) {
-        EXPECT_EQ(longest, grid.Cell(0, kFont));
-        EXPECT_EQ(L"0.75", grid.Cell(0, kDrawing)) << "behind the font, and still read";
-        EXPECT_EQ(L"0", grid.Cell(0, kWidth));
-        Click(dialog, IDCANCEL);
-    });
-}
-
-TEST_F(ExportAttributes, PairsShareTheirFactors) {
+TEST_F(ExportAttributes, StylesComeBackOrAreRefused) {
     std::vector<Cells> rows;
     Styles([&](HWND dialog, const Grid& grid) {
+        const auto refuse = [&](GridPlace cell, const std::wstring& text, const std::wstring& message) {
+            Refuse(dialog, grid, cell, text, message);
+        };
+        refuse({0, kWidth}, L"-0.1", L"無効な文字幅係数です 1 : -0.1");
+        refuse({2, kWidth}, L"999.1", L"無効な文字幅係数です 3 : 999.1");
+        refuse({1, kKanjiWidth}, L"0", L"無効な文字幅係数です 2 : 0");
+        refuse({1, kKanjiDrawing}, L"0", L"無効な文字描画係数です 2 : 0");
+        refuse({2, kDrawing}, L"0", L"無効な文字描画係数です 3 : 0");
+        refuse({0, kFont}, L"", L"フォントファイル名が入力されていません 1");
+        refuse({3, kFont}, L"a,b", L"フォントファイル名に空白と「,」は使えません 4 : a,b");
+        refuse({1, kBigFont}, L"", L"ビッグフォントファイル名が入力されていません 2");
+        refuse({3, kBigFont}, L"a b", L"ビッグフォントファイル名に空白と「,」は使えません 4 : a b");
+        for (const auto& [row, text, excess] : {std::tuple(0, std::wstring(32, L'x'), L"1文字分超えています 1 : "),
+                                                {3, std::wstring(40, L'表'), L"58文字分超えています 4 : "}})
+            refuse({row, kFont}, text, L"1行に書ける長さを半角" + (excess + text));
         for (const auto& [row, column] : {std::pair(0, kWidth), {1, kKanjiWidth}, {2, kDrawing}, {3, kKanjiDrawing}}) {
-            const int partner = row ^ 1;
-            grid.Click(partner, column);
-            EXPECT_NE(L"", Guidance(dialog));
-            Key(VK_F2);
-            EXPECT_FALSE(grid.IsOpen()) << partner;
             Change(grid, row, column, L"1.5");
-            EXPECT_EQ(L"1.5", grid.Cell(partner, column));
+            EXPECT_EQ(L"1.5", grid.Cell(row ^ 1, column));
         }
+        Change(grid, 0, kWidth, L"0");
+        Change(grid, 0, kFont, std::wstring(17, L'表'));  // all that the record can hold
         grid.Click(1, kDirection);
         grid.Choose(1);
-        Change(grid, 0, kBigFont, L"big");
         Click(dialog, kTwoToOneCheck);
         rows = AllRows(grid);
         Click(dialog, IDOK);
     });
-    EXPECT_TRUE(Has(kStyleFile,
-                    "STYLE = BIGFONT, 1.5, 2, 1.5,,, monotxt, bigfont, 0.75, 0.95\r\n"
-                    "STYLE = TSTANDARD, 1, 2, 1.1875,,, monotxt, , 1.5, 1.5\r\n"))
-        << Bytes(kStyleFile);
+    EXPECT_TRUE(Has(kStyleFile, "STYLE = BIGFONT, 0, 2, 1.5,,, monotxt, bigfont, 0.75, 0.95\r\n"));
+    EXPECT_TRUE(Has(kStyleFile, "STYLE = TSTANDARD, 1, 2, 1.1875,,, monotxt, , 1.5, 1.5\r\n"));
     Styles([&](HWND dialog, const Grid& grid) {
         EXPECT_EQ(rows, AllRows(grid));
         EXPECT_TRUE(IsChecked(dialog, kTwoToOneCheck));
@@ -191,15 +152,12 @@ TEST_F(ExportAttributes, OtherNamesStandInTheFirstRowOnly) {
     Styles([&](HWND dialog, const Grid& grid) {
         ExpectRefusal(kStyles, dialog, {1, kName}, L"この行の書体名は「BIGFONT」です 2 : OTHER");
         Change(grid, 1, kName, L"BIGFONT");
-        for (const auto& [name, message] : {std::pair(L"", L"書体名が入力されていません 1"),
-                                            {L"BIGFONT", L"書体名が重複しています 1 : BIGFONT"},
-                                            {L"A,B", L"書体名に空白と「,」は使えません 1 : A,B"}}) {
-            Change(grid, 0, kName, name);
-            ExpectRefusal(kStyles, dialog, {0, kName}, message);
-        }
+        Refuse(dialog, grid, {0, kName}, L"BIGFONT", L"書体名が重複しています 1 : BIGFONT");
+        Refuse(dialog, grid, {0, kName}, L"A,B", L"書体名に空白と「,」は使えません 1 : A,B");
         Change(grid, 0, kName, L"ROMANS");
         grid.Click(1, kName);
-        EXPECT_EQ(L"書体名は変更できません。", Guidance(dialog));
+        Key(VK_F2);
+        EXPECT_FALSE(grid.IsOpen()) << "it is as it must be";
         Click(dialog, IDOK);
     });
     Styles([&](HWND dialog, const Grid& grid) {
