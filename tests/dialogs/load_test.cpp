@@ -122,8 +122,7 @@ TEST(Load, FreedAfterDialogsItLeavesNoMoreThanTheDialogs) {
         dialogs = HeapCost(LoadAndCall);
         module = GetModuleHandleW(L"kirodlglib.dll");
     }
-    WNDCLASSEXW left{};
-    left.cbSize = sizeof left;
-    EXPECT_FALSE(GetClassInfoExW(module, L"KiroGuidanceLine", &left)) << "its procedure is gone";
+    WNDCLASSW left;
+    EXPECT_FALSE(GetClassInfoW(module, L"KiroGuidanceLine", &left)) << "its procedure is gone";
     EXPECT_EQ(dialogs, HeapCost(LoadAndCall));
 }
