@@ -231,8 +231,10 @@ TEST_F(Import, PlaceholderAndCombosChangePlacesWithTheTexts) {
             Focus(dialog, kSubModelEdit);
             EXPECT_EQ(narrow.left, Area(dialog, combo).left);
             EXPECT_EQ(ERROR, GetWindowRgnBox(Control(dialog, edit), &shown)) << "the edit does not come back";
+            EXPECT_EQ(Control(dialog, edit), GetWindow(Control(dialog, combo), GW_HWNDPREV)) << "the Tab key's order";
         }
-        Click(dialog, kShapeRadio);  // another type: another file
+        EXPECT_EQ(kVersion, VersionOf(dialog, L"\x00E9"));  // a text that cannot be read is no name
+        Click(dialog, kShapeRadio);                         // another type: another file
         expectPlaceholder();
     });
 }

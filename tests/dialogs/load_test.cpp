@@ -116,9 +116,13 @@ TEST(Load, FreedItLeavesNothing) {
 // What the system itself keeps of every dialog is not the library's.
 TEST(Load, FreedAfterDialogsItLeavesNoMoreThanTheDialogs) {
     std::size_t dialogs = 0;
+    HMODULE module = nullptr;
     {
         const Library kept;
         dialogs = HeapCost(LoadAndCall);
+        module = GetModuleHandleW(L"kirodlglib.dll");
     }
+    WNDCLASSW left;
+    EXPECT_FALSE(GetClassInfoW(module, L"KiroGuidanceLine", &left)) << "its procedure is gone";
     EXPECT_EQ(dialogs, HeapCost(LoadAndCall));
 }

@@ -130,8 +130,8 @@ TEST_F(Parts, TwoGridsAreCheckedEachInItsWay) {
         Change(values, 0, 0, L"0");
         Change(values, 1, 1, L"256");
         Change(values, 3, 0, L"");
-        EXPECT_EQ((std::vector<std::pair<int, int>>{{0, 0}, {1, 1}, {3, 0}}), dialog.changed);
         Change(names, 2, 1, L"実線");
+        EXPECT_EQ((std::vector<std::pair<int, int>>{{0, 0}, {1, 1}, {3, 0}}), dialog.changed);
         Click(window, IDOK);
         EXPECT_EQ(L"線種名が重複しています。 1 - 3", Guidance(window));
         EXPECT_EQ(1u, dialog.patterns.Faults().size());

@@ -5,6 +5,7 @@
 #include "dxfin_tables/KrDxfInTbl_IO.h"
 #include "dxfout_tables/KrDxfOutTbl_IO.h"
 #include "entry/host/ParamBlocks.h"
+#include "tables/FileBeside.h"
 #include "tables/FileReplace.h"
 #include "tests/dialogs/TestHost.h"
 #include "text/SlotText.h"
@@ -219,7 +220,29 @@ TEST_F(TableIoTest, AFileThatCannotBeWrittenStays) {
         ExpectBox(kExport[i].caption, L"No such a file or directory : " + Full(kExport[i].file), MB_ICONWARNING,
                   [&] { EXPECT_FALSE(WriteExport(i)); });
     }
-    EXPECT_EQ(8, std::distance(fs::directory_iterator(home / L"DXF\\TABLE"), {})) << "nothing else is left";
+}
+
+// What an operator keeps beside a table is none of ours. What an earlier run left there is, and goes.
+TEST_F(TableIoTest, NothingIsLeftBesideATable) {
+    const std::wstring folder = L"DXF\\TABLE\\", own = L"~DXFKIRO_LAYER";
+    const fs::path path = Write(folder + kImport[0].file, "/ old\r\n");
+    ReadImport(0);
+    for (const std::wstring& name : {own, std::wstring(L"~kiro-1.tmp"), std::wstring(L"~kiro-00000001.tmp")})
+        Write(folder + name, "own");
+    const unsigned long last = std::wcstoul(NameBeside(GetCurrentProcessId()).c_str() + 6, nullptr, 16);
+    wchar_t next[32];  // is taken
+    std::swprintf(next, 32, L"~kiro-%08lx.tmp", last + 1);
+    fs::create_directory(PathOf(next));
+    ExpectNoBox([&] { EXPECT_TRUE(WriteImport(0)); });
+    const std::string written = Bytes(kImport[0].file);
+    EXPECT_NE("/ old\r\n", written);
+    // Another program has it open.
+    const HANDLE reader = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    drive::Drive([&] { EXPECT_FALSE(WriteImport(0)); }, [] { drive::Answer(drive::ReadBox(), IDOK); });
+    CloseHandle(reader);
+    EXPECT_EQ(written, Bytes(kImport[0].file));
+    EXPECT_EQ("own", Bytes(own.c_str()));
+    EXPECT_EQ(4, std::distance(fs::directory_iterator(home / folder), {}));
 }
 
 TEST_F(TableIoTest, ReadsWithoutAnErrorList) {
