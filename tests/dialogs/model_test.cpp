@@ -120,6 +120,7 @@ TEST_F(ModelTest, RefusesAWrongFileWithPlaceAndReason) {
         {u8R"({"layouts": [{"number": 1}, {"number": 1}]})", "layouts[1]: layout 1 is given twice"},
         {u8R"({"layouts": [{"number": 1, "name": "é"}]})",
          "layouts[0].name: code page 932 has not all of its characters"},
+        {u8R"({"layouts": [{"number": 1, "name": {}}]})", "layouts[0].name: a text is expected"},
         {u8R"({"layouts": [{"number": 1, "name": {"hex": "4100"}}]})",
          "layouts[0].name.hex: pairs of hexadecimal digits without 00 are expected, such as \"B0A1\""},
         {u8R"({"layouts": [{"number": 1, "name": {"hex": "4"}}]})",
