@@ -63,8 +63,8 @@ KIRODXF_API int DxfOutReadParam(DxfOutParamBlock* params);
 KIRODXF_API void setdxfintblnam(const char* name);
 KIRODXF_API void setdxfottblnam(const char* name);
 KIRODXF_API void setdxfdrawscl(double scale);
-// Writes one file, of a layout (drawing above 0) or of a picture. 0, or a negative error code: KrUtility's
-// GetMessageText and DxfGetErrorMessage have a text for it.
+// Writes one file, of a layout (drawing above 0) or of a picture. 0, or a negative error code: the number of a message
+// of KrUtility's GetMessageText with the sign turned.
 KIRODXF_API int DxfOutFloppy(bool floppy, const char* path, int drawing, int picture);
 KIRO_CONSTANT(kDxfOutNotBuilt, -83);    // this host has no writer of drawings
 KIRODXF_API int DxfIsModelCheck(void);  // not 0: the model is to be checked before an export

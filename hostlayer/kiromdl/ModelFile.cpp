@@ -100,7 +100,7 @@ void Number(std::array<std::optional<Thing>, 256>& things, int number, Thing thi
     slot = std::move(thing);
 }
 
-// ---- Names: a text, or its bytes ----
+// ---- Names: a text, or its bytes in EUC or what is none ----
 
 int HexDigit(char c) {
     constexpr std::string_view kDigits = "0123456789ABCDEF";
@@ -121,7 +121,7 @@ std::string Bytes(const json& value, const std::string& where) {
 }
 
 void ReadName(const json& value, const std::string& where, std::size_t limit, std::string& out) {
-    if (value.is_object()) {
+    if (value.is_object() && !value.empty()) {
         ForEachMember(value, where, [&](std::string_view name, const json& member, const std::string& at) {
             if (name != "hex") return false;
             out = Bytes(member, at);

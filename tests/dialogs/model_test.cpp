@@ -120,6 +120,7 @@ TEST_F(ModelTest, RefusesAWrongFileWithPlaceAndReason) {
         {u8R"({"layouts": [{"number": 1}, {"number": 1}]})", "layouts[1]: layout 1 is given twice"},
         {u8R"({"layouts": [{"number": 1, "name": "é"}]})",
          "layouts[0].name: code page 932 has not all of its characters"},
+        {u8R"({"layouts": [{"number": 1, "name": {}}]})", "layouts[0].name: a text is expected"},
         {u8R"({"layouts": [{"number": 1, "name": {"hex": "4100"}}]})",
          "layouts[0].name.hex: pairs of hexadecimal digits without 00 are expected, such as \"B0A1\""},
         {u8R"({"layouts": [{"number": 1, "name": {"hex": "4"}}]})",
@@ -176,7 +177,7 @@ TEST_F(ModelTest, ChoosersGiveTheNumberOfTheChosenRow) {
             for (const WORD key : keys) Key(key);
         };
     };
-    const auto lastTwo = [](const Grid&) { Key(VK_END), KeyHolding(VK_SHIFT, VK_UP), Key(VK_RETURN); };
+    const auto down = [](const Grid&) { KeyHolding(VK_SHIFT, VK_DOWN), Key(VK_RETURN); };
     const struct {
         const std::function<int()>& call;
         std::vector<std::wstring> first;
@@ -189,8 +190,8 @@ TEST_F(ModelTest, ChoosersGiveTheNumberOfTheChosenRow) {
         {flagged, {L"1", L"1/2", L"0"}, press({VK_END, VK_RETURN}), 256},
         {layouts, {L"2", L"側面図①", L"8"}, press({VK_DOWN, VK_TAB, VK_SPACE}), 7},
         {layouts, {L"2", L"側面図①", L"8"}, press({VK_TAB, VK_TAB, VK_SPACE}), 0},
-        {layouts, {L"2", L"側面図①", L"8"}, lastTwo, 7},
-        {several, {L"2", L"側面図①", L"8"}, lastTwo, 7},
+        {layouts, {L"2", L"側面図①", L"8"}, down, 7},
+        {several, {L"2", L"側面図①", L"8"}, down, 2},
     };
     for (const auto& row : kRows) {
         EXPECT_EQ(row.chosen, Drive(row.call, [&] {
@@ -200,7 +201,7 @@ TEST_F(ModelTest, ChoosersGiveTheNumberOfTheChosenRow) {
                       row.user(list);
                   }));
     }
-    EXPECT_EQ((std::vector{2, 7, 256}), (std::vector{count, chosen[0], chosen[1]}));
+    EXPECT_EQ((std::vector{2, 2, 7}), (std::vector{count, chosen[0], chosen[1]}));
 }
 
 TEST_F(ModelTest, ChooserStartsAtTheCurrentPictureAndConfirmsOnlyAChoice) {
