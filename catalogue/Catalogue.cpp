@@ -113,7 +113,7 @@ const CatalogueDialog kDialogs[] = {
     {"table-fonts-help", kDxfInTextFontHelpDialog, Plain<KrDxfInTbl_TFont2>},
     {"table-arrows", kDxfInArrowDialog, Plain<KrDxfInTbl_Arrow>, kHasGrid, L"DXFKIRO_ARROW"},
     // The tables of the export.
-    {"export-table-lines", kDxfOutLineTableDialog, Plain<KrDxfOutTbl_Line>, kSlower},
+    {"export-table-lines", kDxfOutLineTableDialog, Plain<KrDxfOutTbl_Line>, kReadsFile},
     {"export-table-line-types", kDxfOutLineTypeGridDialog, ExportLineTypes, kHasGrid},
     {"export-table-patterns", kDxfOutPatternGridDialog, ExportPatterns, kHasGrid},
     {"export-table-line-widths", kDxfOutLineWidthGridDialog, ExportLineWidths, kHasGrid},

@@ -124,11 +124,13 @@ TEST_F(ExportLines, LineTypesAndWeightsAreCheckedInOnePass) {
     // Of weights that are not shown nothing is checked or changed.
     table->widthType = 1;
     table->weightColor[1] = 256;
+    table->weightWidth[1] = 1 / 3.0;
     Edit<KrDxfOutTbl_LStyle>([&](const Grid&, const Grid&) {
         EXPECT_FALSE(IsShown(dialog, kWeightGrid));
         Click(dialog, IDOK);
     });
     EXPECT_EQ(256, table->weightColor[1]);
+    EXPECT_EQ(1 / 3.0, table->weightWidth[1]);
 }
 
 TEST_F(ExportLines, PatternsAreCustomizedForWhatTheGridsHold) {
