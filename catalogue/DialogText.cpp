@@ -53,6 +53,7 @@ std::string ButtonKind(HWND button) {
 std::string StaticKind(HWND control) {
     switch (GetWindowLongW(control, GWL_STYLE) & SS_TYPEMASK) {
         case SS_BITMAP:
+        case SS_OWNERDRAW:
             return "picture";
         case SS_ETCHEDHORZ:
         case SS_ETCHEDFRAME:

@@ -149,6 +149,12 @@ class GridWriter {
         OpenRowMenu(grid_.Rows() > 0 ? row : -1);
         PickMenu(command);
         std::string text = "  " + Quoted(name) + " in row 1: ";
+        if (IsBox(Settle())) {
+            const Box box = ReadBox();
+            Answer(box, IDOK);
+            Settle();
+            return text + "box " + Quoted(box.caption) + ", " + Quoted(box.text) + "\n";
+        }
         if (grid_.Rows() < rows) return text + "deleted\n";
         if (grid_.Rows() > rows)
             return text + "current cell " + Place(grid_.Current()) + ", row " + Row(grid_.Current().row);

@@ -6,5 +6,8 @@
 
 class KrDxfInTbl_TFont2 final : public kiro::ui::Dialog {
   public:
-    KrDxfInTbl_TFont2() : Dialog(kDxfInTextFontHelpDialog) {}
+    KrDxfInTbl_TFont2();
+
+  private:
+    static void DrawFigure(const DRAWITEMSTRUCT& request);
 };

@@ -2,6 +2,7 @@
 #include "Scenes.h"
 #include "driver/Driver.h"
 #include "driver/GridDriver.h"
+#include "resources/dxfout_tables/KrDxfOutTbl_Line.ids.h"
 #include "resources/grid.ids.h"
 
 namespace kiro {
@@ -49,12 +50,28 @@ Windows RowMenu(const std::wstring&) {
     return {editor, OpenMenu()};
 }
 
+Windows PatternChosen(const std::wstring&) {
+    const HWND editor = Settle();
+    Grid(editor, kGrid).Click(5, 1);
+    return {editor};
+}
+
+// The line types without the weights.
+Windows LineTypesAlone(const std::wstring&) {
+    const HWND hub = Settle();
+    Click(hub, kToLineWidthsRadio);
+    Click(hub, kFontLineTypesButton);
+    return {Settle()};
+}
+
 constexpr Scene kScenes[] = {
     {"table-layer-classes-typed", "table-layer-classes", ClassTyped},
     {"table-layer-classes-choices", "table-layer-classes", ClassChoices},
     {"table-layer-classes-refused", "table-layer-classes", ClassRefused},
     {"table-layer-classes-marked", "table-layer-classes", ClassMarked},
     {"table-layer-classes-menu", "table-layer-classes", RowMenu},
+    {"export-table-line-types-alone", "export-table-lines", LineTypesAlone},
+    {"export-table-patterns-chosen", "export-table-patterns", PatternChosen},
 };
 
 }  // namespace
