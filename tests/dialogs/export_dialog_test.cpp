@@ -327,7 +327,7 @@ TEST_F(Export, ParametersAreCheckedThenWritten) {
                 {kHatchNameEdit, L" ", missing, kHatchNameEdit},
                 {kSubmodelNameEdit, L"", missing, kSubmodelNameEdit},
                 {kSubmodelNameEdit, L"\x00E9", L"「\x00E9」", kSubmodelNameEdit},
-                {kSubmodelNameEdit, std::wstring(33, L'表'), L"長すぎます", kSubmodelNameEdit}};
+                {kSubmodelNameEdit, std::wstring(32, L'表') + L"x", L"長すぎます", kSubmodelNameEdit}};
     DxfOutParamBlock expected = record.params;
     const INT_PTR result = Parameters([&](HWND dialog) {
         EXPECT_FALSE(IsShown(dialog, kPidOnRadio) || IsShown(dialog, kPidGroup));
@@ -369,7 +369,7 @@ TEST_F(Export, ParametersOfRubbishAreSurvived) {
     DxfOutParamBlock& params = record.params;
     std::memset(&params, 0x81, sizeof params);
     for (int i = 0; i < kNames; ++i) std::memset(NameOf(params, i), 'a' + i, kNameSize);
-    params.markBlock[3] = '\x81';  // a first byte without a second
+    std::memcpy(params.markBlock, "c\x81", 3);  // a first byte without a second
     const DxfOutParamBlock before = params;
     const auto user = [&](int button) {
         return [button](HWND dialog) {
