@@ -7,6 +7,24 @@
 
 namespace kiro::ui {
 
+namespace {
+
+// Buttons that stand one after the other become one group of the system's; false when something stands between them.
+bool MakeOneGroup(const std::vector<Button>& buttons) {
+    for (std::size_t i = 1; i < buttons.size(); ++i)
+        if (GetWindow(buttons[i - 1].Handle(), GW_HWNDNEXT) != buttons[i].Handle()) return false;
+    const auto setGroup = [](HWND window, bool starts) {
+        const LONG style = GetWindowLongW(window, GWL_STYLE);
+        const LONG wanted = starts ? style | WS_GROUP : style & ~WS_GROUP;
+        if (wanted != style) SetWindowLongW(window, GWL_STYLE, wanted);
+    };
+    for (std::size_t i = 1; i < buttons.size(); ++i) setGroup(buttons[i].Handle(), false);
+    if (const HWND next = GetWindow(buttons.back().Handle(), GW_HWNDNEXT)) setGroup(next, true);
+    return true;
+}
+
+}  // namespace
+
 // The arrow keys among buttons that are groups of their own.
 class RadioGroup::ArrowKeys {
   public:
@@ -51,7 +69,7 @@ RadioGroup::RadioGroup(Dialog& dialog, std::initializer_list<int> controlIds)
         const bool ownGroups = std::all_of(buttons.begin(), buttons.end(), [](const Button& button) {
             return (GetWindowLongW(button.Handle(), GWL_STYLE) & WS_GROUP) != 0;
         });
-        if (ownGroups) arrowKeys_->Attach(buttons);
+        if (ownGroups && !MakeOneGroup(buttons)) arrowKeys_->Attach(buttons);
         return std::nullopt;
     });
 }
