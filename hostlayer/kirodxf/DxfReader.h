@@ -26,6 +26,8 @@ class DxfReader {
 
     // The line or value read last; empty when there is none. The length of the whole text.
     int GetText(char* out, int size) const { return text_.CopyTo(out, size); }
+    // The same without a copy: what was kept of it, valid until the next reading.
+    const ValueText& Value() const { return text_; }
 
     static constexpr int kNoCode = -1;
 

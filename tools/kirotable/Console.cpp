@@ -16,6 +16,12 @@
 
 namespace kirotable {
 
+namespace {
+
+const char* programName = "";
+
+}  // namespace
+
 #ifdef _WIN32
 
 namespace {
@@ -38,7 +44,8 @@ std::vector<std::string> Arguments(int, char**) {
     return arguments;
 }
 
-Console::Console() : codePage_(GetConsoleOutputCP()) {
+Console::Console(const char* program) : codePage_(GetConsoleOutputCP()) {
+    programName = program;
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
     if (codePage_) SetConsoleOutputCP(CP_UTF8);
@@ -52,7 +59,8 @@ Console::~Console() {
 
 std::vector<std::string> Arguments(int count, char** words) { return {words + (count > 0), words + count}; }
 
-Console::Console() {
+Console::Console(const char* program) {
+    programName = program;
     // A file that grows past the user's limit is a failed write like any other, not the program's end.
     std::signal(SIGXFSZ, SIG_IGN);
 }
@@ -66,7 +74,7 @@ void Print(std::string_view text) { std::fwrite(text.data(), 1, text.size(), std
 void PrintError(std::string_view text) {
     // In the order in which things happened, where both go to the same place.
     std::fflush(stdout);
-    const std::string line = "kirotable: " + Printable(text) + "\n";
+    const std::string line = std::string(programName) + ": " + Printable(text) + "\n";
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 

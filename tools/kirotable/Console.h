@@ -1,4 +1,4 @@
-// Standard output and standard error of this program: UTF-8, bytes as they are.
+// Standard output and standard error of the command-line tools: UTF-8, bytes as they are.
 #pragma once
 
 #include <string>
@@ -13,7 +13,7 @@ std::vector<std::string> Arguments(int count, char** words);
 // Sets the streams up and gives the console back as it was.
 class Console {
   public:
-    Console();
+    explicit Console(const char* program = "kirotable");  // the program's name
     Console(const Console&) = delete;
     Console& operator=(const Console&) = delete;
     ~Console();
@@ -23,7 +23,7 @@ class Console {
 };
 
 void Print(std::string_view text);
-void PrintError(std::string_view text);  // "kirotable: ", the text made printable, and a line end
+void PrintError(std::string_view text);  // the program's name, ": ", the text made printable, and a line end
 
 // False when not everything that was printed arrived.
 bool FlushOutput();

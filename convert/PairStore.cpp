@@ -1,0 +1,49 @@
+#include "convert/PairStore.h"
+
+#include <cstring>
+
+namespace convert {
+
+namespace {
+
+constexpr int kLengthBits = 20;
+constexpr std::uint32_t kLengthMask = (1u << kLengthBits) - 1;
+
+}  // namespace
+
+PairRun PairStore::Begin() const {
+    if (blocks_.empty()) return {};
+    return {static_cast<std::uint32_t>(blocks_.size() - 1), static_cast<std::uint32_t>(blocks_.back().size()), 0};
+}
+
+void PairStore::Add(PairRun& run, int code, std::string_view text) {
+    const std::uint32_t head =
+        static_cast<std::uint32_t>(code) << kLengthBits | static_cast<std::uint32_t>(text.size());
+    if (blocks_.empty() || kBlock - blocks_.back().size() < sizeof head + text.size()) {
+        blocks_.emplace_back().reserve(kBlock);
+        if (run.count == 0) run = Begin();
+    }
+    blocks_.back().append(reinterpret_cast<const char*>(&head), sizeof head).append(text);
+    ++run.count;
+}
+
+bool PairStore::Cursor::Next(Pair& pair) {
+    if (rest_.count == 0) return false;
+    if (rest_.offset == store_.blocks_[rest_.block].size()) ++rest_.block, rest_.offset = 0;
+    const char* const at = store_.blocks_[rest_.block].data() + rest_.offset;
+    std::uint32_t head = 0;
+    std::memcpy(&head, at, sizeof head);
+    pair = {static_cast<int>(head >> kLengthBits), {at + sizeof head, head & kLengthMask}};
+    rest_.offset += static_cast<std::uint32_t>(sizeof head + pair.text.size());
+    --rest_.count;
+    return true;
+}
+
+std::string_view PairStore::Find(const PairRun& run, int code) const {
+    Cursor cursor = Read(run);
+    for (Pair pair; cursor.Next(pair);)
+        if (pair.code == code) return pair.text;
+    return {};
+}
+
+}  // namespace convert
