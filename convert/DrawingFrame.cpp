@@ -37,12 +37,6 @@ bool IsDimensionCode(int code, int version) {
 
 }  // namespace
 
-bool DrawingFrame::IsSpace(std::string_view block) {
-    const std::string name = Folded(block, Encoding::kUtf8);
-    return name.starts_with("*MODEL_SPACE") || name.starts_with("$MODEL_SPACE") || name.starts_with("*PAPER_SPACE") ||
-           name.starts_with("$PAPER_SPACE");
-}
-
 void DrawingFrame::PutHeader(std::uint64_t handles) {
     out_.Put(0, "SECTION");
     out_.Put(2, "HEADER");
@@ -137,7 +131,9 @@ void DrawingFrame::PutTables() {
     putEntries("DIMSTYLE", content_.dimensionStyles, "Standard",
                [this](const Entry& style) { PutDimensionStyle(style); });
 
-    BeginTable("BLOCK_RECORD", content_.blocks.size() + 2);
+    const auto own = std::count_if(content_.blocks.begin(), content_.blocks.end(),
+                                   [](const Block& block) { return !IsSpace(block.name); });
+    BeginTable("BLOCK_RECORD", static_cast<std::size_t>(own) + 2);
     const auto putRecord = [this](int block, const std::string& name) {
         records_[block] = next_;
         BeginEntry("BLOCK_RECORD", "AcDbBlockTableRecord", name, -1);

@@ -24,7 +24,6 @@ class DrawingFrame {
     void EndBlock(int block, const std::string& layer);
     void PutObjects();
 
-    static bool IsSpace(std::string_view block);  // the block of a space or a layout
     static constexpr int kModelSpace = -1, kPaperSpace = -2;
 
   private:

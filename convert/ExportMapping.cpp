@@ -103,7 +103,8 @@ const std::string& ExportMapping::LayerByNumber(bool revision, int number) {
         known = NameFrom(
             revision ? SlotText(layerTable_->revisionLayer[number]) : SlotText(layerTable_->classLayer[number]),
             Encoding::kSjis);
-        if (*known == "0" && own != "0") summary_.Note(Fate::kNumberNotInTable, std::to_string(number));
+        if (*known == "0" && IsOfNamedLayer(revision, number))
+            summary_.Note(Fate::kNumberNotInTable, std::to_string(number));
     } else {
         known = own.empty() ? std::to_string(number) : Name(own);
     }
@@ -112,12 +113,21 @@ const std::string& ExportMapping::LayerByNumber(bool revision, int number) {
     return *known;
 }
 
+// "0" is what the table has for numbers that it does not name.
+bool ExportMapping::IsOfNamedLayer(bool revision, int number) const {
+    return std::any_of(content_.layers.begin(), content_.layers.end(), [&](const Layer& layer) {
+        return (revision ? layer.revision : layer.itemClass) == number && layer.name != "0";
+    });
+}
+
 // What lies in a layout itself and in none of its pictures has the layer of the drawing frame.
 const std::string& ExportMapping::LayerByPicture(int picture) {
     const int number = picture > 0 ? std::min(picture, kDxfOutFrame) : kDxfOutFrame;
     std::optional<std::string>& known = layerNames_[0][number];
-    if (!known) known = NameFrom(SlotText(layerTable_->pictureLayer[number]), Encoding::kSjis);
+    if (known) return *known;
+    known = NameFrom(SlotText(layerTable_->pictureLayer[number]), Encoding::kSjis);
     if (known->empty()) known = "0";
+    if (*known == "0") summary_.Note(Fate::kNumberNotInTable, "picture " + std::to_string(number));
     AddLayer(*known);
     return *known;
 }
@@ -143,8 +153,10 @@ const std::map<std::string, LayerOut>& ExportMapping::Layers() {
         const Layer& layer = *found->second;
         out.color = layerTable_ ? layerTable_->colorMap[layer.color] : layer.color;
         if (out.color < 1) out.color = 7;
-        if (!lineTable_ && layer.lineType >= 0)
-            out.lineType = Name(content_.lineTypes[static_cast<std::size_t>(layer.lineType)].name);
+        const std::string type = lineTable_ || layer.lineType < 0
+                                     ? ""
+                                     : Name(content_.lineTypes[static_cast<std::size_t>(layer.lineType)].name);
+        if (lineTypes_.contains(Folded(type, encoding_))) out.lineType = type;
         out.lineWidth = lineTable_ || layer.lineWidth < 0 ? -3 : StandardWidth(layer.lineWidth);
         out.flags = layer.flags;
         out.off = layer.off;

@@ -71,6 +71,7 @@ class ExportMapping {
     std::string NameFrom(std::string_view name, Encoding encoding) const;
     const std::string& LayerByNumber(bool revision, int number);
     const std::string& LayerByPicture(int picture);
+    bool IsOfNamedLayer(bool revision, int number) const;
     void AddLayer(const std::string& name);
     void AddLineTypes();
 

@@ -76,6 +76,8 @@ struct Block {
     std::size_t count = 0;
 };
 
+bool IsSpace(std::string_view block);  // the block of a space or a layout, by its name
+
 struct Layout {
     std::vector<int> windows;  // the pictures that they show
 };

@@ -40,7 +40,7 @@ class PairStore {
     std::string_view Find(const PairRun& run, int code) const;
 
   private:
-    static constexpr std::size_t kBlock = 1 << 20;
+    static constexpr std::size_t kBlock = 64 * 1024;
     std::deque<std::string> blocks_;  // each with its room from the start: what is in one never moves
 };
 

@@ -151,6 +151,9 @@ Result Reader::BeginRecord() {
             if (type == "BLOCK" || type == "ENDBLK") {
                 if (inBlock_ == (type == "BLOCK")) return kBroken;
                 inBlock_ = !inBlock_;
+                // Those of the spaces stand for what is in another section.
+                if (!inBlock_ && content_.blocks.back().count == 0 && IsSpace(content_.blocks.back().name))
+                    content_.blocks.pop_back();
                 kind_ = inBlock_ ? Kind::kBlock : Kind::kNone;
                 parts_ = 0;
                 BeginDrawn();
@@ -366,6 +369,12 @@ void Reader::PlacePictures() {
 }
 
 }  // namespace
+
+bool IsSpace(std::string_view block) {
+    const std::string name = Folded(block, Encoding::kUtf8);
+    return name.starts_with("*MODEL_SPACE") || name.starts_with("$MODEL_SPACE") || name.starts_with("*PAPER_SPACE") ||
+           name.starts_with("$PAPER_SPACE");
+}
 
 Result ReadDrawing(ByteSource& source, const ImportSettings& settings, ModelContent& content, Summary& summary) {
     Result result = kNoMemory;

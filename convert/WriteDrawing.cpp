@@ -1,6 +1,7 @@
 #include "convert/WriteDrawing.h"
 
 #include <algorithm>
+#include <bit>
 #include <new>
 #include <set>
 
@@ -80,7 +81,7 @@ Result Writer::Write() {
     if (const Result error = Check()) return error;
     for (const Block& block : content_.blocks) {
         mapping_.LayerOf(block.attributes, 0);
-        if (!DrawingFrame::IsSpace(block.name)) blockNames_.insert(Folded(block.name, content_.encoding));
+        if (!IsSpace(block.name)) blockNames_.insert(Folded(block.name, content_.encoding));
     }
     std::size_t chosen = 0;
     for (std::size_t i = 0; i < content_.items.size(); ++i) {
@@ -95,7 +96,7 @@ Result Writer::Write() {
 
     const std::size_t entries = content_.blocks.size() + content_.layers.size() + content_.lineTypes.size() +
                                 content_.styles.size() + content_.dimensionStyles.size() + content_.applications.size();
-    frame_.PutHeader(0x1000 + 2 * content_.items.size() + 4 * entries);
+    frame_.PutHeader(std::bit_ceil(0x1000 + 2 * content_.items.size() + 4 * entries));
     frame_.PutTables();
     PutBlocks();
     out_.Put(0, "SECTION");
@@ -128,7 +129,7 @@ void Writer::PutBlocks() {
     }
     for (std::size_t i = 0; i < content_.blocks.size(); ++i) {
         const Block& block = content_.blocks[i];
-        if (DrawingFrame::IsSpace(block.name)) {
+        if (IsSpace(block.name)) {
             if (block.count > 0) summary_.Note(Fate::kOtherLayout, block.name, block.count);
             continue;
         }
@@ -321,7 +322,7 @@ void Writer::PutExtended(const Pair& pair) {
 }
 
 void Writer::PutText(std::string_view type, int code, std::string_view text) {
-    const bool plain = IsAscii(text);
+    const bool plain = IsAscii(text) && text.find('\\') == text.npos;
     if (plain ? out_.Put(code, text) : out_.Put(code, std::string_view(mapping_.Text(text)))) return;
     summary_.Note(Fate::kValueNotWritten, std::string(type) + " " + std::to_string(code));
 }

@@ -30,7 +30,7 @@ constexpr struct {
     {"lineTypeNotInTable", "テーブルにない線種"},
     {"lineTypesMerged", "番号が足りない線種"},
     {"widthNotAssigned", "割り当てられない線幅"},
-    {"numberNotInTable", "書込みのテーブルにないクラスかレビジョン"},
+    {"numberNotInTable", "書込みのテーブルにない番号"},
     {"colorNotInTable", "書込みのテーブルにない色"},
     {"typeNotWritten", "書けない種類のアイテム"},
     {"noSuchBlock", "ブロックのない配置"},

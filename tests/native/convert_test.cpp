@@ -1,0 +1,471 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <functional>
+#include <memory>
+
+#include "convert/DrawingPairs.h"
+#include "convert/ReadDrawing.h"
+#include "convert/WriteDrawing.h"
+#include "tests/fuzz/DxfReading.h"
+#include "tests/native/TableTest.h"
+#include "tools/kirotable/Text.h"
+
+using namespace convert;
+
+namespace {
+
+constexpr Unicode kUnicode = {kirotable::FromCp932, kirotable::ToCp932};
+
+// "0 LINE/8 A" as the pairs of a text file.
+std::string Pairs(const std::string& text) {
+    std::string out;
+    std::istringstream all(text);
+    for (std::string pair; std::getline(all, pair, '/');) {
+        const std::size_t blank = pair.find(' ');
+        out += pair.substr(0, blank) + "\n" + pair.substr(blank + 1) + "\n";
+    }
+    return out;
+}
+
+std::string Section(const std::string& name, const std::string& pairs) {
+    return Pairs("0 SECTION/2 " + name) + Pairs(pairs) + Pairs("0 ENDSEC");
+}
+
+std::string Drawing(const std::string& tables, const std::string& items, const std::string& blocks = "",
+                    const std::string& version = "AC1015") {
+    return Section("HEADER", "9 $ACADVER/1 " + version) + Section("TABLES", tables) + Section("BLOCKS", blocks) +
+           Section("ENTITIES", items) + Pairs("0 EOF");
+}
+
+struct Tables {
+    std::unique_ptr<DxfInLayerTable> inLayers = std::make_unique<DxfInLayerTable>();
+    std::unique_ptr<DxfInLineTable> inLines = std::make_unique<DxfInLineTable>();
+    std::unique_ptr<DxfOutLayerTable> outLayers = std::make_unique<DxfOutLayerTable>();
+    std::unique_ptr<DxfOutLineTable> outLines = std::make_unique<DxfOutLineTable>();
+    ImportSettings import;
+    ExportSettings output;
+
+    explicit Tables(const std::string& layersIn = "", const std::string& linesIn = "",
+                    const std::string& layersOut = "", const std::string& linesOut = "") {
+        ListingText text;
+        TableListing listing(text);
+        Parse(layersIn, *inLayers, listing);
+        Parse(linesIn, *inLines, listing);
+        Parse(layersOut, *outLayers, listing);
+        Parse(linesOut, *outLines, listing);
+        EXPECT_FALSE(listing.HasErrors()) << text.text;
+        import.layers = inLayers.get();
+        import.lines = inLines.get();
+        import.unicode = output.unicode = kUnicode;
+        import.params.defaultLineWeight = 9;
+        import.params.convertHidden = 1;
+        output.layers = outLayers.get();
+        output.lines = outLines.get();
+        output.params.outputVersion = 3;
+    }
+};
+
+struct Imported {
+    ModelContent content;
+    Summary summary;
+    Result result;
+};
+
+Imported Import(const std::string& bytes, const ImportSettings& settings) {
+    Imported imported;
+    MemorySource source(bytes);
+    imported.result = ReadDrawing(source, settings, imported.content, imported.summary);
+    return imported;
+}
+
+struct Exported final : ByteSink {
+    std::string bytes;
+    Summary summary;
+    Result result = kDone;
+    bool Write(std::string_view more) override {
+        bytes += more;
+        return true;
+    }
+};
+
+Exported Export(const ModelContent& content, const ExportSettings& settings, Target target = {0, 1}) {
+    Exported exported;
+    exported.result = WriteDrawing(content, target, settings, exported, exported.summary);
+    return exported;
+}
+
+std::size_t Count(const Summary& summary, Fate fate, const std::string& detail) {
+    const auto found = summary.Notes().find({fate, detail});
+    return found == summary.Notes().end() ? 0 : found->second;
+}
+
+// The items of a section, one text each, without handles, owners and markers; of the codes wanted, when there are any.
+std::vector<std::string> Items(const std::string& bytes, const std::string& section,
+                               const std::vector<int>& wanted = {}) {
+    std::vector<std::string> items;
+    MemorySource source(bytes);
+    DrawingPairs pairs;
+    EXPECT_EQ(pairs.Open(source), kDone);
+    bool inside = false;
+    while (pairs.Next()) {
+        const int code = pairs.Code();
+        if (pairs.IsRecord("ENDSEC")) inside = false;
+        if (inside && code == 0) items.emplace_back();
+        const bool housekeeping = code == 5 || code == 330 || code == 100 || code == 66;
+        const bool take =
+            wanted.empty() ? !housekeeping : std::find(wanted.begin(), wanted.end(), code) != wanted.end();
+        if (inside && take) items.back() += std::to_string(code) + " " + std::string(pairs.Text()) + "/";
+        if (code == 2 && pairs.Text() == section && items.empty()) inside = true;
+    }
+    EXPECT_EQ(pairs.Error(), kDone);
+    return items;
+}
+
+const std::string kLayers =
+    "0 LAYER/2 WALL/62 3/6 DASHED/70 0/370 35/0 LAYER/2 B C/62 5/6 CONTINUOUS/70 0/"
+    "0 LTYPE/2 DASHED/3 dashes/49 2/49 -1/74 0/0 LTYPE/2 ZIG/49 1/74 2";
+
+TEST(Convert, AttributesFollowTheWordsAndTables) {
+    const std::string layers =
+        "LAYER WALL = 7\nLAYER OTHER = 99\nLAYER-REVISION BC = 8\nCOLOR-REVISION 3 = 33\n"
+        "COLOR-CLASS 5 = 55\n";
+    const std::string lines = "LINE-TYPE dashed = 12,4\nWIDTH 1, 2 = 5\nLINE-WIDTH 0.35 = 6\nCOLOR 3 = 7\n";
+    using Change = std::function<void(Tables&)>;
+    const auto words = [](int layer, int type, int width, int color) {
+        return Change([=](Tables& t) {
+            DxfInParamBlock& p = t.import.params;
+            p.layerConversion = layer, p.lineTypeConversion = type, p.lineWidthConversion = width;
+            p.colorConversion = color;
+        });
+    };
+    const struct {
+        const char* item;
+        Change change;
+        const char* expected;  // class revision colour font weight
+    } cases[] = {
+        // "0" is the first layer of all.
+        {"0 LINE/8 wall", words(0, 0, 0, 0), "2 1 256 2 1"},
+        {"0 LINE/8 NEW/6 ZIG/370 50/62 1", words(0, 0, 0, 1), "4 1 1 5 1"},
+        {"0 LINE/8 WALL", [](Tables& t) { t.import.params.layerTarget = 1; }, "1 2 256 2 1"},
+        {"0 LINE/8 WALL/62 1", words(1, 0, 1, 1), "7 1 1 2 1"},
+        {"0 LINE/8 B C/62 17", words(1, 0, 1, 1), "2 1 17 1 9"},
+        {"0 LINE/8 B C", words(2, 1, 2, 2), "99 5 5 1 1"},
+        {"0 LINE/8 WALL", words(2, 1, 2, 2), "7 33 3 12 6"},
+        {"0 LINE/8 WALL/6 ZIG/370 36", words(2, 2, 2, 2), "7 33 3 1 9"},
+        {"0 LINE/8 B C/62 3", [](Tables& t) { t.import.params.lineWidthConversion = 2, t.inLines->widWidthSwitch = 0; },
+         "3 1 3 1 7"},
+        {"0 LWPOLYLINE/100 AcDbEntity/8 WALL/100 AcDbPolyline/43 1.5", words(2, 2, 2, 0), "7 1 256 12 5"},
+        {"0 LINE/8 B C",
+         [](Tables& t) {
+             t.import.params.layerConversion = 2, t.inLayers->layerSwitch = 1, t.import.params.colorConversion = 2;
+         },
+         "55 8 5 1 9"},
+        {"0 LINE/8 WALL/6 BYBLOCK/370 -2/62 0", words(0, 0, 0, 0), "2 1 0 1 9"},
+        {"0 LINE/8 WALL/62 999", words(0, 0, 0, 0), "2 1 256 2 1"},
+    };
+    for (const auto& c : cases) {
+        Tables tables(layers, lines);
+        c.change(tables);
+        const Imported imported = Import(Drawing(kLayers, c.item), tables.import);
+        ASSERT_EQ(imported.result, kDone) << c.item;
+        const Attributes& a = imported.content.items.at(0).attributes;
+        const int values[] = {a.itemClass, a.revision, a.color, a.font, a.weight};
+        std::string text;
+        for (const int value : values) text += (text.empty() ? "" : " ") + std::to_string(value);
+        EXPECT_EQ(text, c.expected) << c.item;
+    }
+    Tables tables(layers, lines);
+    words(2, 2, 2, 2)(tables);
+    const Imported imported = Import(Drawing(kLayers, "0 LINE/8 B C/6 ZIG/370 36"), tables.import);
+    EXPECT_EQ(Count(imported.summary, Fate::kLayerNotInTable, "B C -> 99"), 1u);
+    EXPECT_EQ(Count(imported.summary, Fate::kLineTypeNotInTable, "ZIG -> 1"), 1u);
+    EXPECT_EQ(Count(imported.summary, Fate::kWidthNotAssigned, "0.36"), 1u);
+    EXPECT_FALSE(imported.summary.IsComplete());
+}
+
+TEST(Convert, WhatFindsNoNumberIsTold) {
+    std::string layers, items;
+    for (int i = 0; i < 300; ++i) {
+        layers += "0 LAYER/2 L" + std::to_string(i) + "/0 LTYPE/2 T" + std::to_string(i) + "/";
+        items += "0 LINE/8 L" + std::to_string(i) + "/6 T" + std::to_string(i) + "/370 " + std::to_string(i) + "/";
+    }
+    const Tables tables;
+    const Imported imported = Import(Drawing(layers, items), tables.import);
+    std::size_t merged[3] = {};
+    for (const auto& [note, count] : imported.summary.Notes()) {
+        merged[0] += note.first == Fate::kLayersMerged;
+        merged[1] += note.first == Fate::kLineTypesMerged;
+        merged[2] += note.first == Fate::kWidthNotAssigned;
+    }
+    EXPECT_EQ(merged[0], 301u - 256);  // with "0"
+    EXPECT_EQ(merged[1], 300u - 59);   // 5 to 63
+    EXPECT_EQ(merged[2], 300u - 15);   // 1 to 16 without the default
+    EXPECT_EQ(imported.content.items.back().attributes.itemClass, 256);
+    EXPECT_EQ(imported.content.items.back().attributes.font, 1);
+}
+
+TEST(Convert, PicturesFollowTheNumberScaleAndLayout) {
+    const std::string paper = "0 LINE/8 0/0 VIEWPORT/67 1/69 2/0 TEXT/67 1/1 x";
+    const struct {
+        int number;
+        double scale;
+        int own;
+        const char* items;
+        std::string expected;  // pictures of the items
+        std::size_t layouts;
+    } cases[] = {
+        {3, 1.0, 0, "0 LINE/8 0/0 VIEWPORT/67 1/69 1", "3 3 ", 0},
+        {3, 1.0, 0, paper.c_str(), "4 3 3 ", 1},
+        {3, 1.0, 1, paper.c_str(), "3 -1 -1 ", 1},
+        {3, 0.5, 1, paper.c_str(), "3 3 3 ", 0},
+        {-3, 1.0, 0, paper.c_str(), "3 3 3 ", 0},
+    };
+    for (const auto& c : cases) {
+        Tables tables;
+        tables.import.pictureNumber = c.number;
+        tables.import.scale = c.scale;
+        tables.import.params.paperSpaceTarget = c.own;
+        const Imported imported = Import(Drawing("", c.items), tables.import);
+        std::string pictures;
+        for (const Item& item : imported.content.items) pictures += std::to_string(item.picture) + " ";
+        EXPECT_EQ(pictures, c.expected);
+        EXPECT_EQ(imported.content.layouts.size(), c.layouts);
+    }
+    Tables tables;
+    tables.import.params.paperSpaceTarget = 1;
+    const Imported imported = Import(Drawing("", paper), tables.import);
+    const Exported page = Export(imported.content, tables.output, {1, 0});
+    EXPECT_EQ(Items(page.bytes, "ENTITIES", {0, 67}),
+              (std::vector<std::string>{"0 LINE/", "0 VIEWPORT/67 1/", "0 TEXT/67 1/"}));
+    const Exported picture = Export(imported.content, tables.output, {0, 1});
+    EXPECT_EQ(Items(picture.bytes, "ENTITIES", {0}), std::vector<std::string>{"0 LINE/"});
+    EXPECT_EQ(Export(imported.content, tables.output, {0, 2}).result, kNoPicture);
+    EXPECT_EQ(Export(imported.content, tables.output, {2, 0}).result, kNoLayout);
+}
+
+TEST(Convert, TheExportFollowsItsTables) {
+    const std::string layersOut =
+        "LAYER_CONTROL CLASS\nCLASS 7 = Kabe\nREVISION 33 = Rev\nCOLOR 3 = 30\nCOLOR 256 = 6\n";
+    const std::string linesOut = "WIDTH-TYPE 1\nLINE-WIDTH 6 = 0.70\nLINE-FONT1 12 = CHAIN\nPITCH-CHAIN = 4,-1\n";
+    const std::string layersIn = "LAYER WALL = 7\nCOLOR-REVISION 3 = 33\n";
+    const std::string linesIn = "LINE-TYPE DASHED = 12,4\nLINE-WIDTH 0.35 = 6\n";
+    const std::vector<int> kCodes = {8, 6, 62, 370};
+    using Change = std::function<void(Tables&)>;
+    const struct {
+        Change change;
+        const char* expected;
+    } cases[] = {
+        {[](Tables&) {}, "8 Kabe/6 CHAIN/62 30/370 70/"},
+        {[](Tables& t) { t.outLayers->layerControl = kLayerControlRevision; }, "8 Rev/6 CHAIN/62 30/370 70/"},
+        {[](Tables& t) { t.import.params.colorConversion = 0; }, "8 Kabe/6 CHAIN/62 6/370 70/"},
+        {[](Tables& t) { t.output.params.layerConversion = 0; }, "8 WALL/6 CHAIN/62 3/370 70/"},
+        {[](Tables& t) { t.output.params.layerConversion = 0, t.import.params.convertLayerNames = 0; },
+         "8 7/6 CHAIN/62 3/370 70/"},
+        {[](Tables& t) { t.output.params.lineConversion = 0; }, "8 Kabe/62 30/"},
+        {[](Tables& t) { t.output.params.outputVersion = 2; }, "8 Kabe/6 CHAIN/62 30/"},
+        {[](Tables& t) { t.outLines->widthType = 0, t.outLines->weightColor[5] = 44; }, "8 Kabe/6 CHAIN/62 44/"},
+    };
+    for (const auto& c : cases) {
+        Tables tables(layersIn, linesIn, layersOut, linesOut);
+        DxfInParamBlock& in = tables.import.params;
+        in.layerConversion = in.lineTypeConversion = in.lineWidthConversion = in.colorConversion = 2;
+        in.convertLayerNames = 1;
+        tables.output.params.layerConversion = tables.output.params.lineConversion = 1;
+        c.change(tables);
+        const Imported imported = Import(Drawing(kLayers, "0 LINE/8 WALL/10 1/20 2"), tables.import);
+        const Exported exported = Export(imported.content, tables.output);
+        EXPECT_EQ(Items(exported.bytes, "ENTITIES", kCodes), std::vector<std::string>{c.expected});
+    }
+    Tables tables(layersIn, linesIn, layersOut, linesOut);
+    tables.output.params.lineConversion = 1;
+    const Exported exported = Export(Import(Drawing(kLayers, "0 LINE/8 WALL"), tables.import).content, tables.output);
+    EXPECT_NE(exported.bytes.find(" 73\r\n2\r\n 40\r\n5\r\n 49\r\n4\r\n 74\r\n0\r\n 49\r\n-1\r\n"), std::string::npos);
+}
+
+std::string DemoDrawing() {
+    std::ifstream file(KIRO_SOURCE "/tools/demo/demo.dxf", std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+const std::string kBlock = "0 BLOCK/8 WALL/2 DOOR/70 2/10 1/20 2/30 0/0 CIRCLE/8 B_C/10 0/20 0/40 2/0 ENDBLK";
+const std::string kKinds =
+    "0 LINE/8 WALL/62 1/10 1.25/20 2/30 0/11 3/21 4/31 0/0 ARC/8 0/62 2/10 0/20 0/30 0/40 5/50 10/51 20/"
+    "0 TEXT/8 B_C/62 3/10 0/20 0/40 2.5/1 text/7 ROMAN/72 1/11 1/21 1/73 2/0 INSERT/8 0/62 4/2 DOOR/10 1/20 1/"
+    "0 ATTRIB/8 WALL/62 5/10 1/20 1/40 1/1 v/2 TAG/70 0/0 SEQEND/8 0/62 5/"
+    "0 POLYLINE/8 B_C/62 6/10 0/20 0/30 0/70 0/0 VERTEX/8 B_C/62 6/10 1/20 1/30 0/70 0/0 SEQEND/8 B_C/62 6";
+
+// With tables that undo one another a drawing has the same items, layers and colours as before, in every version, text
+// and binary; and once more it does not change at all.
+TEST(Convert, TheRoundTripKeepsItemsLayersAndColours) {
+    const std::string layers = "0 LAYER/2 WALL/62 3/0 LAYER/2 B_C/62 5/0 STYLE/2 ROMAN/3 romans";
+    const std::string names[] = {"0", "WALL", "B_C", "OUTLINE"};
+    std::string in, out = "LAYER_CONTROL CLASS\n";
+    for (int i = 0; i < 4; ++i) {
+        in += "LAYER " + names[i] + " = " + std::to_string(10 + i) + "\n";
+        out += "CLASS " + std::to_string(10 + i) + " = " + names[i] + "\n";
+    }
+    for (int i = 1; i < 256; ++i) out += "COLOR " + std::to_string(i) + " = " + std::to_string(i) + "\n";
+    Tables tables(in, "", out, "");
+    tables.import.params.layerConversion = tables.import.params.colorConversion = 2;
+    tables.output.params.layerConversion = 1;
+    const std::string demo = DemoDrawing();
+    ASSERT_FALSE(demo.empty());
+    for (const std::string& drawing : {Drawing(layers, kKinds, kBlock, "AC1009"), demo}) {
+        const auto before = Items(drawing, "ENTITIES", {0, 1, 2, 7, 8, 10, 11, 20, 40, 50, 51, 72});
+        for (int version = kFirstVersion; version <= kLastVersion; ++version)
+            for (const int binary : {0, 1}) {
+                tables.output.params.outputVersion = version;
+                tables.output.params.binaryFormat = binary;
+                const Imported imported = Import(drawing, tables.import);
+                const Exported once = Export(imported.content, tables.output);
+                ASSERT_EQ(once.result, kDone);
+                EXPECT_TRUE(imported.summary.IsComplete() && once.summary.IsComplete());
+                auto after = Items(once.bytes, "ENTITIES", {0, 1, 2, 7, 8, 10, 11, 20, 40, 50, 51, 72});
+                // Numbers of binary files come in a form of their own.
+                if (binary) {
+                    for (std::size_t i = 0; i < after.size(); ++i) after[i] = after[i].substr(0, 6);
+                }
+                for (std::size_t i = 0; i < before.size() && i < after.size(); ++i)
+                    EXPECT_EQ(after[i], binary ? before[i].substr(0, 6) : before[i]) << version;
+                EXPECT_EQ(after.size(), before.size());
+                if (drawing != demo) {
+                    EXPECT_EQ(Items(once.bytes, "ENTITIES", {62}), Items(drawing, "ENTITIES", {62}));
+                }
+                const Imported again = Import(once.bytes, tables.import);
+                EXPECT_TRUE(Export(again.content, tables.output).bytes == once.bytes) << version << binary;
+            }
+    }
+}
+
+TEST(Convert, WhatAVersionCannotHoldIsLeftOutAndTold) {
+    const std::string items =
+        "0 LWPOLYLINE/100 AcDbEntity/8 0/420 255/100 AcDbPolyline/90 2/43 0/0 MLINE/100 AcDbEntity/8 0/340 F/"
+        "0 INSERT/100 AcDbEntity/8 0/100 AcDbBlockReference/2 NONE/0 VERTEX/8 0/"
+        "0 HATCH/100 AcDbEntity/8 0/102 {ACAD_REACTORS/330 1A/102 }/100 AcDbHatch/71 1/91 1/97 2/330 1/330 2/75 0/"
+        "0 LINE/100 AcDbEntity/8 0/370 50/100 AcDbLine/10 0/1001 APP/1005 5F/"
+        "0 LINE/5 1/100 AcDbEntity/60 1/8 0/100 AcDbLine/10 7";
+    const Tables plain;
+    const Imported imported = Import(Drawing("", items), plain.import);
+    const auto write = [&](int version, int hiddenSkip) {
+        Tables tables;
+        tables.output.params.outputVersion = version;
+        tables.output.params.hiddenSkip = hiddenSkip;
+        return Export(imported.content, tables.output);
+    };
+    const Exported old = write(1, 1), newer = write(4, 0);
+    EXPECT_EQ(Items(old.bytes, "ENTITIES", {0, 370}), std::vector<std::string>{"0 LINE/"});
+    EXPECT_EQ(Items(newer.bytes, "ENTITIES", {0, 60, 420, 71, 97, 370, 1005}),
+              (std::vector<std::string>{"0 LWPOLYLINE/420 255/", "0 HATCH/71 0/97 0/", "0 LINE/370 50/1005 0/",
+                                        "0 LINE/60 1/"}));
+    const struct {
+        Fate fate;
+        const char* detail;
+        std::size_t old, newer;
+    } notes[] = {
+        {Fate::kTypeNotWritten, "LWPOLYLINE", 1, 0}, {Fate::kTypeNotWritten, "MLINE", 1, 1},
+        {Fate::kTypeNotWritten, "HATCH", 1, 0},      {Fate::kTypeNotWritten, "VERTEX", 1, 1},
+        {Fate::kNoSuchBlock, "NONE", 1, 1},          {Fate::kLinkNotWritten, "HATCH", 0, 1},
+        {Fate::kLinkNotWritten, "1005", 1, 1},       {Fate::kWidthNotWritten, "1", 1, 0},
+        {Fate::kHiddenLeftOut, "LINE", 1, 0},
+    };
+    for (const auto& note : notes) {
+        EXPECT_EQ(Count(old.summary, note.fate, note.detail), note.old) << note.detail;
+        EXPECT_EQ(Count(newer.summary, note.fate, note.detail), note.newer) << note.detail;
+    }
+    EXPECT_EQ(Count(write(3, 0).summary, Fate::kValueNotWritten, "LWPOLYLINE 420"), 1u);
+    EXPECT_EQ(write(0, 0).result, kVersionNotWritten);
+    EXPECT_EQ(write(8, 0).result, kVersionNotWritten);
+}
+
+TEST(Convert, TextsKeepTheirCharacters) {
+    Tables tables;
+    tables.import.params.convertLayerNames = 1;
+    const std::string sjis = "\x95\x5C";  // its second byte is a backslash
+    const Imported imported = Import(Drawing("", "0 TEXT/8 " + sjis + "/1 " + sjis + "\\U+00E9"), tables.import);
+    const struct {
+        int version, code;
+        std::string expected;
+    } cases[] = {{3, 0, sjis + "\\U+00E9"}, {3, 1, "\xC9\xBD\\U+00E9"}, {5, 0, "\xE8\xA1\xA8\xC3\xA9"}};
+    for (const auto& c : cases) {
+        tables.output.params.outputVersion = c.version;
+        tables.output.params.kanjiCode = c.code;
+        tables.import.params.kanjiCode = c.code;
+        const Exported first = Export(imported.content, tables.output);
+        EXPECT_EQ(Items(first.bytes, "ENTITIES", {1}), std::vector<std::string>{"1 " + c.expected + "/"});
+        // And back.
+        const Imported again = Import(first.bytes, tables.import);
+        tables.output.params.outputVersion = 3;
+        tables.output.params.kanjiCode = 0;
+        EXPECT_EQ(Items(Export(again.content, tables.output).bytes, "ENTITIES", {1}),
+                  std::vector<std::string>{"1 " + cases[0].expected + "/"});
+    }
+    tables.output.params.outputVersion = 2;
+    tables.import.params.kanjiCode = 0;
+    const std::string name(40, 'x');
+    const Exported old =
+        Export(Import(Drawing("", "0 LINE/8 a b/0 LINE/8 " + name), tables.import).content, tables.output);
+    const auto layers = Items(old.bytes, "ENTITIES", {8});
+    EXPECT_EQ(layers[0], "8 a_b/");
+    EXPECT_EQ(layers[1].size(), 2u + 31 + 1);
+    EXPECT_EQ(Count(old.summary, Fate::kNameChanged, name), 1u);
+}
+
+TEST(Convert, BadInputIsRefused) {
+    const std::string good = Drawing(kLayers, kKinds, kBlock);
+    Tables tables;
+    tables.output.params.binaryFormat = 1;
+    const std::string binary = Export(Import(good, tables.import).content, tables.output).bytes;
+    std::string nested, chain;
+    for (int i = 0; i < 100000; ++i) {
+        nested += "0 BLOCK/2 B/";
+        chain += "0 BLOCK/2 B" + std::to_string(i) + "/0 INSERT/8 0/2 B" + std::to_string(i + 1) + "/0 ENDBLK/";
+    }
+    std::string wrong = binary;
+    wrong[wrong.find("CIRCLE") + 7] = '\xFF';  // a code that no value has a form for
+    const struct {
+        std::string bytes;
+        Result result;
+    } cases[] = {
+        {"", kNoDrawing},
+        {"hello\nworld\n", kNoDrawing},
+        {"AC1015\1\2\3", kDwgDrawing},
+        {good.substr(0, good.size() - 4), kCutOff},
+        {good.substr(0, good.find("CIRCLE")), kCutOff},
+        {binary.substr(0, binary.size() / 2), kCutOff},
+        {wrong, kCutOff},
+        {Section("ENTITIES", "0 LINE/x 1"), kBadPair},
+        {Section("ENTITIES", "0 LINE/2147483647 1"), kBadPair},
+        {Section("ENTITIES", "0 LINE/-3 1"), kBadPair},
+        {Section("ENTITIES", "0 SECTION"), kBroken},
+        {Pairs("0 LINE/8 0"), kNoDrawing},
+        {Drawing("", "", nested), kBroken},
+        {Drawing("", "", "0 LINE"), kBroken},
+        {Pairs("0 SECTION/2 ENTITIES/0 EOF"), kCutOff},
+    };
+    for (const auto& c : cases) {
+        const Imported imported = Import(c.bytes, tables.import);
+        EXPECT_EQ(imported.result, c.result) << c.bytes.substr(0, 60);
+        EXPECT_TRUE(imported.content.items.empty() && imported.content.blocks.empty());
+    }
+    const std::string small = Drawing("", "0 LINE/8 A/10 1.5");
+    const std::string smallBinary = Export(Import(small, tables.import).content, tables.output).bytes;
+    for (const std::string& whole : {small, smallBinary})
+        for (std::size_t size = 0; size + 5 < whole.size(); size += 3)
+            EXPECT_NE(Import(whole.substr(0, size), tables.import).result, kDone) << size;
+    MemorySource failing(good, {}, good.size() / 2);
+    ModelContent content;
+    Summary summary;
+    EXPECT_EQ(ReadDrawing(failing, tables.import, content, summary), kCannotRead);
+
+    const Imported deep = Import(Drawing("", "0 INSERT/8 0/2 B0", chain), tables.import);
+    ASSERT_EQ(deep.result, kDone);
+    const Exported exported = Export(deep.content, tables.output);
+    EXPECT_EQ(exported.summary.blocks, 100000u);
+    EXPECT_EQ(Count(exported.summary, Fate::kNoSuchBlock, "B100000"), 1u);
+    tables.import.params.maxItemCount = 99999;
+    EXPECT_EQ(Import(Drawing("", "0 INSERT/8 0/2 B0", chain), tables.import).result, kTooManyItems);
+    EXPECT_EQ(Export(Import(Drawing(kLayers, ""), Tables().import).content, tables.output).result, kNothing);
+}
+
+}  // namespace
