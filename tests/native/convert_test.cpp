@@ -463,8 +463,10 @@ TEST(Convert, BadInputIsRefused) {
     const Exported exported = Export(deep.content, tables.output);
     EXPECT_EQ(exported.summary.blocks, 100000u);
     EXPECT_EQ(Count(exported.summary, Fate::kNoSuchBlock, "B100000"), 1u);
-    tables.import.params.maxItemCount = 99999;
-    EXPECT_EQ(Import(Drawing("", "0 INSERT/8 0/2 B0", chain), tables.import).result, kTooManyItems);
+    tables.import.params.maxItemCount = 6;
+    EXPECT_EQ(Import(good, tables.import).result, kDone);
+    tables.import.params.maxItemCount = 5;
+    EXPECT_EQ(Import(good, tables.import).result, kTooManyItems);
     EXPECT_EQ(Export(Import(Drawing(kLayers, ""), Tables().import).content, tables.output).result, kNothing);
 }
 
