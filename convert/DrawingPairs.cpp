@@ -23,36 +23,11 @@ bool IsDwg(std::string_view start) {
 
 }  // namespace
 
-bool DrawingPairs::Source::Attach(ByteSource& source) {
-    *this = Source();
-    source_ = &source;
-    int count = 0;
-    while (length_ < sizeof start_ &&
-           (count = source.Read(start_ + length_, static_cast<unsigned>(sizeof start_ - length_))) > 0)
-        length_ += static_cast<std::size_t>(count);
-    failed_ = count < 0;
-    return !failed_;
-}
-
-int DrawingPairs::Source::Read(char* buffer, unsigned size) {
-    if (given_ < length_) {
-        const std::size_t count = Start().copy(buffer, size, given_);
-        given_ += count;
-        return static_cast<int>(count);
-    }
-    const int count = source_->Read(buffer, size);
-    failed_ |= count < 0;
-    return count;
-}
-
 Result DrawingPairs::Open(ByteSource& source) {
+    source_ = {};
+    source_.source = &source;
     any_ = ended_ = false;
-    error_ = kDone;
-    if (!source_.Attach(source)) return error_ = kCannotRead;
-    if (IsDwg(source_.Start())) return error_ = kDwgDrawing;
-    binary_ = ExamineDxfStart(source_.Start()).binary != 0;
-    if (!(binary_ ? reader_.OpenBinary(source_) : reader_.OpenText(source_))) return error_ = kCannotRead;
-    return kDone;
+    return error_ = reader_.Open(source_) ? kDone : kCannotRead;
 }
 
 bool DrawingPairs::Next() {
@@ -66,12 +41,13 @@ bool DrawingPairs::Next() {
 }
 
 bool DrawingPairs::ReadPair() {
-    if (binary_) {
+    if (reader_.IsBinary()) {
         // A reader of binary pairs does not tell a file that ends from one that makes no sense.
         if ((code_ = reader_.ReadPair()) < 0) return Fail(any_ ? kCutOff : kNoDrawing);
     } else {
         if (!reader_.ReadLine()) return Fail(any_ ? kCutOff : kNoDrawing);
         code_ = reader_.LineAsCode();
+        if (!any_ && IsDwg(reader_.Value().Kept())) return Fail(kDwgDrawing);
         if (code_ < 0 || code_ > kLargestCode) return Fail(any_ ? kBadPair : kNoDrawing);
         if (!reader_.ReadLine()) return Fail(any_ ? kCutOff : kNoDrawing);
     }
@@ -81,7 +57,7 @@ bool DrawingPairs::ReadPair() {
 }
 
 bool DrawingPairs::Fail(Result error) {
-    error_ = source_.Failed() ? kCannotRead : error;
+    error_ = source_.failed ? kCannotRead : error;
     return false;
 }
 

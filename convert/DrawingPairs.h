@@ -23,20 +23,16 @@ class DrawingPairs {
     static constexpr int kLargestCode = 1071;  // of the format
 
   private:
-    // The start of a file is looked at before a reader has it.
+    // Remembers what the reader does not tell: whether the bytes ended or could not be read.
     class Source final : public ByteSource {
       public:
-        bool Attach(ByteSource& source);
-        std::string_view Start() const { return {start_, length_}; }
-        int Read(char* buffer, unsigned size) override;
-        bool Failed() const { return failed_; }
-
-      private:
-        ByteSource* source_ = nullptr;
-        char start_[kDxfStartLength];
-        std::size_t length_ = 0;
-        std::size_t given_ = 0;
-        bool failed_ = false;
+        int Read(char* buffer, unsigned size) override {
+            const int count = source->Read(buffer, size);
+            failed |= count < 0;
+            return count;
+        }
+        ByteSource* source = nullptr;
+        bool failed = false;
     };
 
     bool ReadPair();
@@ -44,7 +40,6 @@ class DrawingPairs {
 
     Source source_;
     DxfReader reader_;
-    bool binary_ = false;
     bool any_ = false;
     bool ended_ = false;
     int code_ = 0;

@@ -12,11 +12,6 @@ namespace {
 
 constexpr std::string_view kGeta = "\x81\xAC", kGetaUtf8 = "\xE3\x80\x93";
 
-bool IsLeadByte(char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
-}
-
 std::string Escaped(std::string_view character) {
     unsigned value = static_cast<unsigned char>(character[0]) & (0x7Fu >> character.size());
     for (const char c : character.substr(1)) value = value << 6 | (static_cast<unsigned char>(c) & 0x3F);
@@ -76,10 +71,15 @@ std::string Convert(std::string_view text, Encoding from, Encoding to, const Uni
     return to == Encoding::kEuc ? kirobc::SjisToEuc(sjis) : Unescaped(unicode.toUtf8(sjis));
 }
 
+bool IsLeadByte(char c, Encoding encoding) {
+    const auto byte = static_cast<unsigned char>(c);
+    return encoding == Encoding::kSjis && ((byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC));
+}
+
 std::string Folded(std::string_view name, Encoding encoding) {
     std::string out(name);
     for (std::size_t i = 0; i < out.size(); ++i) {
-        if (encoding == Encoding::kSjis && IsLeadByte(out[i]))
+        if (IsLeadByte(out[i], encoding))
             ++i;
         else if (out[i] >= 'a' && out[i] <= 'z')
             out[i] = static_cast<char>(out[i] - 'a' + 'A');

@@ -18,6 +18,7 @@ struct Unicode {
 std::string Convert(std::string_view text, Encoding from, Encoding to, const Unicode& unicode);
 
 bool IsAscii(std::string_view text);
+bool IsLeadByte(char c, Encoding encoding);  // of a double-byte character whose second byte may be an ASCII one
 
 // Names that differ in nothing but the case of ASCII letters are one name in a drawing.
 std::string Folded(std::string_view name, Encoding encoding);

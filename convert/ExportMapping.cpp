@@ -15,11 +15,6 @@ namespace {
 constexpr std::size_t kLongestOldName = 31;  // before version 2000
 const std::string kByBlockName = "ByBlock", kContinuousName = "Continuous";
 
-bool IsLeadByte(char c, Encoding encoding) {
-    const auto byte = static_cast<unsigned char>(c);
-    return encoding == Encoding::kSjis && ((byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC));
-}
-
 // Different names stay different ones.
 std::string Shortened(const std::string& name) {
     std::uint32_t sum = 2166136261u;

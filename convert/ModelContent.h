@@ -39,6 +39,7 @@ struct Item {
     std::int16_t picture = 0;  // 1 to 256; -1: the own picture of layout 1
     bool paper = false;        // of the paper space
     bool hidden = false;
+    bool inBlock = false;  // and not of the drawing itself
     bool part = false;     // of the item before: VERTEX, ATTRIB, SEQEND
     bool markers = false;  // has subclass markers, as all drawings but the oldest have them
 };
@@ -87,8 +88,7 @@ struct ModelContent {
     int version = 0;  // as DxfOutParamBlock counts: 1 R13 ... 7 2013; 0 older, 8 newer
     PairStore store;
     PairRun header;
-    std::deque<Item> items;  // of the blocks, then of the drawing itself, with their parts
-    std::size_t firstOfDrawing = 0;
+    std::deque<Item> items;  // of the blocks and of the drawing itself, with their parts
     std::vector<Block> blocks;
     std::vector<Layer> layers;  // 0: "0"
     std::vector<LineType> lineTypes;

@@ -1,7 +1,6 @@
 #include "convert/ReadDrawing.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <iterator>
 #include <new>
@@ -214,7 +213,6 @@ void Reader::BeginSection(std::string_view name) {
                : name == "BLOCKS"   ? Section::kBlocks
                : name == "ENTITIES" ? Section::kEntities
                                     : Section::kOther;
-    if (section_ == Section::kEntities) content_.firstOfDrawing = content_.items.size();
     if (section_ != Section::kHeader) kind_ = Kind::kNone;
 }
 
@@ -311,7 +309,8 @@ void Reader::EndItem() {
         if (!item_.part) summary_.Note(Fate::kHiddenLeftOut, std::string(content_.store.Find(run_, 0)));
         return;
     }
-    sawViews_ |= item_.paper && Integer(content_.store.Find(run_, 69)) != 1;
+    item_.inBlock = inBlock_;
+    sawViews_ |= item_.paper && !inBlock_ && Integer(content_.store.Find(run_, 69)) != 1;
     if (!item_.part) ++summary_.items;
     content_.items.push_back(item_);
     if (inBlock_) ++content_.blocks.back().count;

@@ -84,11 +84,9 @@ Result Writer::Write() {
         if (!IsSpace(block.name)) blockNames_.insert(Folded(block.name, content_.encoding));
     }
     std::size_t chosen = 0;
-    for (std::size_t i = 0; i < content_.items.size(); ++i) {
-        const Item& item = content_.items[i];
-        if (i >= content_.firstOfDrawing && !IsChosen(item)) continue;
-        mapping_.LayerOf(item.attributes, item.picture);
-        chosen += i >= content_.firstOfDrawing;
+    for (const Item& item : content_.items) {
+        if (item.inBlock || IsChosen(item)) mapping_.LayerOf(item.attributes, item.picture);
+        chosen += IsChosen(item);
     }
     if (chosen == 0) return kNothing;
     if (settings_.params.submodelExpand || settings_.params.compositeExpand || settings_.params.symbolExpand)
@@ -101,7 +99,7 @@ Result Writer::Write() {
     PutBlocks();
     out_.Put(0, "SECTION");
     out_.Put(2, "ENTITIES");
-    PutItems(content_.firstOfDrawing, content_.items.size() - content_.firstOfDrawing, 0, true);
+    PutItems(0, content_.items.size(), 0, true);
     out_.Put(0, "ENDSEC");
     frame_.PutObjects();
     return out_.Finish() ? kDone : kCannotWrite;
@@ -115,6 +113,7 @@ Result Writer::Check() {
 }
 
 bool Writer::IsChosen(const Item& item) const {
+    if (item.inBlock) return false;
     if (target_.layout <= 0) return item.picture == target_.picture;
     const std::vector<int>& windows = content_.layouts[static_cast<std::size_t>(target_.layout) - 1].windows;
     return item.picture == -target_.layout || std::find(windows.begin(), windows.end(), item.picture) != windows.end();
@@ -149,6 +148,8 @@ bool Writer::CanWrite(const Item& item, std::string_view type, const EntityForm*
     const bool isPart = type == "VERTEX" || type == "ATTRIB" || type == "SEQEND";
     if (settings_.params.hiddenSkip && item.hidden) {
         summary_.Note(Fate::kHiddenLeftOut, std::string(type));
+    } else if (type == "VIEWPORT" && !item.paper && Integer(content_.store.Find(item.pairs, 69)) == 1) {
+        summary_.Note(Fate::kMadeAnew, std::string(type));  // the paper space itself, in which there is nothing
     } else if (!form || form->firstVersion > version_ || isPart || (type == "VIEWPORT" && !item.paper)) {
         summary_.Note(Fate::kTypeNotWritten, std::string(type));
     } else if (type == "INSERT" &&

@@ -39,6 +39,22 @@ DxfInputBlock ExamineDxfStart(std::string_view start) {
 bool DxfReader::OpenText(ByteSource& source) {
     Close();
     input_.Attach(&source);
+    return StartText();
+}
+
+bool DxfReader::OpenBinary(ByteSource& source) {
+    Close();
+    input_.Attach(&source);
+    return StartBinary();
+}
+
+bool DxfReader::Open(ByteSource& source) {
+    Close();
+    input_.Attach(&source);
+    return ExamineDxfStart(input_.Peek(kDxfStartLength)).binary ? StartBinary() : StartText();
+}
+
+bool DxfReader::StartText() {
     // Files that were saved as UTF-8 may start with a byte order mark; it is no part of the first line.
     if (input_.Peek(kByteOrderMark.size()).starts_with(kByteOrderMark)) input_.Skip(kByteOrderMark.size());
     // Some failures, such as a locked range, show only when the first bytes are read.
@@ -47,9 +63,7 @@ bool DxfReader::OpenText(ByteSource& source) {
     return true;
 }
 
-bool DxfReader::OpenBinary(ByteSource& source) {
-    Close();
-    input_.Attach(&source);
+bool DxfReader::StartBinary() {
     const DxfInputBlock block = ExamineDxfStart(input_.Peek(kDxfStartLength));
     if (input_.Failed() || !block.binary) return Stop(), false;
     input_.Skip(kBinaryMark.size());

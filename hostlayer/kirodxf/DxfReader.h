@@ -18,6 +18,8 @@ class DxfReader {
     // where it should be; nothing is open then.
     bool OpenText(ByteSource& source);
     bool OpenBinary(ByteSource& source);
+    bool Open(ByteSource& source);  // whichever it is by its start
+    bool IsBinary() const { return kind_ == Kind::kBinary; }
     void Close();
 
     bool ReadLine();         // text files: false at the end or on a failure
@@ -34,6 +36,8 @@ class DxfReader {
   private:
     enum class Kind { kNone, kText, kBinary };
 
+    bool StartText();  // of the input that is attached
+    bool StartBinary();
     void Stop();  // nothing more can be read
     int ReadCode();
     bool ReadValue(int code);
