@@ -75,12 +75,14 @@ class Writer {
     PairOutput out_;
     DrawingFrame frame_;
     std::set<std::string> blockNames_;
+    int modelPicture_ = 1;  // blocks count as part of it
 };
 
 Result Writer::Write() {
     if (const Result error = Check()) return error;
+    if (!content_.pictures.empty()) modelPicture_ = content_.pictures.rbegin()->first;
     for (const Block& block : content_.blocks) {
-        mapping_.LayerOf(block.attributes, 0);
+        mapping_.LayerOf(block.attributes, modelPicture_);
         if (!IsSpace(block.name)) blockNames_.insert(Folded(block.name, content_.encoding));
     }
     std::size_t chosen = 0;
@@ -132,7 +134,7 @@ void Writer::PutBlocks() {
             if (block.count > 0) summary_.Note(Fate::kOtherLayout, block.name, block.count);
             continue;
         }
-        const std::string layer = mapping_.LayerOf(block.attributes, 0);
+        const std::string layer = mapping_.LayerOf(block.attributes, modelPicture_);
         const int index = static_cast<int>(i);
         frame_.BeginBlock(index, mapping_.Name(block.name), layer, &block.pairs);
         PutItems(block.first, block.count, frame_.RecordOf(index), false);
