@@ -115,7 +115,8 @@ std::vector<std::string> Items(const std::string& bytes, const std::string& sect
         const bool housekeeping = code == 5 || code == 330 || code == 100 || code == 66;
         const bool take =
             wanted.empty() ? !housekeeping : std::find(wanted.begin(), wanted.end(), code) != wanted.end();
-        if (inside && take) items.back() += std::to_string(code) + " " + std::string(pairs.Text()) + "/";
+        if (inside && take && !items.empty())
+            items.back() += std::to_string(code) + " " + std::string(pairs.Text()) + "/";
         if (code == 2 && pairs.Text() == section && items.empty()) inside = true;
     }
     EXPECT_EQ(pairs.Error(), kDone);
@@ -128,7 +129,7 @@ const std::string kLayers =
 
 TEST(Convert, AttributesFollowTheWordsAndTables) {
     const std::string layers =
-        "LAYER WALL = 7\nLAYER OTHER = 99\nLAYER-REVISION BC = 8\nCOLOR-REVISION 3 = 33\n"
+        "LAYER WALL = 7\nLAYER Q = 2\nLAYER OTHER = 99\nLAYER-REVISION BC = 8\nCOLOR-REVISION 3 = 33\n"
         "COLOR-CLASS 5 = 55\n";
     const std::string lines = "LINE-TYPE dashed = 12,4\nWIDTH 1, 2 = 5\nLINE-WIDTH 0.35 = 6\nCOLOR 3 = 7\n";
     using Change = std::function<void(Tables&)>;
@@ -148,8 +149,8 @@ TEST(Convert, AttributesFollowTheWordsAndTables) {
         {"0 LINE/8 wall", words(0, 0, 0, 0), "2 1 256 2 1"},
         {"0 LINE/8 NEW/6 ZIG/370 50/62 1", words(0, 0, 0, 1), "4 1 1 5 1"},
         {"0 LINE/8 WALL", [](Tables& t) { t.import.params.layerTarget = 1; }, "1 2 256 2 1"},
-        {"0 LINE/8 WALL/62 1", words(1, 0, 1, 1), "7 1 1 2 1"},
-        {"0 LINE/8 B C/62 17", words(1, 0, 1, 1), "2 1 17 1 9"},
+        {"0 LINE/8 WALL/62 5", words(1, 0, 1, 1), "7 1 5 2 5"},
+        {"0 LINE/8 B C/62 17", words(1, 0, 1, 1), "3 1 17 1 9"},
         {"0 LINE/8 B C", words(2, 1, 2, 2), "99 5 5 1 1"},
         {"0 LINE/8 WALL", words(2, 1, 2, 2), "7 33 3 12 6"},
         {"0 LINE/8 WALL/6 ZIG/370 36", words(2, 2, 2, 2), "7 33 3 1 9"},
@@ -163,6 +164,7 @@ TEST(Convert, AttributesFollowTheWordsAndTables) {
          "55 8 5 1 9"},
         {"0 LINE/8 WALL/6 BYBLOCK/370 -2/62 0", words(0, 0, 0, 0), "2 1 0 1 9"},
         {"0 LINE/8 WALL/62 999", words(0, 0, 0, 0), "2 1 256 2 1"},
+        {"0 HATCH/100 AcDbEntity/8 WALL/100 AcDbHatch/62 1/8 0", words(0, 0, 0, 0), "2 1 256 2 1"},
     };
     for (const auto& c : cases) {
         Tables tables(layers, lines);
@@ -376,6 +378,35 @@ TEST(Convert, WhatAVersionCannotHoldIsLeftOutAndTold) {
     EXPECT_EQ(Count(write(3, 0).summary, Fate::kValueNotWritten, "LWPOLYLINE 420"), 1u);
     EXPECT_EQ(write(0, 0).result, kVersionNotWritten);
     EXPECT_EQ(write(8, 0).result, kVersionNotWritten);
+}
+
+TEST(Convert, HiddenAndUnfinishedItems) {
+    const std::string drawing = Drawing(
+        "0 LAYER/2 OFF/62 -3/70 0/0 LAYER/2 COLD/62 4/70 1",
+        "0 LINE/8 OFF/0 INSERT/8 COLD/2 B/0 ATTRIB/8 0/0 CIRCLE/60 1/8 0/0 POLYLINE/8 0/0 VERTEX/8 0/0 POINT/8 0",
+        "0 BLOCK/2 B/0 LINE/8 0/0 ENDBLK/0 BLOCK/2 *Paper_Space0/0 LINE/67 1/8 0/0 ENDBLK");
+    Tables tables("", "", "COLOR 4 = 44\n", "");
+    tables.import.params.convertHidden = 0;
+    const Imported seen = Import(drawing, tables.import);
+    EXPECT_EQ(Count(seen.summary, Fate::kHiddenLeftOut, "INSERT"), 1u);
+    const std::vector<std::string> kSeen = {"0 POLYLINE/", "0 VERTEX/", "0 SEQEND/", "0 POINT/"};
+    EXPECT_EQ(Items(Export(seen.content, tables.output).bytes, "ENTITIES", {0}), kSeen);
+
+    tables.import.params.convertHidden = tables.import.params.convertLayerNames = 1;
+    const Imported all = Import(drawing, tables.import);
+    EXPECT_TRUE(all.content.layouts.empty());  // only a block has something of the paper space
+    const Exported whole = Export(all.content, tables.output);
+    EXPECT_EQ(Count(whole.summary, Fate::kOtherLayout, "*Paper_Space0"), 1u);
+    EXPECT_EQ(Items(whole.bytes, "ENTITIES", {0}).size(), 9u);
+    const auto layers = Items(whole.bytes, "LAYER", {2, 62, 70});
+    for (const char* layer : {"2 OFF/70 0/62 -3/", "2 COLD/70 1/62 4/"})
+        EXPECT_EQ(std::count(layers.begin(), layers.end(), layer), 1) << layer;
+    tables.output.params.layerConversion = 1;
+    tables.outLayers->classLayer[2][0] = 'X';
+    tables.outLayers->classLayer[3][0] = 'Y';
+    const auto mapped = Items(Export(all.content, tables.output).bytes, "LAYER", {2, 62, 70});
+    for (const char* layer : {"2 X/70 0/62 -7/", "2 Y/70 1/62 44/"})
+        EXPECT_EQ(std::count(mapped.begin(), mapped.end(), layer), 1) << layer;
 }
 
 TEST(Convert, TextsKeepTheirCharacters) {
