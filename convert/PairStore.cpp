@@ -19,10 +19,8 @@ PairRun PairStore::Begin() const {
 void PairStore::Add(PairRun& run, int code, std::string_view text) {
     const std::uint32_t head =
         static_cast<std::uint32_t>(code) << kLengthBits | static_cast<std::uint32_t>(text.size());
-    if (blocks_.empty() || kBlock - blocks_.back().size() < sizeof head + text.size()) {
+    if (blocks_.empty() || kBlock - blocks_.back().size() < sizeof head + text.size())
         blocks_.emplace_back().reserve(kBlock);
-        if (run.count == 0) run = Begin();
-    }
     blocks_.back().append(reinterpret_cast<const char*>(&head), sizeof head).append(text);
     ++run.count;
 }

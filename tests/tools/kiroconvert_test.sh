@@ -69,7 +69,10 @@ def want(holds, *what):
     if not holds:
         bad = True
         print("FAILED:", *what)
-rich = items(ezdxf.readfile("rich.dxf"))
+def dimension_font(drawing):
+    return drawing.dimstyles.get("EZDXF").dxf.get("dimtxsty")
+original = ezdxf.readfile("rich.dxf")
+rich = items(original)
 for name in sorted(glob.glob("rich*-*.dxf")) + sorted(glob.glob("demo-*.dxf")) + ["tables.dxf"]:
     drawing = ezdxf.readfile(name)
     audit = drawing.audit()
@@ -81,6 +84,7 @@ for name in sorted(glob.glob("rich*-*.dxf")) + sorted(glob.glob("demo-*.dxf")) +
         want((wall.dxf.color, wall.dxf.linetype.upper()) == (3, "DASHED"), name, "layer")
         want([t.dxf.text for t in drawing.query("TEXT")] == ["図面"], name, "text")
         want([i.get_attrib_text("TAG") for i in drawing.query("INSERT") if i.dxf.name == "扉"] == ["値"], name, "attrib")
+        want(dimension_font(drawing) == dimension_font(original), name, "dimension style")
         want(len(drawing.linetypes.get("CENTER").pattern_tags.tags) > 4, name, "pattern")
 layers = {e[1] for e in items(ezdxf.readfile("tables.dxf"))}
 want({"WALL", "TEXT"} <= layers and "壁" not in layers, "tables.dxf", layers)
