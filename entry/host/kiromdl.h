@@ -28,7 +28,7 @@ KIROMDL_API double Scfval101(int picture);
 
 KIROMDL_API int HxModelIsModified(const HxModel* model);  // not 0: it has changes that were not saved
 KIROMDL_API HxPermItemDb* HxModelGetPermItemDb(HxModel* model);
-KIROMDL_API HxLineStyle* HxModelGetLineStyle(HxModel* model);
+KIROMDL_API HxLineStyle* HxModelGetLineStyle(HxModel* model);  // null: the model has none
 KIROMDL_API HxDloList* HxModelGetDloList(HxModel* model);
 KIROMDL_API HxNameList* HxModelGetClassNameList(HxModel* model);
 KIROMDL_API HxNameList* HxModelGetRevisionNameList(HxModel* model);
@@ -58,8 +58,13 @@ KIROMDL_API int HxPermItemDbGetMaxItemCount(void);                              
 KIROMDL_API int HxPermItemDbGetItemCount(const HxPermItemDb* db, int picture);  // 1 to 256; 0 for any other number
 KIROMDL_API int HxItemMaxSrCount(void);  // HxItem::m_maxSrCount, the largest split count
 
-// ---- Line styles. Patterns 1 to 63, widths 1 to 16. ----
+// ---- Line styles. Patterns 1 to 63, widths 1 to 16. A null style or pattern and another number: nothing, 0. ----
 
+KIRO_CONSTANT(kHxLinePatterns, 63);
+KIRO_CONSTANT(kHxLinePitches, 8);
+KIRO_CONSTANT(kHxLineWidths, 16);
+// The longest name of a pattern and of a name list, in bytes. A longer one is not taken.
+KIRO_CONSTANT(kHxLongestName, 512);
 KIROMDL_API HxLineStylePattern* HxLineStyleGetPattern(HxLineStyle* style, int number);
 KIROMDL_API double HxLineStyleGetLineWidth(const HxLineStyle* style, int number);
 KIROMDL_API void HxLineStyleSetLineWidth(HxLineStyle* style, int number, double width);
@@ -90,8 +95,9 @@ typedef struct HxDloFrame {
 } HxDloFrame;
 KIROMDL_API int HxDloGetDloFrame(const HxDlo* layout, HxDloFrame* frame);  // 0: none
 
-// ---- Names and titles ----
+// ---- Names and titles. Names 1 to 256. ----
 
+KIRO_CONSTANT(kHxListNames, 256);
 KIROMDL_API const char* HxNameListGetName(const HxNameList* list, int number);  // null: none
 KIROMDL_API void HxNameListSetName(HxNameList* list, int number, const char* name);
 KIROMDL_API int HxModelTitleSetGetCount(const HxModelTitleSet* set);

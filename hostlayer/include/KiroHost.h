@@ -24,6 +24,9 @@ KIROGR_API void KiroHostSetMainWindow(KrWindow window);
 //    "pictures": [{"number": 1, "scale": 0.5, "itemCount": 40, "faults": [{"item": 7, "text": "no length"}]}],
 //    "layouts": [{"number": 1, "name": "A", "windows": [1], "writerError": -8,
 //                 "frame": {"valid": true, "kind": 1, "name": "A3", "width": 420, "height": 297}}],
+//    "lineStyle": {"patterns": [{"number": 2, "name": "DASHED", "pitches": [6, 2]}], "widths": [0, 0.25],
+//                  "weightPitch": 0.1, "weightEnabled": true, "realWeight": false, "scaledFont": false},
+//    "classNames": [{"number": 1, "name": "A"}], "revisionNames": [], "draftingScale": 0.5,
 //    "messages": [{"number": 8, "text": "disk full"}]}
 // Every member but "number" and "item" may be missing. Null: an empty, unmodified model. 0 on success; otherwise the
 // model is as it was and message (UTF-8, may be null) tells why.

@@ -8,6 +8,7 @@
 KIROCONTROL_API void KiroNoteCall(const KiroHostCall& call);
 
 constexpr KiroHostValue HostInteger(const char* name, int value) { return {name, nullptr, 0, value, kKiroHostInteger}; }
+constexpr KiroHostValue HostReal(const char* name, double value) { return {name, nullptr, value, 0, kKiroHostReal}; }
 constexpr KiroHostValue HostFlag(const char* name, bool value) { return {name, nullptr, 0, value, kKiroHostFlag}; }
 constexpr KiroHostValue HostPointer(KiroHostValueKind kind, const char* name, const void* value) {
     return {name, value, 0, 0, kind};

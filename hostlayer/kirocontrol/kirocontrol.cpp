@@ -34,6 +34,17 @@ const HxFileType* HxSessionGetFileType(const char* key) {
 
 int HxFileTypeIsUpperCase(const HxFileType* type) { return type && type->upperCase; }
 
+void LogoutMDF(int code, int count, int value, bool first, bool last) {
+    NoteCall("LogoutMDF", {HostInteger("code", code), HostInteger("count", count), HostInteger("value", value),
+                           HostFlag("first", first), HostFlag("last", last)});
+}
+
+void LogoutSCL(double value, bool first, bool last) {
+    NoteCall("LogoutSCL", {HostReal("value", value), HostFlag("first", first), HostFlag("last", last)});
+}
+
+void Rpt101(int what) { NoteCall("Rpt101", {HostInteger("what", what)}); }
+
 void KiroHostObserveCalls(KiroHostCallObserver observer, void* context) {
     callObserver = observer;
     observerContext = context;

@@ -113,4 +113,7 @@ int DxfOutWriteParam() {
     return result;
 }
 
+// What there is to save of this host is its model, and that only its program saves.
+void d161907cnsout() { NoteCall("d161907cnsout", {}); }
+
 int DxfOutReadParam(DxfOutParamBlock* params) { return exportParams.Read(params); }

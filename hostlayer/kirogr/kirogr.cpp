@@ -1,6 +1,7 @@
 #include "entry/host/kirogr.h"
 
 #include "hostlayer/include/KiroHost.h"
+#include "hostlayer/kirocontrol/CallNote.h"
 
 namespace {
 
@@ -11,5 +12,12 @@ constexpr int kMainWindow = -1;
 }  // namespace
 
 KrWindow Grgetwin(int number) { return number == kMainWindow ? mainWindow : nullptr; }
+
+// This host draws no lines: there is nothing to rebuild.
+void lftpattern(HxLineStyle*, double draftingScale) {
+    NoteCall("lftpattern", {HostReal("draftingScale", draftingScale)});
+}
+
+void clearUserPen() { NoteCall("clearUserPen", {}); }
 
 void KiroHostSetMainWindow(KrWindow window) { mainWindow = window; }

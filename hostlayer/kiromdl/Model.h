@@ -9,6 +9,9 @@
 
 constexpr int kPictures = 256;  // numbered from 1
 constexpr int kLayouts = 256;   // the same
+constexpr int kLinePatterns = 63;
+constexpr int kLineWidths = 16;
+constexpr int kPitches = 8;  // a drawn and a blank length in turn
 
 struct Fault {
     int item = 0;
@@ -37,6 +40,23 @@ struct Layout {
     int writerError = 0;
 };
 
+struct LinePattern {
+    std::string name;  // EUC, if the model is in order
+    std::vector<double> pitches;
+};
+
+struct LineStyle {
+    std::array<LinePattern, kLinePatterns> patterns;
+    std::array<double, kLineWidths> widths{};
+    double weightPitch = 0.1;
+    bool weightEnabled = false;
+    bool realWeight = false;
+    bool scaledFont = false;
+};
+
+constexpr int kListNames = 256;
+using NameList = std::map<int, std::string>;  // EUC, if the model is in order; by number from 1 to 256
+
 struct Model {
     bool modified = false;
     bool checkBeforeExport = false;
@@ -46,6 +66,10 @@ struct Model {
     int currentPicture = 1;
     std::array<std::optional<Picture>, kPictures> pictures;  // none: the picture is not used
     std::array<std::optional<Layout>, kLayouts> layouts;
+    std::optional<LineStyle> lineStyle = LineStyle();
+    NameList classNames;
+    NameList revisionNames;
+    double draftingScale = 1.0;
     std::map<int, std::string> messages;  // the host's, Shift-JIS, by number
 
     const Picture* PictureAt(int number) const;  // null: it is not used

@@ -8,6 +8,7 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string_view>
+#include <utility>
 
 #include "ModelText.h"
 
@@ -243,6 +244,80 @@ void ReadMessage(const json& value, const std::string& where, Model& model) {
         Fail(where, "message " + std::to_string(number) + " is given twice");
 }
 
+std::vector<double> ReadNumbers(const json& value, const std::string& where, std::size_t most) {
+    std::vector<double> numbers;
+    ForEachElement(value, where,
+                   [&](const json& element, const std::string& at) { Read(element, at, numbers.emplace_back()); });
+    if (numbers.size() > most) Fail(where, "at most " + std::to_string(most) + " numbers are expected");
+    return numbers;
+}
+
+void ReadPattern(const json& value, const std::string& where, LineStyle& style,
+                 std::array<bool, kLinePatterns>& given) {
+    int number = 0;
+    LinePattern pattern;
+    ForEachMember(value, where, [&](std::string_view name, const json& member, const std::string& at) {
+        if (name == "number")
+            Read(member, at, {1, kLinePatterns}, number);
+        else if (name == "name")
+            ReadName(member, at, kMaxFileSize, pattern.name);
+        else if (name == "pitches")
+            pattern.pitches = ReadNumbers(member, at, kPitches);
+        else
+            return false;
+        return true;
+    });
+    if (!number) Fail(where, "\"number\" is missing");
+    const auto index = static_cast<std::size_t>(number) - 1;
+    if (std::exchange(given[index], true)) Fail(where, "pattern " + std::to_string(number) + " is given twice");
+    style.patterns[index] = std::move(pattern);
+}
+
+// null: the model has none.
+std::optional<LineStyle> ReadLineStyle(const json& value, const std::string& where) {
+    if (value.is_null()) return std::nullopt;
+    LineStyle style;
+    std::array<bool, kLinePatterns> given{};
+    ForEachMember(value, where, [&](std::string_view name, const json& member, const std::string& at) {
+        if (name == "patterns")
+            ForEachElement(member, at, [&](const json& pattern, const std::string& patternAt) {
+                ReadPattern(pattern, patternAt, style, given);
+            });
+        else if (name == "widths")
+            std::ranges::copy(ReadNumbers(member, at, kLineWidths), style.widths.begin());
+        else if (name == "weightPitch")
+            Read(member, at, style.weightPitch);
+        else if (name == "weightEnabled")
+            Read(member, at, style.weightEnabled);
+        else if (name == "realWeight")
+            Read(member, at, style.realWeight);
+        else if (name == "scaledFont")
+            Read(member, at, style.scaledFont);
+        else
+            return false;
+        return true;
+    });
+    return style;
+}
+
+void ReadNames(const json& value, const std::string& where, NameList& names) {
+    ForEachElement(value, where, [&](const json& element, const std::string& elementAt) {
+        int number = 0;
+        std::string text;
+        ForEachMember(element, elementAt, [&](std::string_view name, const json& member, const std::string& at) {
+            if (name == "number")
+                Read(member, at, {1, kListNames}, number);
+            else if (name == "name")
+                ReadName(member, at, kMaxFileSize, text);
+            else
+                return false;
+            return true;
+        });
+        if (!number) Fail(elementAt, "\"number\" is missing");
+        if (!names.emplace(number, text).second) Fail(elementAt, "name " + std::to_string(number) + " is given twice");
+    });
+}
+
 Model ReadModel(const json& value) {
     Model model;
     const auto readAll = [&model](const json& list, const std::string& where, auto read) {
@@ -265,6 +340,14 @@ Model ReadModel(const json& value) {
             readAll(member, at, ReadPicture);
         else if (name == "layouts")
             readAll(member, at, ReadLayout);
+        else if (name == "lineStyle")
+            model.lineStyle = ReadLineStyle(member, at);
+        else if (name == "classNames")
+            ReadNames(member, at, model.classNames);
+        else if (name == "revisionNames")
+            ReadNames(member, at, model.revisionNames);
+        else if (name == "draftingScale")
+            ReadScale(member, at, model.draftingScale);
         else if (name == "messages")
             readAll(member, at, ReadMessage);
         else

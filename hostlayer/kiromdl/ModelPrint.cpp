@@ -41,6 +41,24 @@ Json Print(const Layout& layout, int number) {
     return json;
 }
 
+Json Print(const LineStyle& style) {
+    Json patterns = Json::array();
+    for (int number = 1; number <= kLinePatterns; ++number) {
+        const LinePattern& pattern = style.patterns[static_cast<std::size_t>(number) - 1];
+        if (pattern.name.empty() && pattern.pitches.empty()) continue;
+        patterns.push_back({{"number", number}, {"name", Name(pattern.name)}, {"pitches", pattern.pitches}});
+    }
+    return {{"patterns", std::move(patterns)},  {"widths", style.widths},
+            {"weightPitch", style.weightPitch}, {"weightEnabled", style.weightEnabled},
+            {"realWeight", style.realWeight},   {"scaledFont", style.scaledFont}};
+}
+
+Json Print(const NameList& names) {
+    Json list = Json::array();
+    for (const auto& [number, name] : names) list.push_back({{"number", number}, {"name", Name(name)}});
+    return list;
+}
+
 template <class Things>
 Json Numbered(const Things& things) {
     Json list = Json::array();
@@ -65,6 +83,10 @@ std::string PrintModel(const Model& model) {
                        {"checkBeforeExport", model.checkBeforeExport},
                        {"pictures", Numbered(model.pictures)},
                        {"layouts", Numbered(model.layouts)},
+                       {"lineStyle", model.lineStyle ? Print(*model.lineStyle) : Json()},
+                       {"classNames", Print(model.classNames)},
+                       {"revisionNames", Print(model.revisionNames)},
+                       {"draftingScale", model.draftingScale},
                        {"messages", std::move(messages)}};
     return json.dump(2) + "\n";
 }
