@@ -25,6 +25,7 @@
 #include "entry/CommandFrame.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
+#include "model/KrDxfWarning1.h"
 #include "resources/catia/KrCatiaIn.ids.h"
 #include "resources/catia/KrDxfPass.ids.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
@@ -49,6 +50,7 @@
 #include "resources/dxfout/KrDxfOutAttr.ids.h"
 #include "resources/dxfout/KrDxfOutAttrHelp.ids.h"
 #include "resources/dxfout/KrDxfOutFiles.ids.h"
+#include "resources/dxfout/KrDxfOutParam.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTable.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_Arrow.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_CLayer.ids.h"
@@ -60,7 +62,6 @@
 #include "resources/dxfout_tables/KrDxfOutTbl_Line.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_PLayer.ids.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_TFont.ids.h"
-#include "resources/dxfout/KrDxfOutParam.ids.h"
 #include "resources/model/KrDxfLayerName.ids.h"
 #include "resources/model/KrDxfLineType.ids.h"
 #include "resources/model/KrDxfLineWidth.ids.h"
@@ -75,6 +76,9 @@ namespace {
 
 constexpr std::int32_t kNotSet = 1;    // a state word with which the user is asked
 constexpr std::int32_t kRefused = -1;  // and one with which the command refuses
+constexpr std::int32_t kDirectly = 0;  // and one without a question
+constexpr std::int32_t kStandardWidths = 0;
+constexpr std::int32_t kFreeWidths = 2;
 constexpr bool kToClasses = false;
 constexpr bool kToRevisions = true;
 
@@ -162,14 +166,12 @@ const CatalogueDialog kDialogs[] = {
     {"varos-output", kVrOutDialog, OverRecord<VrOutputDlg>},
     {"catia-input", kCatiaInDialog,
      [] { return Cleared<CATIAINFO>([](CATIAINFO& info) { return CatiaInputDlg(&info); }); }},
-    {"layer-names", kDxfLayerNameDialog, Plain<CommandFrame, kDxfLayerNameDialog>},
-    {"line-types", kDxfLineTypeDialog,
-     [] { return Cleared<LineTypeWords>([](LineTypeWords& types) { return DxfLineTypeDialog(types.words); }); }},
-    {"line-widths", kDxfLineWidthDialog,
-     [] {
-         return Cleared<LineWidthWords>([](LineWidthWords& widths) { return DxfLineWidthDialog(0, widths.words); });
-     }},
-    {"conversion-warning", kDxfWarning1Dialog, Plain<CommandFrame, kDxfWarning1Dialog>},
+    {"layer-names", kDxfLayerNameDialog, LayerNames, kHasGrid},
+    {"line-types", kDxfLineTypeDialog, [] { return LineTypes(kDirectly); }, kHasGrid},
+    {"line-types-conversion", kDxfLineTypeDialog, [] { return LineTypes(kNotSet); }, kHasGrid},
+    {"line-widths", kDxfLineWidthDialog, [] { return LineWidths(kStandardWidths, kDirectly); }, kHasGrid},
+    {"line-widths-conversion", kDxfLineWidthDialog, [] { return LineWidths(kFreeWidths, kNotSet); }, kHasGrid},
+    {"conversion-warning", kDxfWarning1Dialog, Plain<KrDxfWarning1>},
     // What commands ask and tell before their dialogs, or without one.
     {"layer-names-question", kNoTemplate, [] { return BoxOf(AskLayerNames<0>); }},
     {"layer-names-error", kNoTemplate, [] { return BoxOf(AskLayerNames<kNotSet>); }},

@@ -1,10 +1,14 @@
 #include "catalogue/Openings.h"
 
+#include <array>
+
 #include "dxfin/KrDxfInAttr.h"
 #include "dxfin/KrDxfInParam.h"
 #include "dxfin_tables/KrDxfInTbl_IO.h"
 #include "dxfin_tables/KrDxfInTbl_Layer.h"
 #include "dxfout/KrDxfOutAttr.h"
+#include "dxfout/KrDxfOutParam.h"
+#include "dxfout/OutParams.h"
 #include "dxfout_tables/KrDxfOutTable.h"
 #include "dxfout_tables/KrDxfOutTbl_IO.h"
 #include "dxfout_tables/KrDxfOutTbl_LStyle.h"
@@ -13,11 +17,12 @@
 #include "dxfout_tables/KrDxfOutTbl_Layer.h"
 #include "dxfout_tables/KrDxfOutTbl_Line.h"
 #include "dxfout_tables/KrDxfOutTbl_TFont.h"
-#include "dxfout/KrDxfOutParam.h"
-#include "dxfout/OutParams.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
+#include "model/KrDxfLayerName.h"
+#include "model/KrDxfLineType.h"
+#include "model/KrDxfLineWidth.h"
 
 namespace kiro {
 namespace {
@@ -208,5 +213,36 @@ Opening ExportPatterns() {
 }
 
 Opening ExportLineWidths() { return OverExportLines(RunEditorOf<KrDxfOutTbl_LWidth, KrDxfOutTbl_Line>); }
+
+// ---- Settings of the model ----
+
+namespace {
+
+// The words of a command, with the numbers that are used.
+template <std::size_t count>
+auto Used(std::int32_t state, std::initializer_list<std::size_t> numbers) {
+    auto words = std::make_shared<std::array<std::int32_t, count>>();
+    (*words)[0] = state;
+    for (const std::size_t number : numbers) (*words)[number] = 1;
+    return words;
+}
+
+}  // namespace
+
+Opening LayerNames() {
+    const auto words = Used<257>(0, {1, 2, 3, 10, 11, 12, 40, 100, 200, 256});
+    return {[words] { return RunDialog([&] { return KrDxfLayerName(false, words->data()); }); }, {BytesOf(*words)}};
+}
+
+Opening LineTypes(std::int32_t state) {
+    const auto words = Used<64>(state, {1, 2, 3, 4, 5, 6, 7, 20, 63});
+    return {[words] { return RunDialog([&] { return KrDxfLineType(words->data()); }); }, {BytesOf(*words)}};
+}
+
+Opening LineWidths(std::int32_t mode, std::int32_t state) {
+    const auto words = Used<17>(state, {1, 2, 3, 4, 5, 6, 7, 8, 16});
+    return {[words, mode] { return RunDialog([&] { return KrDxfLineWidth(mode, words->data()); }); },
+            {BytesOf(*words)}};
+}
 
 }  // namespace kiro

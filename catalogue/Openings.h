@@ -68,12 +68,10 @@ Opening Cleared(Command command) {
     const auto data = std::make_shared<Argument>();
     return {[data, command] { return Ended(command(*data)); }, {BytesOf(*data)}};
 }
-struct LineTypeWords {
-    std::int32_t words[64];
-};
-struct LineWidthWords {
-    std::int32_t words[17];
-};
+// The settings of the demonstration's model; state: the word that tells whether a conversion asks for them.
+Opening LayerNames();
+Opening LineTypes(std::int32_t state);
+Opening LineWidths(std::int32_t mode, std::int32_t state);
 
 // A command that shows nothing but a box.
 template <class Command>

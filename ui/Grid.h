@@ -60,6 +60,7 @@ class Grid {
     KrListControl& Control() const { return *control_; }
     HWND List() const;
     int Rows() const { return rows_.Count(); }
+    int Columns() const { return static_cast<int>(columns_.size()); }
     const std::string& TextAt(int row, int column) const { return rows_.Text(row, column); }
     void SetTextAt(int row, int column, std::string_view text);
     void ShowRow(int row);  // after its texts were changed elsewhere
