@@ -218,29 +218,29 @@ Opening ExportLineWidths() { return OverExportLines(RunEditorOf<KrDxfOutTbl_LWid
 
 namespace {
 
-// The words of a command, with the numbers that are used.
+// The words of a command that has all numbers in use.
 template <std::size_t count>
-auto Used(std::int32_t state, std::initializer_list<std::size_t> numbers) {
+auto AllUsed(std::int32_t state) {
     auto words = std::make_shared<std::array<std::int32_t, count>>();
-    (*words)[0] = state;
-    for (const std::size_t number : numbers) (*words)[number] = 1;
+    words->fill(1);
+    words->front() = state;
     return words;
 }
 
 }  // namespace
 
 Opening LayerNames() {
-    const auto words = Used<257>(0, {1, 2, 3, 10, 11, 12, 40, 100, 200, 256});
+    const auto words = AllUsed<257>(0);
     return {[words] { return RunDialog([&] { return KrDxfLayerName(false, words->data()); }); }, {BytesOf(*words)}};
 }
 
 Opening LineTypes(std::int32_t state) {
-    const auto words = Used<64>(state, {1, 2, 3, 4, 5, 6, 7, 20, 63});
+    const auto words = AllUsed<64>(state);
     return {[words] { return RunDialog([&] { return KrDxfLineType(words->data()); }); }, {BytesOf(*words)}};
 }
 
 Opening LineWidths(std::int32_t mode, std::int32_t state) {
-    const auto words = Used<17>(state, {1, 2, 3, 4, 5, 6, 7, 8, 16});
+    const auto words = AllUsed<17>(state);
     return {[words, mode] { return RunDialog([&] { return KrDxfLineWidth(mode, words->data()); }); },
             {BytesOf(*words)}};
 }
