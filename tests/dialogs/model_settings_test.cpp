@@ -1,5 +1,7 @@
 // The settings of the model, as a host calls for them: what the user is refused, and what comes into the model and the
 // host's journal. How the windows look is in the golden text; the arithmetic is tested natively.
+#include <functional>
+
 #include "driver/GridDriver.h"
 #include "resources/grid.ids.h"
 #include "resources/model/KrDxfLayerName.ids.h"
@@ -23,15 +25,6 @@ constexpr char8_t kModel[] =
 
 constexpr std::size_t kUsed[] = {1, 2, 3, 4, 16, 63, 256};
 
-template <std::int32_t mode>
-bool LayerNames(std::int32_t* layers) {
-    return DxfLayerNameDialog(mode, layers);
-}
-template <std::int32_t mode>
-bool LineWidths(std::int32_t* widths) {
-    return DxfLineWidthDialog(mode, widths);
-}
-
 // Their words have a width, a type and a layer of each kind; what is no flag is 2.
 class ModelSettings : public TestHost {
   protected:
@@ -41,7 +34,8 @@ class ModelSettings : public TestHost {
     }
     // The user gets the dialog, behind its question if there is one, and closes it.
     using User = std::function<void(HWND dialog, const Grid& grid)>;
-    bool Run(bool (*call)(std::int32_t* words), std::int32_t state, const User& user) {
+    template <class Call>
+    bool Run(Call call, std::int32_t state, const User& user) {
         words.fill(2);
         words[0] = state;
         for (const std::size_t number : kUsed) words[number] = 1;
@@ -82,8 +76,7 @@ class ModelSettings : public TestHost {
         return texts;
     }
     static void Change(const Grid& grid, int row, int column, const std::wstring& text) {
-        grid.Click(row, column);
-        grid.Write(text);
+        grid.Click(row, column), grid.Write(text);
     }
     std::array<std::int32_t, 257> words;
     std::string journal;
@@ -92,7 +85,7 @@ class ModelSettings : public TestHost {
 }  // namespace
 
 TEST_F(ModelSettings, LayerNamesGoIntoTheListOfTheMode) {
-    EXPECT_TRUE(Run(LayerNames<2>, 0, [](HWND dialog, const Grid& grid) {
+    EXPECT_TRUE(Run(std::bind_front(DxfLayerNameDialog, 2), 0, [](HWND dialog, const Grid& grid) {
         ExpectRefused(dialog, IDOK, L"名前が入力されていません", "0,0 1,0 4,0 5,0 6,0 ");
         grid.Click(3, 1);
         Click(dialog, kNamesFromOneButton);
@@ -101,10 +94,7 @@ TEST_F(ModelSettings, LayerNamesGoIntoTheListOfTheMode) {
         for (const int row : {2, 6}) Change(grid, row, 1, L"1");
         ExpectRefused(dialog, IDOK, L"名前が重複しています", "2,1 6,1 ");
         Change(grid, 6, 1, L"表");
-        grid.Click(2, 1);
-        Key(VK_F2);
-        grid.SetText(std::wstring(200, L'髙'));  // three bytes each
-        Key(VK_RETURN);
+        Change(grid, 2, 1, std::wstring(200, L'髙'));  // three bytes each
         ExpectRefused(dialog, IDOK, L"名前が長すぎます。短くしてください。", "2,1 ");
         Click(dialog, kRestoreLayerNamesButton);
         for (const int row : {0, 1, 4, 5, 6}) Change(grid, row, 1, std::to_wstring(row));
@@ -115,7 +105,7 @@ TEST_F(ModelSettings, LayerNamesGoIntoTheListOfTheMode) {
         {"number": 4, "name": {"hex": "FF"}}, {"number": 7, "name": "残る"}, {"number": 16, "name": "4"},
         {"number": 63, "name": "5"}, {"number": 256, "name": "6"}])"),
               kiro::HostModel()["classNames"]);
-    EXPECT_TRUE(Run(LayerNames<3>, 0, [](HWND dialog, const Grid& grid) {
+    EXPECT_TRUE(Run(std::bind_front(DxfLayerNameDialog, 3), 0, [](HWND dialog, const Grid& grid) {
         EXPECT_EQ(L"||初版|||||", Column(grid, 1));
         Click(dialog, kNamesFromZeroButton);
         Click(dialog, IDOK);
@@ -186,7 +176,7 @@ TEST_F(ModelSettings, WidthsAreFilledCheckedAndWrittenIntoTheJournal) {
                      " false true\n";
         return lines + "LogoutMDF 34 1 12 false false\nLogoutSCL 1.0 false true\n" + end + "Rpt101 2\n";
     };
-    EXPECT_TRUE(Run(LineWidths<0>, 0, [](HWND dialog, const Grid& grid) {
+    EXPECT_TRUE(Run(std::bind_front(DxfLineWidthDialog, 0), 0, [](HWND dialog, const Grid& grid) {
         ExpectRefused(dialog, IDOK, L"無効な線幅が設定されています", "3,1 ");
         Change(grid, 1, 1, L"2.12");
         ExpectRefused(dialog, IDOK, L"無効な入力があります", "1,1 ");
@@ -199,7 +189,6 @@ TEST_F(ModelSettings, WidthsAreFilledCheckedAndWrittenIntoTheJournal) {
         Change(grid, 1, 1, L"0.0004");
         ExpectRefused(dialog, IDOK, L"無効な線幅が設定されています", "1,1 ");
         EXPECT_EQ(L"0|0.0004||||", Column(grid, 1));  // as they were read
-        grid.Click(1, 1);
         grid.Choose(0);
         Click(dialog, kDisplayByNumberRadio);
         EXPECT_EQ(kGrid, FocusId());
@@ -209,7 +198,7 @@ TEST_F(ModelSettings, WidthsAreFilledCheckedAndWrittenIntoTheJournal) {
     const Json lines = kiro::HostModel()["lineStyle"];
     EXPECT_TRUE(lines["weightEnabled"] && !lines["realWeight"]);
 
-    EXPECT_TRUE(Run(LineWidths<2>, 1, [](HWND dialog, const Grid& grid) {
+    EXPECT_TRUE(Run(std::bind_front(DxfLineWidthDialog, 2), 1, [](HWND dialog, const Grid& grid) {
         ExpectRefused(dialog, IDOK, L"線幅が設定されていません", "2,1 3,1 4,1 ");
         Click(dialog, kWidthsFromPitchButton);
         EXPECT_EQ(L"0.13|0.26|0.39|0.52|2.08|", Column(grid, 1));
@@ -232,7 +221,7 @@ TEST_F(ModelSettings, AModelWithoutLinesIsToldOf) {
     };
     EXPECT_FALSE(Run(DxfLineTypeDialog, 0, user));
     Load(kModel);
-    EXPECT_FALSE(Run(LineWidths<2>, 0, user));
+    EXPECT_FALSE(Run(std::bind_front(DxfLineWidthDialog, 2), 0, user));
     EXPECT_FALSE(Drive([this] { return DxfLineTypeDialog((words[0] = 0, words.data())); },
                        [] {
                            EXPECT_EQ(L"モデルに線種と線幅の設定がありません。", ReadBox().text);

@@ -106,15 +106,12 @@ TEST_F(ModelTest, AnswersWhatItsFileSays) {
 
 // What commands read and write there is tested with them.
 TEST_F(ModelTest, LineStylesAndNamesTakeWhatFits) {
-    LoadModel();
-    KiroHostSetModified(false);
     HxLineStyle* const style = GetActiveModel()->GetLineStyle();
-    HxLineStylePattern* const pattern = HxLineStyleGetPattern(style, 2);
-    HxNameList* const classes = GetActiveModel()->GetClassNameList();
+    HxLineStylePattern* const pattern = HxLineStyleGetPattern(style, 63);
     for (const int none : {0, 64}) EXPECT_EQ(nullptr, HxLineStyleGetPattern(style, none));
     HxLineStylePatternSetName(pattern, std::string(513, 'x').c_str());
     HxLineStylePatternSet(pattern, 9, std::vector<double>(9).data());
-    HxNameListSetName(classes, 257, "x");
+    HxNameListSetName(GetActiveModel()->GetClassNameList(), 257, "x");
     HxLineStyleSetLineWidth(style, 17, 1);
     EXPECT_FALSE(GetActiveModel()->IsModified());
     HxLineStylePatternSetName(pattern, std::string(512, 'x').c_str());

@@ -24,19 +24,14 @@ TEST(LineNumbers, FactorsHaveOpenEndsAndASmallOneChangesNothing) {
 }
 
 TEST(LineNumbers, ReadingStopsAtAGapAndWantsPairs) {
-    using Cells = std::vector<std::string>;
     const struct {
-        Cells cells;
+        std::vector<std::string> cells;
         std::vector<double> pitches;
         std::vector<int> bad;
-    } kRows[] = {
-        {{"", "5"}, {}, {}},
-        {{"6", "0.004", "", "x"}, {6, 0.01}, {}},
-        {{"6", "2", "3", "", "1"}, {6, 2, 3}, {2}},
-        {{"1", "2", "x"}, {1, 2, 0}, {2}},
-        {{"x", "2", "3"}, {0, 2, 3}, {0, 2}},
-        {Cells(8, "1"), std::vector<double>(8, 1), {}},
-    };
+    } kRows[] = {{{"", "5"}, {}, {}},
+                 {{"6", "0.004", "", "x"}, {6, 0.01}, {}},
+                 {{"1", "2", "x"}, {1, 2, 0}, {2}},
+                 {{"x", "2", "3"}, {0, 2, 3}, {0, 2}}};
     for (const auto& row : kRows) {
         const PitchReading reading = ReadPitches(row.cells, [](const std::string& text) { return text != "x"; });
         EXPECT_EQ(row.pitches, reading.pitches);
@@ -55,7 +50,7 @@ TEST(LineNumbers, WidthsSnapUpwardsFromWhereTheSearchIs) {
     for (const double bad : {0.0, 0.0004, 0.3015, 0.8}) EXPECT_FALSE(IsStandardWidth(bad, few)) << bad;
 }
 
-TEST(LineNumbers, AreShownWithoutTheRestOfTheComputation) {
+TEST(LineNumbers, ShownWithoutTheRestOfTheComputation) {
     EXPECT_EQ(0.57, ShownNumber(57 * 0.01));
     EXPECT_EQ(1.23456789012, ShownNumber(1.23456789012));
 }
