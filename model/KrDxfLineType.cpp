@@ -84,7 +84,7 @@ void KrDxfLineType::AddRow(const HxLineStyle& style, int number) {
     else
         row[kNameColumn] = row.name.Open(HxLineStylePatternGetName(pattern), kLongestShown);
     double pitches[kHxLinePitches];
-    const int count = HxLineStylePatternGetPitches(pattern, pitches);
+    const int count = std::min(HxLineStylePatternGetPitches(pattern, pitches), kHxLinePitches);
     for (int i = 0; i < count; ++i) row[kPitchColumn + i] = Utility().DtoA(ShownNumber(pitches[i]));
     rows_.Add(std::move(row));
 }

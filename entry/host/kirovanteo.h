@@ -29,13 +29,16 @@ KIROVANTEO_API int VrOutputDlg(TARNAINFO* info);
 KIROVANTEO_API int CatiaInputDlg(CATIAINFO* info);
 
 // Model settings: true when the user confirmed, false otherwise. (The opposite sense of the command dialogs; the host
-// relies on both.) Element 0 of each array is a state word.
+// relies on both.) The arrays are read only; what was set is in the active model. Element 0 of each is a state word,
+// the others are 1 for each layer, line type or line width that is used; any other value: not used.
 //
-// layerNames: 257 elements, the state word and the 256 layer entries.
+// layerNames: 257 elements. State 0: the user is asked first; any other: is refused. mode 0: names of classes, for an
+// export to DXF; 1: of revisions, to DXF; 2: of classes, to DWG; any other: of revisions, to DWG.
 KIROVANTEO_API bool DxfLayerNameDialog(int32_t mode, int32_t* layerNames);
-// lineTypes: 64 elements, 32 pairs; the state word is the first member of the first pair.
+// lineTypes: 64 elements. State 0: names and patterns are edited at once; 1: an export to DXF asks first, for the names
+// alone; any other above 0: an export to DWG does; below 0: the user is refused.
 KIROVANTEO_API bool DxfLineTypeDialog(int32_t* lineTypes);
-// lineWidths: 17 elements, the state word and the 16 widths.
+// lineWidths: 17 elements, the state as above. mode 0: standard widths alone (DxfGetLineWidth); any other: 0 to 10.
 KIROVANTEO_API bool DxfLineWidthDialog(int32_t mode, int32_t* lineWidths);
 // kind 1 asks; every other kind shows nothing and gives false.
 KIROVANTEO_API bool DxfWarningDialog(int32_t kind);

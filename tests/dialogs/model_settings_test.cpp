@@ -199,6 +199,7 @@ TEST_F(ModelSettings, WidthsAreFilledCheckedAndWrittenIntoTheJournal) {
     EXPECT_TRUE(lines["weightEnabled"] && !lines["realWeight"]);
 
     EXPECT_TRUE(Run(std::bind_front(DxfLineWidthDialog, 2), 1, [](HWND dialog, const Grid& grid) {
+        Change(grid, 0, 1, L"");
         ExpectRefused(dialog, IDOK, L"線幅が設定されていません", "2,1 3,1 4,1 ");
         Click(dialog, kWidthsFromPitchButton);
         EXPECT_EQ(L"0.13|0.26|0.39|0.52|2.08|", Column(grid, 1));

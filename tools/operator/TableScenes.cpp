@@ -4,6 +4,7 @@
 #include "driver/GridDriver.h"
 #include "resources/dxfout_tables/KrDxfOutTbl_Line.ids.h"
 #include "resources/grid.ids.h"
+#include "resources/model/KrDxfLineType.ids.h"
 
 namespace kiro {
 namespace {
@@ -64,6 +65,26 @@ Windows LineTypesAlone(const std::wstring&) {
     return {Settle()};
 }
 
+// A pattern without its last blank, and patterns to be multiplied.
+Windows LineTypesMarked(const std::wstring&) {
+    const HWND dialog = Settle();
+    const Grid grid(dialog, kGrid);
+    grid.Click(2, 5);
+    grid.Write(L"");
+    for (const int row : {3, 4}) grid.Click(row, 0);
+    Click(dialog, IDOK);
+    return {dialog};
+}
+
+Windows LineTypesFactor(const std::wstring&) {
+    const HWND dialog = Settle();
+    const Grid grid(dialog, kGrid);
+    for (const int row : {2, 3}) grid.Click(row, 0);
+    Type(dialog, kPitchFactorEdit, L"1/2");
+    Focus(dialog, kPitchFactorEdit);
+    return {dialog};
+}
+
 constexpr Scene kScenes[] = {
     {"table-layer-classes-typed", "table-layer-classes", ClassTyped},
     {"table-layer-classes-choices", "table-layer-classes", ClassChoices},
@@ -71,6 +92,8 @@ constexpr Scene kScenes[] = {
     {"table-layer-classes-marked", "table-layer-classes", ClassMarked},
     {"table-layer-classes-menu", "table-layer-classes", RowMenu},
     {"export-table-line-types-alone", "export-table-lines", LineTypesAlone},
+    {"line-types-marked", "line-types", LineTypesMarked},
+    {"line-types-factor", "line-types", LineTypesFactor},
     {"export-table-patterns-chosen", "export-table-patterns", PatternChosen},
 };
 
