@@ -1,5 +1,7 @@
 #include "model/KrDxfLineWidth.h"
 
+#include <utility>
+
 #include "entry/host/kirocontrol.h"
 #include "entry/host/kirodxf.h"
 #include "entry/host/kirogr.h"
@@ -46,7 +48,7 @@ KrDxfLineWidth::KrDxfLineWidth(std::int32_t mode, const std::int32_t* lineWidths
         row[kNumberColumn] = std::to_string(number);
         rows_.Add(std::move(row));
     }
-    display_.OnChosen([this](int) { BackToGrid(grid_); });
+    display_.OnChosen([this](int display) { DisplayChosen(display); });
     Bind(kWidthsFromPitchButton, BN_CLICKED, [this] { Refill(Source::kPitch); });
     Bind(kRestoreWidthsButton, BN_CLICKED, [this] { Refill(Source::kModel); });
     On(kNoWidthsButton, BN_CLICKED, &KrDxfLineWidth::ClearAll);
@@ -82,11 +84,17 @@ void KrDxfLineWidth::MakeRoom() const {
     move(IDCANCEL, {181, 153, 218, 167});
 }
 
-void KrDxfLineWidth::ShowDisplay(const HxLineStyle* style) const {
+void KrDxfLineWidth::ShowDisplay(const HxLineStyle* style) {
     const Display byNumber = HxLineStyleIsLineWeightEnabled(style) ? kByNumber : kNone;
-    display_.Select(HxLineStyleIsRealLineWeight(style) ? kReal : byNumber);
+    chosen_ = HxLineStyleIsRealLineWeight(style) ? kReal : byNumber;
+    display_.Select(chosen_);
     for (const int control : {kWidthDisplayBox, kNoDisplayRadio, kDisplayByNumberRadio, kRealDisplayRadio})
         Item<kiro::ui::Window>(control).Show(!forConversion_);
+}
+
+// The system counts it as a click when a radio button takes the focus: the Tab key must get past it.
+void KrDxfLineWidth::DisplayChosen(int display) {
+    if (std::exchange(chosen_, display) != display) BackToGrid(grid_);
 }
 
 // ---- Filling ----

@@ -25,7 +25,8 @@ class KrDxfLineWidth final : public kiro::ui::HostDialog {
     void OnOk() override;
 
     void MakeRoom() const;
-    void ShowDisplay(const HxLineStyle* style) const;
+    void ShowDisplay(const HxLineStyle* style);
+    void DisplayChosen(int display);
     enum class Source { kModel, kPitch };
     void FillFrom(Source source);
     void Refill(Source source);
@@ -46,4 +47,5 @@ class KrDxfLineWidth final : public kiro::ui::HostDialog {
     kiro::ui::GridRows<LineWidthRow> rows_;
     kiro::ui::Grid grid_;
     kiro::ui::RadioGroup display_;
+    int chosen_ = -1;  // of them
 };

@@ -165,14 +165,11 @@ TEST_F(ModelSettings, LineTypesAreReadThenNamedThenStored) {
 }
 
 TEST_F(ModelSettings, WidthsAreFilledCheckedAndWrittenIntoTheJournal) {
-    const auto written = [](const Json& widths, const std::string& end) {
+    const auto written = [](const std::string& end) {
         std::string lines;
-        for (std::size_t i = 0; i < 16; ++i)
-            lines += "LogoutMDF 38 1 " + std::to_string(i + 1) + " false false\nLogoutSCL " +
-                     (i < 4    ? widths[i]
-                      : i < 15 ? Json(0.0)
-                               : widths[4])
-                         .dump() +
+        const Json model = kiro::HostModel();
+        for (int number = 1; const Json& width : model["lineStyle"]["widths"])
+            lines += "LogoutMDF 38 1 " + std::to_string(number++) + " false false\nLogoutSCL " + width.dump() +
                      " false true\n";
         return lines + "LogoutMDF 34 1 12 false false\nLogoutSCL 1.0 false true\n" + end + "Rpt101 2\n";
     };
@@ -190,13 +187,17 @@ TEST_F(ModelSettings, WidthsAreFilledCheckedAndWrittenIntoTheJournal) {
         ExpectRefused(dialog, IDOK, L"無効な線幅が設定されています", "1,1 ");
         EXPECT_EQ(L"0|0.0004||||", Column(grid, 1));  // as they were read
         grid.Choose(0);
-        Click(dialog, kDisplayByNumberRadio);
+        Focus(dialog, kRealDisplayRadio);  // with which Windows sends a click
+        Send(dialog, WM_COMMAND, kRealDisplayRadio, reinterpret_cast<LPARAM>(Control(dialog, kRealDisplayRadio)));
+        EXPECT_EQ(kRealDisplayRadio, FocusId());
+        Key(VK_UP);
         EXPECT_EQ(kGrid, FocusId());
         Click(dialog, IDOK);
     }));
-    EXPECT_EQ("clearUserPen\n" + written({0.0, 0.05, 0.0, 0.0, 0.0}, "LogoutMDF 35 1 90 false true\n"), journal);
+    EXPECT_EQ("clearUserPen\n" + written("LogoutMDF 35 1 90 false true\n"), journal);
     const Json lines = kiro::HostModel()["lineStyle"];
     EXPECT_TRUE(lines["weightEnabled"] && !lines["realWeight"]);
+    EXPECT_EQ("[0.0,0.05,0.0,0.0,", lines["widths"].dump().substr(0, 18));
 
     EXPECT_TRUE(Run(std::bind_front(DxfLineWidthDialog, 2), 1, [](HWND dialog, const Grid& grid) {
         Change(grid, 0, 1, L"");
@@ -208,7 +209,8 @@ TEST_F(ModelSettings, WidthsAreFilledCheckedAndWrittenIntoTheJournal) {
         Change(grid, 2, 1, L"10");
         Click(dialog, kSaveWidthsButton);
     }));
-    EXPECT_EQ(written({0.13, 0.26, 10.0, 0.52, 2.08}, "LogoutMDF 34 1 215 false true\nd161907cnsout\n"), journal);
+    EXPECT_EQ(written("LogoutMDF 34 1 215 false true\nd161907cnsout\n"), journal);
+    EXPECT_EQ("[0.13,0.26,10.0,0.52,", kiro::HostModel()["lineStyle"]["widths"].dump().substr(0, 21));
 }
 
 TEST_F(ModelSettings, AModelWithoutLinesIsToldOf) {

@@ -14,6 +14,8 @@ TEST(LineNumbers, PitchesAreHundredthsCutAfterAddingAHalf) {
     EXPECT_EQ(3.0, ScaledPitch(6, 0.5));
     EXPECT_EQ(17 * 0.01, ScaledPitch(0.5, 1 / 3.0));
     EXPECT_EQ(0.0, ScaledPitch(0.01, 0.1));
+    EXPECT_EQ(0.57, ShownNumber(57 * 0.01));
+    EXPECT_EQ(1.23456789012, ShownNumber(1.23456789012));
 }
 
 TEST(LineNumbers, FactorsHaveOpenEndsAndASmallOneChangesNothing) {
@@ -48,11 +50,6 @@ TEST(LineNumbers, WidthsSnapUpwardsFromWhereTheSearchIs) {
 
     for (const double good : {0.1, 0.3009, 0.7}) EXPECT_TRUE(IsStandardWidth(good, few)) << good;
     for (const double bad : {0.0, 0.0004, 0.3015, 0.8}) EXPECT_FALSE(IsStandardWidth(bad, few)) << bad;
-}
-
-TEST(LineNumbers, ShownWithoutTheRestOfTheComputation) {
-    EXPECT_EQ(0.57, ShownNumber(57 * 0.01));
-    EXPECT_EQ(1.23456789012, ShownNumber(1.23456789012));
 }
 
 }  // namespace
