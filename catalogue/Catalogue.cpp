@@ -153,7 +153,7 @@ const CatalogueDialog kDialogs[] = {
      kHasGrid},
     {"export-table-colors", kDxfOutColorGridDialog, OutLayerEditor<KrDxfOutTbl_Color>, kHasGrid},
     {"export-table-arrows", kDxfOutArrowDialog, Plain<KrDxfOutTbl_Arrow>, kHasGrid, L"KIRODXF_ARROW"},
-    {"export-table-lines", kDxfOutLineTableDialog, Plain<KrDxfOutTbl_Line>, kReadsFile},
+    {"export-table-lines", kDxfOutLineTableDialog, Plain<KrDxfOutTbl_Line>, kSlower},
     {"export-table-line-types", kDxfOutLineTypeGridDialog, ExportLineTypes, kHasGrid},
     {"export-table-patterns", kDxfOutPatternGridDialog, ExportPatterns, kHasGrid},
     {"export-table-line-widths", kDxfOutLineWidthGridDialog, ExportLineWidths, kHasGrid},

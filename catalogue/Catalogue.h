@@ -31,7 +31,6 @@ struct DialogFigures {
 };
 constexpr DialogFigures kSimple{1.3, 100, 1000};
 constexpr DialogFigures kSlower{1.5, 50, 200};     // many controls, or a file that is read
-constexpr DialogFigures kReadsFile{2.0, 50, 200};  // a file that is read, and few controls beside that
 // The bare grid draws no row and has no guidance line.
 constexpr DialogFigures kHasGrid{3.5, 30, 200};
 
