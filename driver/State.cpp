@@ -68,6 +68,25 @@ std::string PlaceOf(DWORD64 address) {
     return Utf8(std::filesystem::path(path).filename().wstring()) + offset;
 }
 
+// What a callback of the system interrupts cannot be unwound to, but its return addresses are on the same stack: the
+// first of each module on the way up.
+int AddInterrupted(DWORD64 stack, DWORD64* frames, int count) {
+    MEMORY_BASIC_INFORMATION memory{};
+    if (!VirtualQuery(reinterpret_cast<const void*>(stack), &memory, sizeof memory) || memory.State != MEM_COMMIT)
+        return count;
+    const auto* end =
+        reinterpret_cast<const DWORD64*>(static_cast<const char*>(memory.BaseAddress) + memory.RegionSize);
+    DWORD64 last = 0;
+    for (auto word = reinterpret_cast<const DWORD64*>((stack + 7) & ~DWORD64{7}); word < end && count < kMostFrames;
+         ++word) {
+        DWORD64 base = 0;
+        if (!RtlLookupFunctionEntry(*word, &base, nullptr) || base == last) continue;
+        last = base;
+        frames[count++] = *word;
+    }
+    return count;
+}
+
 std::string Stack(DWORD thread) {
     const HANDLE handle = OpenThread(THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT, FALSE, thread);
     if (!handle || SuspendThread(handle) == static_cast<DWORD>(-1)) return "  no stack\n";
@@ -82,7 +101,11 @@ std::string Stack(DWORD thread) {
             DWORD64 base = 0;
             const auto entry = RtlLookupFunctionEntry(context.Rip, &base, nullptr);
             if (!entry) {  // a function without a frame: its return address is all that it has on the stack
-                if (count > 1 || !context.Rsp) break;
+                if (!context.Rsp) break;
+                if (count > 1) {
+                    count = AddInterrupted(context.Rsp, frames, count);
+                    break;
+                }
                 context.Rip = *reinterpret_cast<const DWORD64*>(context.Rsp);
                 context.Rsp += sizeof(DWORD64);
                 continue;

@@ -82,17 +82,46 @@ TEST(DriverTest, EndsTheLoopsOfTheSystem) {
     }
 }
 
+// A window procedure that the system calls, and that waits inside.
+HANDLE entered = nullptr;
+HANDLE released = nullptr;
+LRESULT CALLBACK WaitInside(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_APP) return DefWindowProcW(window, message, wParam, lParam);
+    SignalObjectAndWait(entered, released, kPatience, FALSE);
+    return 0;
+}
+
 TEST(DriverTest, TellsWhereACallStands) {
-    std::string state;
-    Drive([] { return Ask(); },
-          [&] {
-              const Box box = ReadBox();
-              state = StateOf(UiThread());
-              Answer(box, IDNO);
-          });
-    EXPECT_NE(std::string::npos, state.find("#32770 \"\xE7\xA2\xBA\xE8\xAA\x8D\", visible, enabled")) << state;
-    EXPECT_NE(std::string::npos, state.find("at user32.dll+")) << state;
-    EXPECT_NE(std::string::npos, state.find("at driver_test.exe+")) << state;
+    entered = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    released = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    for (const bool inCallback : {false, true}) {
+        HWND waiting = nullptr;
+        std::string state;
+        Drive(
+            [&] {
+                waiting = CreateWindowW(L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+                SetWindowLongPtrW(waiting, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WaitInside));
+                const int answer = Ask();
+                DestroyWindow(waiting);
+                return answer;
+            },
+            [&] {
+                const Box box = ReadBox();
+                if (inCallback) {
+                    SendNotifyMessageW(waiting, WM_APP, 0, 0);
+                    EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(entered, kPatience));
+                }
+                state = StateOf(UiThread());
+                if (inCallback) SetEvent(released);
+                Answer(box, IDNO);
+            });
+        EXPECT_NE(std::string::npos, state.find("#32770 \"\xE7\xA2\xBA\xE8\xAA\x8D\", visible, enabled")) << state;
+        const std::size_t system = state.find("at user32.dll+");
+        ASSERT_NE(std::string::npos, system) << state;
+        EXPECT_NE(std::string::npos, state.find("at driver_test.exe+", system)) << state;
+    }
+    CloseHandle(entered);
+    CloseHandle(released);
 }
 
 TEST(DriverTest, WaitsForWhatMouseAndKeyboardSend) {
