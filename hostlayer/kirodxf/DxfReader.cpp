@@ -178,8 +178,8 @@ bool DxfReader::ReadChunk() {
     if (bytes.size() < length) return false;
     constexpr char kDigits[] = "0123456789ABCDEF";
     for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        const char digits[] = {kDigits[byte >> 4], kDigits[byte & 15]};
+        const auto octet = static_cast<unsigned char>(c);
+        const char digits[] = {kDigits[octet >> 4], kDigits[octet & 15]};
         text_.Append({digits, sizeof digits});
     }
     input_.Skip(length);
