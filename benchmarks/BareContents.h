@@ -12,15 +12,22 @@ struct BareContents {
         int id;
         std::vector<std::wstring> entries;
     };
-    struct GridSize {
+    struct Grid {
         int id;
         int columns;
         int rows;
+        std::vector<std::vector<std::wstring>> shown;  // the texts of the first rows, as many as a page has
+    };
+    struct Edit {
+        int id;
+        std::wstring text;
     };
     std::vector<List> lists;  // combos
-    std::vector<GridSize> grids;
+    std::vector<Grid> grids;
+    std::vector<Edit> edits;
+    std::vector<int> checked;  // radios and check boxes
 };
 
-// On the dialog's own thread.
+// On the dialog's own thread. The contents outlive the bare dialog, whose grids draw their texts from them.
 BareContents ReadContents(HWND dialog);
 void FillBare(HWND dialog, const BareContents& contents);

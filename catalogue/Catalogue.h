@@ -31,7 +31,7 @@ struct DialogFigures {
 };
 constexpr DialogFigures kSimple{1.3, 100, 1000};
 constexpr DialogFigures kSlower{1.5, 50, 200};     // many controls, or a file that is read
-// The bare grid draws no row and has no guidance line.
+// The bare grid has no guidance line, and neither marks, lines nor a current cell.
 constexpr DialogFigures kHasGrid{3.5, 30, 200};
 
 struct CatalogueDialog {
