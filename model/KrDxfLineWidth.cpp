@@ -72,7 +72,7 @@ void KrDxfLineWidth::OnInit() {
     if (rows_.Count() > 0) grid_.GoTo(first, grid_.FirstColumnToEdit(first));
 }
 
-// "線幅なし" stands where "設定" and "取消" were.
+// "線幅なし" stands where the three were.
 void KrDxfLineWidth::MakeRoom() const {
     Item<kiro::ui::Window>(kNoWidthsButton).Show(true);
     const auto move = [this](int control, RECT place) {
@@ -82,6 +82,7 @@ void KrDxfLineWidth::MakeRoom() const {
     };
     move(IDOK, {139, 153, 177, 167});
     move(IDCANCEL, {181, 153, 218, 167});
+    move(kSaveWidthsButton, {222, 153, 260, 167});
 }
 
 void KrDxfLineWidth::ShowDisplay(const HxLineStyle* style) {
