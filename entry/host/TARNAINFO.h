@@ -5,7 +5,8 @@
 // host's own conversion libraries and is pinned below.
 //
 // Encoding: text that the host stores is EUC; file paths are in the host's internal form (KrUtility::InternalPathName),
-// which is EUC too. A text field may come without a NUL: read it with ReadFixedText.
+// which is EUC too. The names of a database (drives, groups, users, drawings) are Shift-JIS, as they are shown. A text
+// field may come without a NUL: read it with ReadFixedText.
 #pragma once
 
 #include "HostApi.h"
@@ -48,9 +49,9 @@ typedef struct TarnaExportView {
 
 // One drawing of a database, as the host lists it and the user chooses it.
 typedef struct TarnaDrawing {
-    int32_t selected;  // 1 = chosen
-    char drawingName[41];
-    char modelName[35];
+    int32_t selected;      // 1 = chosen
+    char drawingName[41];  // Shift-JIS
+    char modelName[35];    // input: Shift-JIS; output: EUC
 } TarnaDrawing;
 
 // Pelion output reads a model-name pattern in the second half of what is the file name for Pelion input.
@@ -107,8 +108,11 @@ typedef struct TarnaDatabaseView {
     int32_t dbDrawingCount;
     int32_t dbOutModelCount;
     int32_t dbSelectAllAllowed;
-    TarnaDrawing dbDrawings[1];  // dbDrawingCount entries; the host allocates the record as large as they need
+    // dbDrawingCount entries, or dbOutModelCount; the host allocates the record as large as they need. The dialogs list
+    // kMostDatabaseDrawings at most.
+    TarnaDrawing dbDrawings[1];
 } TarnaDatabaseView;
+KIRO_CONSTANT(kMostDatabaseDrawings, 10000);
 
 // In the export view the file name reaches over the import view's subModelName: after an export that field means
 // nothing.
