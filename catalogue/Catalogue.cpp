@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "catalogue/DatabaseOpenings.h"
 #include "catalogue/Openings.h"
 #include "dxfin_tables/KrDxfInTable.h"
 #include "dxfin_tables/KrDxfInTbl_Arrow.h"
@@ -82,10 +83,6 @@ constexpr std::int32_t kFreeWidths = 2;
 constexpr bool kToClasses = false;
 constexpr bool kToRevisions = true;
 
-template <auto command>
-Opening OverRecord() {
-    return Cleared<TARNAINFO>([](TARNAINFO& info) { return command(&info); });
-}
 template <std::int32_t state>
 void AskLayerNames() {
     std::int32_t words[257] = {state};
@@ -159,11 +156,14 @@ const CatalogueDialog kDialogs[] = {
     {"export-table-line-widths", kDxfOutLineWidthGridDialog, ExportLineWidths, kHasGrid},
     {"export-table-fonts", kDxfOutTextFontDialog, ExportTextFonts, kHasGrid, L"KIRODXF_STYLE"},
     {"export-table-fonts-help", kDxfOutTextFontHelpDialog, Plain<KrDxfOutTbl_TFont2>},
+    // The databases.
+    {"pelion-input", kPlInDialog, [] { return DatabaseInput(DatabaseKind::kPelion); }, kSlower},
+    {"pelion-input-plw", kPlInDialog, [] { return DatabaseInput(DatabaseKind::kPlw); }, kSlower},
+    {"pelion-output", kPlOutDialog, [] { return DatabaseOutput(DatabaseKind::kPelion); }, kSlower},
+    {"pelion-output-plw", kPlOutDialog, [] { return DatabaseOutput(DatabaseKind::kPlw); }, kSlower},
+    {"varos-input", kVrInDialog, [] { return DatabaseInput(DatabaseKind::kVaros); }, kSlower},
+    {"varos-output", kVrOutDialog, [] { return DatabaseOutput(DatabaseKind::kVarosFacom); }, kSlower},
     // The other commands.
-    {"pelion-input", kPlInDialog, OverRecord<PlInputDlg>},
-    {"pelion-output", kPlOutDialog, OverRecord<PlOutputDlg>},
-    {"varos-input", kVrInDialog, OverRecord<VrInputDlg>},
-    {"varos-output", kVrOutDialog, OverRecord<VrOutputDlg>},
     {"catia-input", kCatiaInDialog,
      [] { return Cleared<CATIAINFO>([](CATIAINFO& info) { return CatiaInputDlg(&info); }); }},
     {"layer-names", kDxfLayerNameDialog, LayerNames, kHasGrid},

@@ -9,11 +9,11 @@
 #include "entry/CommandFrame.h"
 #include "entry/host/kirogr.h"
 #include "entry/host/kirovanteo.h"
+#include "peliondb/KrPlIn.h"
+#include "peliondb/KrPlOut.h"
 #include "resources/catia/KrCatiaIn.ids.h"
-#include "resources/peliondb/KrPlIn.ids.h"
-#include "resources/peliondb/KrPlOut.ids.h"
-#include "resources/varosdb/KrVrIn.ids.h"
-#include "resources/varosdb/KrVrOut.ids.h"
+#include "varosdb/KrVrIn.h"
+#include "varosdb/KrVrOut.h"
 
 namespace {
 
@@ -41,12 +41,12 @@ int DxfInputPass(TARNAINFO* info) { return RunCommand<KrDxfPass>(info); }
 
 int DxfOutputDlg(TARNAINFO* info) { return RunCommand<KrDxfOut>(info); }
 
-int PlInputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kPlInDialog); }
+int PlInputDlg(TARNAINFO* info) { return RunCommand<KrPlIn>(info); }
 
-int PlOutputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kPlOutDialog); }
+int PlOutputDlg(TARNAINFO* info) { return RunCommand<KrPlOut>(info); }
 
-int VrInputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kVrInDialog); }
+int VrInputDlg(TARNAINFO* info) { return RunCommand<KrVrIn>(info); }
 
-int VrOutputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kVrOutDialog); }
+int VrOutputDlg(TARNAINFO* info) { return RunCommand<KrVrOut>(info); }
 
 int CatiaInputDlg(CATIAINFO*) { return RunCommand<CommandFrame>(kCatiaInDialog); }

@@ -78,6 +78,11 @@ void FileNameField::OnFocus(bool gained) {
     }
 }
 
+bool FileNameField::Take(const std::string& caption) {
+    Normalise();
+    return !entered_ || dialog_.ReadText(controls_.edit, caption);
+}
+
 void FileNameField::Normalise() {
     const auto text = NameEdit().Text();
     if (!entered_ || !text) return;
@@ -115,8 +120,7 @@ bool FileNameField::Refuse() {
 }
 
 bool FileNameField::Confirm(const std::string& caption, Pattern pattern, NameCheck check) {
-    Normalise();
-    if (entered_ && !dialog_.ReadText(controls_.edit, caption)) return false;
+    if (!Take(caption)) return false;
     const Place place = place_();
     utility_.SetKeyword(place.key);
     if (check == NameCheck::kByHost && !utility_.CheckFile(name_.c_str())) return Refuse();

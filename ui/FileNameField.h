@@ -51,8 +51,9 @@ class FileNameField {
 
     bool Browse();  // opens the chooser with the name as its pattern; true when a file was chosen
 
-    // What becomes of the name when the edit loses the focus. The Enter key confirms a dialog without that.
-    void Normalise();
+    // What is entered becomes the name, as when the edit loses the focus: the Enter key confirms a dialog without that.
+    // False: the user has been told of a character that code page 932 cannot hold.
+    bool Take(const std::string& caption);
 
     // The name is one that can be read or written, as the place's mode says. Otherwise the user has been told, and the
     // focus is in the field. A pattern opens the chooser; what is chosen there is to be confirmed once more, or counts
@@ -70,6 +71,7 @@ class FileNameField {
     void OnFocus(bool gained);
     void OnChange();
     void OnRecentChosen(int index);
+    void Normalise();
     bool Refuse();  // false, with the focus in the field
     bool Access(const Place& place);
     void SetName(const std::string& name);

@@ -54,20 +54,20 @@ typedef struct TarnaDrawing {
     char modelName[35];    // input: Shift-JIS; output: EUC
 } TarnaDrawing;
 
-// Pelion output reads a model-name pattern in the second half of what is the file name for Pelion input.
+// Output has a pattern of model names in the second half of what is the file name of input.
 typedef struct TarnaModelPatternSlot {
-    char reserved0[256];
-    char dbModelPattern[256];
+    char dbOutFileName[256];   // internal path form; "" when the drawings go into no file
+    char dbModelPattern[256];  // Shift-JIS, as typed
 } TarnaModelPatternSlot;
 
 // PlInputDlg, PlOutputDlg, VrInputDlg and VrOutputDlg.
 typedef struct TarnaDatabaseView {
     union {
-        char dbFileName[512];               // input: real path of the DOS file, EUC
-        TarnaModelPatternSlot patternSlot;  // output: pattern handed to GetPlOutputModel
+        char dbFileName[512];               // input: Pelion's real path, EUC; Varos's internal form
+        TarnaModelPatternSlot patternSlot;  // output
     };
-    char dbSubModelName[128];  // EUC
-    char dbInputView[3];       // 0 to 2 characters, "0" = all views
+    char dbSubModelName[128];  // Pelion: EUC; Varos: Shift-JIS, as typed
+    char dbInputView[3];       // 1 or 2 characters, Shift-JIS; "0" = all views
     char reserved643[5];
     int32_t plDriveKnown;         // not 0 = preselect plDrive
     int32_t plGroupKnown;         // not 0 = preselect plGroup
@@ -156,6 +156,7 @@ KIRO_PIN(TarnaExportView, exportParams, 1080, 8);
 
 KIRO_PIN(TarnaDatabaseView, dbFileName, 0, 512);
 KIRO_PIN(TarnaDatabaseView, patternSlot, 0, 512);
+KIRO_PIN(TarnaModelPatternSlot, dbOutFileName, 0, 256);
 KIRO_PIN(TarnaModelPatternSlot, dbModelPattern, 256, 256);
 KIRO_PIN(TarnaDatabaseView, dbSubModelName, 512, 128);
 KIRO_PIN(TarnaDatabaseView, dbInputView, 640, 3);
