@@ -2,6 +2,7 @@
 // the host's main window, run the dialog over it, and undo all of it in reverse.
 #include <windows.h>
 
+#include "catia/KrCatiaIn.h"
 #include "catia/KrDxfPass.h"
 #include "dxfin/KrDxfIn.h"
 #include "dxfout/KrDxfOut.h"
@@ -9,7 +10,6 @@
 #include "entry/CommandFrame.h"
 #include "entry/host/kirogr.h"
 #include "entry/host/kirovanteo.h"
-#include "resources/catia/KrCatiaIn.ids.h"
 #include "resources/peliondb/KrPlIn.ids.h"
 #include "resources/peliondb/KrPlOut.ids.h"
 #include "resources/varosdb/KrVrIn.ids.h"
@@ -49,4 +49,4 @@ int VrInputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kVrInDialog); }
 
 int VrOutputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kVrOutDialog); }
 
-int CatiaInputDlg(CATIAINFO*) { return RunCommand<CommandFrame>(kCatiaInDialog); }
+int CatiaInputDlg(CATIAINFO* info) { return RunCommand<KrCatiaIn>(info); }
