@@ -2,16 +2,15 @@
 // the host's main window, run the dialog over it, and undo all of it in reverse.
 #include <windows.h>
 
+#include "catia/KrCatiaIn.h"
 #include "catia/KrDxfPass.h"
 #include "dxfin/KrDxfIn.h"
 #include "dxfout/KrDxfOut.h"
 #include "entry/CVanteoApp.h"
-#include "entry/CommandFrame.h"
 #include "entry/host/kirogr.h"
 #include "entry/host/kirovanteo.h"
 #include "peliondb/KrPlIn.h"
 #include "peliondb/KrPlOut.h"
-#include "resources/catia/KrCatiaIn.ids.h"
 #include "varosdb/KrVrIn.h"
 #include "varosdb/KrVrOut.h"
 
@@ -49,4 +48,4 @@ int VrInputDlg(TARNAINFO* info) { return RunCommand<KrVrIn>(info); }
 
 int VrOutputDlg(TARNAINFO* info) { return RunCommand<KrVrOut>(info); }
 
-int CatiaInputDlg(CATIAINFO*) { return RunCommand<CommandFrame>(kCatiaInDialog); }
+int CatiaInputDlg(CATIAINFO* info) { return RunCommand<KrCatiaIn>(info); }

@@ -1,15 +1,12 @@
 // The drawings that are to be read.
 #pragma once
 
-#include "entry/host/TARNAINFO.h"
-#include "ui/HostDialog.h"
+#include "peliondb/DrawingList.h"
 
-class KrPlInDraw1 final : public kiro::ui::HostDialog {
+class KrPlInDraw1 final : public DrawingList {
   public:
     explicit KrPlInDraw1(TARNAINFO* info);
 
   private:
-    void OnInit() override;
-
-    TarnaDatabaseView& info_;
+    void Show(const TarnaDrawing& drawing, Row& row) const override;
 };

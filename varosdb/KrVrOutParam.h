@@ -1,15 +1,16 @@
 // The parameters of drawings that are written for Varos.
 #pragma once
 
-#include "entry/host/TARNAINFO.h"
-#include "ui/HostDialog.h"
+#include "peliondb/DbOutParam.h"
 
-class KrVrOutParam final : public kiro::ui::HostDialog {
+class KrVrOutParam final : public DbOutParam<VrOutParamBlock> {
   public:
     explicit KrVrOutParam(TARNAINFO* info);
 
   private:
-    void OnInit() override;
+    static const Form kForm;
 
-    TarnaDatabaseView& info_;
+    void ShowOwn(const VrOutParamBlock& params) override;
+    std::optional<Fault> OwnFault() const override;
+    void ReadOwn(VrOutParamBlock& params) const override;
 };

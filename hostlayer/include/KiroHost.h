@@ -49,6 +49,8 @@ enum KiroHostValueKind {
     kKiroHostText,       // the pointer: EUC, null where the caller gave null
     kKiroHostInParams,   // the pointer: DxfInParamBlock, or null
     kKiroHostOutParams,  // the pointer: DxfOutParamBlock, or null
+    kKiroHostPlParams,   // the pointer: PlOutParamBlock, or null
+    kKiroHostVrParams,   // the pointer: VrOutParamBlock, or null
     kKiroHostNoValue
 };
 typedef struct KiroHostValue {
