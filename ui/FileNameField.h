@@ -71,6 +71,7 @@ class FileNameField {
     void OnFocus(bool gained);
     void OnChange();
     void OnRecentChosen(int index);
+    void Normalise();
     bool Refuse();  // false, with the focus in the field
     bool Access(const Place& place);
     void SetName(const std::string& name);
