@@ -149,7 +149,7 @@ TEST_F(DatabaseChoices, WhatIsKnownIsChosenAndTheKeysGoOn) {
 TEST_F(DatabaseChoices, ListsEndAt512Names) {
     std::vector<std::wstring> names;
     std::vector<const wchar_t*> paths;
-    for (int i = 0; i <= 512; ++i) names.push_back(std::to_wstring(1000 + i) + L"/U/");
+    for (int i = 0; i <= 512; ++i) names.push_back(std::to_wstring(1000 + i) + L"/");
     for (const std::wstring& name : names) paths.push_back(name.c_str());
     const kiro::PelionDrive drive(paths);
     info().plDriveKnown = 1;
