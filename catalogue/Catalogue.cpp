@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "catalogue/DatabaseChoices.h"
 #include "catalogue/DatabaseOpenings.h"
 #include "catalogue/Openings.h"
 #include "dxfin_tables/KrDxfInTable.h"
@@ -67,10 +68,14 @@
 #include "resources/model/KrDxfLineType.ids.h"
 #include "resources/model/KrDxfLineWidth.ids.h"
 #include "resources/model/KrDxfWarning1.ids.h"
+#include "resources/peliondb/KrPlDraw.ids.h"
 #include "resources/peliondb/KrPlIn.ids.h"
+#include "resources/peliondb/KrPlInDrive.ids.h"
 #include "resources/peliondb/KrPlOut.ids.h"
+#include "resources/peliondb/KrPlOutParam.ids.h"
 #include "resources/varosdb/KrVrIn.ids.h"
 #include "resources/varosdb/KrVrOut.ids.h"
+#include "resources/varosdb/KrVrOutParam.ids.h"
 
 namespace kiro {
 namespace {
@@ -163,6 +168,16 @@ const CatalogueDialog kDialogs[] = {
     {"pelion-output-plw", kPlOutDialog, [] { return DatabaseOutput(DatabaseKind::kPlw); }, kSlower},
     {"varos-input", kVrInDialog, [] { return DatabaseInput(DatabaseKind::kVaros); }, kSlower},
     {"varos-output", kVrOutDialog, [] { return DatabaseOutput(DatabaseKind::kVarosFacom); }, kSlower},
+    // What the commands of the databases open on their way.
+    {"pelion-drives", kPlInDriveDialog, PelionDrives, kHasGrid},
+    {"pelion-users", kPlInDriveDialog, PelionUsers, kHasGrid},
+    {"pelion-floppy", kPlInDrive1Dialog, PelionFloppy, kHasGrid},
+    {"pelion-drawings", kPlInDraw1Dialog, PelionDrawings, kHasGrid},
+    {"pelion-drawing-models", kPlInDraw2Dialog, PelionDrawingModels, kHasGrid},
+    {"pelion-models", kPlOutDrawDialog, PelionModels, kHasGrid},
+    {"pelion-parameters", kPlOutParamDialog, [] { return PelionParameters(false); }, kSlower},
+    {"pelion-parameters-plw", kPlOutParamDialog, [] { return PelionParameters(true); }, kSlower},
+    {"varos-parameters", kVrOutParamDialog, VarosParameters, kSlower},
     // The other commands.
     {"catia-input", kCatiaInDialog,
      [] { return Cleared<CATIAINFO>([](CATIAINFO& info) { return CatiaInputDlg(&info); }); }},

@@ -57,6 +57,7 @@ std::shared_ptr<DatabaseData> DemoDatabase(DatabaseKind kind) {
     auto data = std::make_shared<DatabaseData>();
     TarnaDatabaseView& info = data->info.database;
     KiroHostSetDrawingRoom(kDemoDrawings);
+    data->drive = DemoPelionDrive();
     info.plwVariant = kind == DatabaseKind::kPlw;
     info.vrFacom = kind == DatabaseKind::kVarosFacom;
     info.dbPicture = 2;

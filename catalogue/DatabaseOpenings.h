@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/PelionDrive.h"
 #include "entry/host/ParamBlocks.h"
 #include "entry/host/TARNAINFO.h"
 
@@ -17,6 +18,7 @@ struct DatabaseData {
     std::byte drawings[(kDemoDrawings - 1) * sizeof(TarnaDrawing)]{};  // those behind the first
     PlOutParamBlock pelion{};
     VrOutParamBlock varos{};
+    std::shared_ptr<PelionDrive> drive;  // for the choice of drive, group and user
 };
 
 // Pages, pictures, an active list, a group and a user; the parameters of Pelion or of Varos.

@@ -8,5 +8,6 @@ class KrPlInDraw1 final : public DrawingList {
     explicit KrPlInDraw1(TARNAINFO* info);
 
   private:
+    void OnInit() override;
     void Show(const TarnaDrawing& drawing, Row& row) const override;
 };

@@ -10,13 +10,18 @@ NameList::NameList(kiro::ui::HostDialog& dialog, int listId, kiro::ui::GridColum
 void NameList::Init(int limit, const std::vector<std::string>& names, const NameList* parent) {
     SetRows(names);
     grid_.Init(limit);
+    ShowAsChoices();
     if (parent) grid_.Control().SetParentList(&parent->grid_.Control());
 }
 
 void NameList::Fill(const std::vector<std::string>& names) {
     SetRows(names);
     grid_.ShowOthers();
+    ShowAsChoices();
 }
+
+// Not as cells that cannot be edited.
+void NameList::ShowAsChoices() const { grid_.Control().SetAvailableFlag(-1, 0, 1); }
 
 void NameList::SetRows(const std::vector<std::string>& names) {
     row_ = -1;

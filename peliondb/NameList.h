@@ -27,6 +27,7 @@ class NameList {
     struct Row : kiro::ui::GridRow<1> {};
 
     void SetRows(const std::vector<std::string>& names);
+    void ShowAsChoices() const;
     void Moved(int row);
 
     kiro::ui::GridRows<Row> rows_;
