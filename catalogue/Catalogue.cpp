@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "catalogue/DatabaseChoices.h"
+#include "catalogue/DatabaseOpenings.h"
 #include "catalogue/Openings.h"
 #include "dxfin_tables/KrDxfInTable.h"
 #include "dxfin_tables/KrDxfInTbl_Arrow.h"
@@ -66,10 +68,14 @@
 #include "resources/model/KrDxfLineType.ids.h"
 #include "resources/model/KrDxfLineWidth.ids.h"
 #include "resources/model/KrDxfWarning1.ids.h"
+#include "resources/peliondb/KrPlDraw.ids.h"
 #include "resources/peliondb/KrPlIn.ids.h"
+#include "resources/peliondb/KrPlInDrive.ids.h"
 #include "resources/peliondb/KrPlOut.ids.h"
+#include "resources/peliondb/KrPlOutParam.ids.h"
 #include "resources/varosdb/KrVrIn.ids.h"
 #include "resources/varosdb/KrVrOut.ids.h"
+#include "resources/varosdb/KrVrOutParam.ids.h"
 
 namespace kiro {
 namespace {
@@ -82,10 +88,6 @@ constexpr std::int32_t kFreeWidths = 2;
 constexpr bool kToClasses = false;
 constexpr bool kToRevisions = true;
 
-template <auto command>
-Opening OverRecord() {
-    return Cleared<TARNAINFO>([](TARNAINFO& info) { return command(&info); });
-}
 template <std::int32_t state>
 void AskLayerNames() {
     std::int32_t words[257] = {state};
@@ -159,11 +161,24 @@ const CatalogueDialog kDialogs[] = {
     {"export-table-line-widths", kDxfOutLineWidthGridDialog, ExportLineWidths, kHasGrid},
     {"export-table-fonts", kDxfOutTextFontDialog, ExportTextFonts, kHasGrid, L"KIRODXF_STYLE"},
     {"export-table-fonts-help", kDxfOutTextFontHelpDialog, Plain<KrDxfOutTbl_TFont2>},
+    // The databases.
+    {"pelion-input", kPlInDialog, [] { return DatabaseInput(DatabaseKind::kPelion); }, kSlower},
+    {"pelion-input-plw", kPlInDialog, [] { return DatabaseInput(DatabaseKind::kPlw); }, kSlower},
+    {"pelion-output", kPlOutDialog, [] { return DatabaseOutput(DatabaseKind::kPelion); }, kSlower},
+    {"pelion-output-plw", kPlOutDialog, [] { return DatabaseOutput(DatabaseKind::kPlw); }, kSlower},
+    {"varos-input", kVrInDialog, [] { return DatabaseInput(DatabaseKind::kVaros); }, kSlower},
+    {"varos-output", kVrOutDialog, [] { return DatabaseOutput(DatabaseKind::kVarosFacom); }, kSlower},
+    // What the commands of the databases open on their way.
+    {"pelion-drives", kPlInDriveDialog, PelionDrives, kHasGrid},
+    {"pelion-users", kPlInDriveDialog, PelionUsers, kHasGrid},
+    {"pelion-floppy", kPlInDrive1Dialog, PelionFloppy, kHasGrid},
+    {"pelion-drawings", kPlInDraw1Dialog, PelionDrawings, kHasGrid},
+    {"pelion-drawing-models", kPlInDraw2Dialog, PelionDrawingModels, kHasGrid},
+    {"pelion-models", kPlOutDrawDialog, PelionModels, kHasGrid},
+    {"pelion-parameters", kPlOutParamDialog, [] { return PelionParameters(false); }, kSlower},
+    {"pelion-parameters-plw", kPlOutParamDialog, [] { return PelionParameters(true); }, kSlower},
+    {"varos-parameters", kVrOutParamDialog, VarosParameters, kSlower},
     // The other commands.
-    {"pelion-input", kPlInDialog, OverRecord<PlInputDlg>},
-    {"pelion-output", kPlOutDialog, OverRecord<PlOutputDlg>},
-    {"varos-input", kVrInDialog, OverRecord<VrInputDlg>},
-    {"varos-output", kVrOutDialog, OverRecord<VrOutputDlg>},
     {"catia-input", kCatiaInDialog,
      [] { return Cleared<CATIAINFO>([](CATIAINFO& info) { return CatiaInputDlg(&info); }); }},
     {"layer-names", kDxfLayerNameDialog, LayerNames, kHasGrid},

@@ -4,6 +4,7 @@
 
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -32,6 +33,28 @@ void Write(const std::filesystem::path& file, const std::string& bytes) {
         throw std::runtime_error("cannot be written: " + file.string());
 }
 
+// The drawings of a user, and models, are told from each other by their names alone.
+void MakeEmptyFiles(const std::filesystem::path& home, const std::filesystem::path& list) {
+    std::istringstream lines(BytesOf(list));
+    for (std::string line; std::getline(lines, line);) {
+        const std::filesystem::path file = home / ui::ToWide(SjisFromUtf8(line));
+        std::filesystem::create_directories(file.parent_path());
+        Write(file, "");
+    }
+}
+
+void MakeDatabases(const std::filesystem::path& home, const std::filesystem::path& demo) {
+    const struct {
+        const wchar_t* name;
+        const wchar_t* folder;
+    } files[] = {{L"pump.dos", L"TARNA\\DOS"}, {L"PELION.DB", L"TARNA\\DB"}, {L"plant.vdb", L"TARNA\\DB_R"}};
+    for (const auto& file : files) {
+        std::filesystem::create_directories(home / file.folder);
+        Write(home / file.folder / file.name, BytesOf(demo / file.name));
+    }
+    MakeEmptyFiles(home, demo / L"files.txt");
+}
+
 }  // namespace
 
 void MakeDemoHome(const std::filesystem::path& home) {
@@ -42,6 +65,7 @@ void MakeDemoHome(const std::filesystem::path& home) {
     Write(home / L"DXF" / L"demo.dxf", BytesOf(demo / L"demo.dxf"));
     for (const auto& table : std::filesystem::directory_iterator(demo / L"tables"))
         Write(tables / table.path().filename(), SjisFromUtf8(BytesOf(table.path())));
+    MakeDatabases(home, demo / L"databases");
     KiroHostSetHome(home.c_str());
     if (KiroHostLoadModel((demo / L"model.json").c_str(), nullptr, 0) != 0)
         throw std::runtime_error("the model of the demonstration cannot be read");

@@ -1,4 +1,5 @@
-// The home folder of a program that shows dialogs: the demonstration's drawing and conversion tables in their places.
+// The home folder of a program that shows dialogs: the demonstration's drawing, conversion tables
+// and databases in their places.
 #pragma once
 
 #include <filesystem>

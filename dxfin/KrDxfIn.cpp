@@ -15,6 +15,7 @@
 #include "resources/dxfin/KrDxfInAll.ids.h"
 #include "resources/recent.ids.h"
 #include "ui/MessageBoxes.h"
+#include "ui/WaitCursor.h"
 
 namespace {
 
@@ -187,9 +188,10 @@ void KrDxfIn::MediumChosen() {
 void KrDxfIn::RefreshVersion() {
     const std::string path = file_.InternalPath();
     DrawingVersion version;
-    const HCURSOR previous = SetCursor(LoadCursorW(nullptr, IDC_WAIT));  // a drawing on a slow share takes its time
-    if (!path.empty()) version = isDwg_ ? ReadDwgVersion(path) : ReadDxfVersion(path);
-    SetCursor(previous);
+    if (!path.empty()) {
+        const kiro::ui::WaitCursor cursor;
+        version = isDwg_ ? ReadDwgVersion(path) : ReadDxfVersion(path);
+    }
     ShowVersion(VersionLine(version));
 }
 

@@ -2,18 +2,17 @@
 // the host's main window, run the dialog over it, and undo all of it in reverse.
 #include <windows.h>
 
+#include "catia/KrCatiaIn.h"
 #include "catia/KrDxfPass.h"
 #include "dxfin/KrDxfIn.h"
 #include "dxfout/KrDxfOut.h"
 #include "entry/CVanteoApp.h"
-#include "entry/CommandFrame.h"
 #include "entry/host/kirogr.h"
 #include "entry/host/kirovanteo.h"
-#include "resources/catia/KrCatiaIn.ids.h"
-#include "resources/peliondb/KrPlIn.ids.h"
-#include "resources/peliondb/KrPlOut.ids.h"
-#include "resources/varosdb/KrVrIn.ids.h"
-#include "resources/varosdb/KrVrOut.ids.h"
+#include "peliondb/KrPlIn.h"
+#include "peliondb/KrPlOut.h"
+#include "varosdb/KrVrIn.h"
+#include "varosdb/KrVrOut.h"
 
 namespace {
 
@@ -41,12 +40,12 @@ int DxfInputPass(TARNAINFO* info) { return RunCommand<KrDxfPass>(info); }
 
 int DxfOutputDlg(TARNAINFO* info) { return RunCommand<KrDxfOut>(info); }
 
-int PlInputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kPlInDialog); }
+int PlInputDlg(TARNAINFO* info) { return RunCommand<KrPlIn>(info); }
 
-int PlOutputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kPlOutDialog); }
+int PlOutputDlg(TARNAINFO* info) { return RunCommand<KrPlOut>(info); }
 
-int VrInputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kVrInDialog); }
+int VrInputDlg(TARNAINFO* info) { return RunCommand<KrVrIn>(info); }
 
-int VrOutputDlg(TARNAINFO*) { return RunCommand<CommandFrame>(kVrOutDialog); }
+int VrOutputDlg(TARNAINFO* info) { return RunCommand<KrVrOut>(info); }
 
-int CatiaInputDlg(CATIAINFO*) { return RunCommand<CommandFrame>(kCatiaInDialog); }
+int CatiaInputDlg(CATIAINFO* info) { return RunCommand<KrCatiaIn>(info); }

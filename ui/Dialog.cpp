@@ -109,6 +109,7 @@ void Dialog::End(INT_PTR result) {
 
 void Dialog::FocusTo(int controlId) const {
     const HWND control = GetDlgItem(handle_, controlId);
+    if (!IsWindowEnabled(control)) return;  // with the focus there no key would do anything
     SendMessageW(handle_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
 }
 

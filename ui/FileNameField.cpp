@@ -48,7 +48,10 @@ void FileNameField::Clear() {
     if (cleared_) cleared_();
 }
 
-bool FileNameField::HasName() const { return !name_.empty() && name_ != emptyName_ && name_ != kPlaceholder; }
+bool FileNameField::HasName() const {
+    const bool isNone = name_.empty() || name_ == emptyName_ || name_ == kPlaceholder;
+    return !isNone && !(controls_.anyIsNone && name_ == kAnyName);
+}
 
 void FileNameField::Enable(bool on) const {
     for (const int id : {controls_.edit, controls_.recentCombo, controls_.browseButton})
@@ -75,7 +78,11 @@ void FileNameField::OnFocus(bool gained) {
     }
 }
 
-// What becomes of the name when the edit loses the focus. The Enter key confirms a dialog without that.
+bool FileNameField::Take(const std::string& caption) {
+    Normalise();
+    return !entered_ || dialog_.ReadText(controls_.edit, caption);
+}
+
 void FileNameField::Normalise() {
     const auto text = NameEdit().Text();
     if (!entered_ || !text) return;
@@ -113,8 +120,7 @@ bool FileNameField::Refuse() {
 }
 
 bool FileNameField::Confirm(const std::string& caption, Pattern pattern, NameCheck check) {
-    Normalise();
-    if (entered_ && !dialog_.ReadText(controls_.edit, caption)) return false;
+    if (!Take(caption)) return false;
     const Place place = place_();
     utility_.SetKeyword(place.key);
     if (check == NameCheck::kByHost && !utility_.CheckFile(name_.c_str())) return Refuse();
@@ -158,7 +164,7 @@ void FileNameField::ClearRecent() {
 }
 
 void FileNameField::Remember() {
-    utility_.SetFilePath(&recentNames_, name_.c_str(), RecentHandle(), recentMax_);
+    if (HasName() && !IsPattern()) utility_.SetFilePath(&recentNames_, name_.c_str(), RecentHandle(), recentMax_);
     utility_.SetUsedFile(place_().key, kKrUsedFiles, &recentNames_, &recentMax_);
 }
 

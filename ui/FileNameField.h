@@ -19,6 +19,7 @@ class FileNameField {
         int recentCombo;
         int browseButton;
         WideningCombo::Wide wide = WideningCombo::Wide::kWithFocus;
+        bool anyIsNone = false;  // the edit is also left empty with "*" alone, whatever the empty name is
     };
     // Where the file is looked for, asked whenever that is needed. The keys are those of KrUtility::SetKeyword.
     struct Place {
@@ -50,6 +51,10 @@ class FileNameField {
 
     bool Browse();  // opens the chooser with the name as its pattern; true when a file was chosen
 
+    // What is entered becomes the name, as when the edit loses the focus: the Enter key confirms a dialog without that.
+    // False: the user has been told of a character that code page 932 cannot hold.
+    bool Take(const std::string& caption);
+
     // The name is one that can be read or written, as the place's mode says. Otherwise the user has been told, and the
     // focus is in the field. A pattern opens the chooser; what is chosen there is to be confirmed once more, or counts
     // at once. A name that cannot be read is taken off the recently used ones.
@@ -60,7 +65,7 @@ class FileNameField {
     // The recently used files of the place.
     void LoadRecent();
     void ClearRecent();
-    void Remember();  // the name moves to the top and the list is saved
+    void Remember();  // the name, if it is one of a file, moves to the top; the list is saved
 
   private:
     void OnFocus(bool gained);

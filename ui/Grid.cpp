@@ -57,7 +57,19 @@ HWND Grid::List() const { return dialog_.Item<Window>(listId_).Handle(); }
 // ---- Filling ----
 
 void Grid::Init(int limit, int marks) {
-    control_->InitList(dialog_.Handle(), listId_, static_cast<int>(columns_.size()), rows_.Count(), limit, marks);
+    limit_ = limit;
+    marks_ = marks;
+    Fill();
+}
+
+void Grid::ShowOthers() {
+    valid_ = false;
+    faults_.clear();
+    Fill();
+}
+
+void Grid::Fill() {
+    control_->InitList(dialog_.Handle(), listId_, static_cast<int>(columns_.size()), rows_.Count(), limit_, marks_);
     control_->SetExtendedStyle(kGridStyle);
     SetColumns();
     for (int row = 0; row < Rows(); ++row) ShowRow(row);

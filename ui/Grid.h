@@ -54,6 +54,8 @@ class Grid {
 
     // limit: the most rows there may be. marks: kKrSelectNone, kKrSelectSingle or kKrSelectMultiple.
     void Init(int limit, int marks = kKrSelectNone);
+    // After Init, when the rows are others as a whole: no cell is current then and none is marked.
+    void ShowOthers();
 
     // ---- Rows and cells ----
 
@@ -83,6 +85,7 @@ class Grid {
   private:
     friend class RowCheck;
 
+    void Fill();
     void SetColumns();
     void Number(int from);
     void CheckRow(int row);
@@ -104,6 +107,8 @@ class Grid {
     GridModel& rows_;
     KrListControlPtr control_;
     bool numbered_ = false;
+    int limit_ = 0;
+    int marks_ = kKrSelectNone;
     std::optional<RowMenu> menu_;
     RowChecker checkRow_;
     std::function<void()> beforeCheck_;

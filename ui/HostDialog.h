@@ -7,6 +7,7 @@
 
 #include "entry/host/KrUtility.h"
 #include "ui/Dialog.h"
+#include "ui/MessageBoxes.h"
 
 namespace kiro::ui {
 
@@ -25,6 +26,16 @@ class HostDialog : public Dialog {
         utility_->SetMessageZone();
     }
     void ShowGuidance(const char* text) override { utility_->MessageText(text); }
+
+    // "設定内容に誤りがあります。": the guidance line tells what is wrong, while the box is open and afterwards, and
+    // the focus is at the control. marked: the line has it as an error.
+    void RefuseInGuidance(int controlId, const char* text, const char* caption, Icon icon, bool marked) {
+        FocusTo(controlId);
+        // The box takes the focus and gives it back: without this the control's own guidance would replace the text.
+        const Loading quiet(*this);
+        marked ? utility_->ErrorText(text) : utility_->MessageText(text);
+        Tell(Handle(), "設定内容に誤りがあります。", caption, icon);
+    }
 
     // What becomes of an edit's text when it loses the focus. A text that code page 932 cannot hold stays; it is
     // refused when the dialog is confirmed.

@@ -11,7 +11,8 @@
 namespace kiro {
 namespace {
 
-constexpr std::size_t kMoreDrawings = 512 * sizeof(TarnaDrawing);
+constexpr std::size_t kDrawings = 2048;  // of a record
+constexpr std::size_t kMoreDrawings = (kDrawings - 1) * sizeof(TarnaDrawing);
 
 Json Member(const Json& json, const char* name) { return json.contains(name) ? json[name] : Json::object(); }
 
@@ -55,7 +56,7 @@ struct DatabaseFamily {
 };
 using PlInputFamily = DatabaseFamily<PlOutParamBlock, kDatabaseInputView, kPlOutParams>;
 using PlOutputFamily = DatabaseFamily<PlOutParamBlock, kDatabaseOutputView, kPlOutParams>;
-using VrInputFamily = DatabaseFamily<VrOutParamBlock, kDatabaseInputView, kVrOutParams>;
+using VrInputFamily = DatabaseFamily<VrOutParamBlock, kVarosInputView, kVrOutParams>;
 using VrOutputFamily = DatabaseFamily<VrOutParamBlock, kDatabaseOutputView, kVrOutParams>;
 
 template <class Family>
@@ -72,6 +73,7 @@ CallResult RunTarna(const Export& self, const Json& input) {
     FromJson(Family::View(), Member(input, "record"), info.Bytes());
     FromJson(Family::ParamView(), Member(input, "params"), params.Bytes());
     Family::Attach(*info.Get(), params.Get());
+    KiroHostSetDrawingRoom(kDrawings);
     const int returned = command(info.Get());
     CallResult result{Answer(self, returned), returned};
     result.json["record"] = ToJson(Family::View(), info.Bytes());

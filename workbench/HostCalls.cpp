@@ -29,6 +29,10 @@ Json ValueToJson(const KiroHostValue& value) {
             return BlockToJson<DxfInParamBlock>(kDxfInParams, value.pointer);
         case kKiroHostOutParams:
             return BlockToJson<DxfOutParamBlock>(kDxfOutParams, value.pointer);
+        case kKiroHostPlParams:
+            return BlockToJson<PlOutParamBlock>(kPlOutParams, value.pointer);
+        case kKiroHostVrParams:
+            return BlockToJson<VrOutParamBlock>(kVrOutParams, value.pointer);
         default:
             return nullptr;
     }

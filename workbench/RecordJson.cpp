@@ -14,13 +14,23 @@ namespace {
 
 constexpr UINT kShiftJisPage = 932;
 constexpr std::size_t kDrawingsOffset = offsetof(TarnaDatabaseView, dbDrawings);
-constexpr std::size_t kDrawingCountOffset = offsetof(TarnaDatabaseView, dbDrawingCount);
 constexpr Field kDrawingFields[] = {
     {"selected", offsetof(TarnaDrawing, selected), FieldKind::kInteger, sizeof TarnaDrawing::selected},
-    {"drawingName", offsetof(TarnaDrawing, drawingName), FieldKind::kEuc, sizeof TarnaDrawing::drawingName},
-    {"modelName", offsetof(TarnaDrawing, modelName), FieldKind::kEuc, sizeof TarnaDrawing::modelName},
+    {"drawingName", offsetof(TarnaDrawing, drawingName), FieldKind::kShiftJis, sizeof TarnaDrawing::drawingName},
 };
-const RecordView kDrawingView{"TarnaDrawing", kDrawingFields};
+template <FieldKind kind>
+constexpr Field kModelField[] = {
+    {"modelName", offsetof(TarnaDrawing, modelName), kind, sizeof TarnaDrawing::modelName}};
+const RecordView kDrawingToRead{"TarnaDrawing", kDrawingFields, kModelField<FieldKind::kShiftJis>};
+const RecordView kDrawingToWrite{"TarnaDrawing", kDrawingFields, kModelField<FieldKind::kEuc>};
+
+const RecordView& DrawingView(Drawings drawings) {
+    return drawings == Drawings::kToWrite ? kDrawingToWrite : kDrawingToRead;
+}
+std::size_t CountOffset(Drawings drawings) {
+    return drawings == Drawings::kToWrite ? offsetof(TarnaDatabaseView, dbOutModelCount)
+                                          : offsetof(TarnaDatabaseView, dbDrawingCount);
+}
 
 std::wstring ToWide(UINT page, const std::string& text) {
     const int length = MultiByteToWideChar(page, 0, text.data(), static_cast<int>(text.size()), nullptr, 0);
@@ -133,22 +143,22 @@ std::size_t DrawingRoom(std::span<const std::byte> record) {
     return (record.size() - kDrawingsOffset) / sizeof(TarnaDrawing);
 }
 
-Json DrawingsToJson(std::span<const std::byte> record) {
-    const auto count = Load<std::int32_t>(record, kDrawingCountOffset);
+Json DrawingsToJson(Drawings kind, std::span<const std::byte> record) {
+    const auto count = Load<std::int32_t>(record, CountOffset(kind));
     const std::size_t shown = count < 0 ? 0 : std::min(static_cast<std::size_t>(count), DrawingRoom(record));
     Json drawings = Json::array();
     for (std::size_t i = 0; i < shown; ++i)
-        drawings.push_back(
-            ToJson(kDrawingView, record.subspan(kDrawingsOffset + i * sizeof(TarnaDrawing), sizeof(TarnaDrawing))));
+        drawings.push_back(ToJson(DrawingView(kind),
+                                  record.subspan(kDrawingsOffset + i * sizeof(TarnaDrawing), sizeof(TarnaDrawing))));
     return drawings;
 }
 
-void DrawingsFromJson(const Json& json, std::span<std::byte> record) {
+void DrawingsFromJson(Drawings kind, const Json& json, std::span<std::byte> record) {
     if (!json.is_array()) throw RecordError("dbDrawings: an array is expected");
     if (json.size() > DrawingRoom(record))
         throw RecordError("dbDrawings: there is room for " + std::to_string(DrawingRoom(record)));
     for (std::size_t i = 0; i < json.size(); ++i)
-        FromJson(kDrawingView, json[i],
+        FromJson(DrawingView(kind), json[i],
                  record.subspan(kDrawingsOffset + i * sizeof(TarnaDrawing), sizeof(TarnaDrawing)));
 }
 
@@ -207,21 +217,22 @@ std::string EucFromUtf8(const std::string& text) { return HxEucEncoder::Sjis2Euc
 Json ToJson(const RecordView& view, std::span<const std::byte> record) {
     Json json = Json::object();
     ForEachField(view, [&](const Field& field) { json[field.name] = FieldToJson(field, record); });
-    if (view.drawings) json["dbDrawings"] = DrawingsToJson(record);
+    if (view.drawings != Drawings::kNone) json["dbDrawings"] = DrawingsToJson(view.drawings, record);
     return json;
 }
 
 void FromJson(const RecordView& view, const Json& json, std::span<std::byte> record) {
     if (!json.is_object()) throw RecordError(std::string(view.name) + ": an object is expected");
     for (const auto& [name, value] : json.items()) {
-        bool known = view.drawings && name == "dbDrawings";
+        bool known = view.drawings != Drawings::kNone && name == "dbDrawings";
         ForEachField(view, [&](const Field& field) { known = known || name == field.name; });
         if (!known) throw RecordError(std::string(view.name) + " has no field " + name);
     }
     ForEachField(view, [&](const Field& field) {
         if (json.contains(field.name)) FieldFromJson(field, json[field.name], record);
     });
-    if (view.drawings && json.contains("dbDrawings")) DrawingsFromJson(json["dbDrawings"], record);
+    if (view.drawings != Drawings::kNone && json.contains("dbDrawings"))
+        DrawingsFromJson(view.drawings, json["dbDrawings"], record);
 }
 
 }  // namespace kiro

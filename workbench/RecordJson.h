@@ -27,17 +27,22 @@ struct Field {
     bool list = false;      // a numbered field that is a JSON array instead, with every slot from the first on
 };
 
+// The entries of dbDrawings that a view shows: dbDrawingCount of them with the models' names in Shift-JIS, or
+// dbOutModelCount with those in EUC.
+enum class Drawings { kNone, kToRead, kToWrite };
+
 struct RecordView {
     const char* name;
     std::span<const Field> fields;
     std::span<const Field> moreFields = {};  // those that views have in common
-    bool drawings = false;                   // dbDrawings follows
+    Drawings drawings = Drawings::kNone;     // dbDrawings follows
 };
 
 extern const RecordView kImportView;
 extern const RecordView kExportView;
-extern const RecordView kDatabaseInputView;   // with dbFileName
-extern const RecordView kDatabaseOutputView;  // with dbModelPattern in its second half
+extern const RecordView kDatabaseInputView;   // of Pelion
+extern const RecordView kVarosInputView;      // dbSubModelName is Shift-JIS
+extern const RecordView kDatabaseOutputView;  // with dbModelPattern in the second half of dbFileName
 extern const RecordView kCatiaView;
 extern const RecordView kDxfInParams;
 extern const RecordView kDxfOutParams;

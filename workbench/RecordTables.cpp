@@ -9,8 +9,7 @@
 namespace kiro {
 namespace {
 
-constexpr std::size_t kDrawingPattern =
-    offsetof(TarnaDatabaseView, patternSlot) + offsetof(TarnaModelPatternSlot, dbModelPattern);
+constexpr std::size_t kPatternSlot = offsetof(TarnaDatabaseView, patternSlot);
 
 template <class T>
 constexpr FieldKind NumberKind() {
@@ -46,21 +45,29 @@ constexpr Field kExportFields[] = {
     EUC(TarnaExportView, layerTableFileName),
 };
 
-constexpr Field kDatabaseInputFields[] = {EUC(TarnaDatabaseView, dbFileName)};
+constexpr Field kPelionInputFields[] = {EUC(TarnaDatabaseView, dbFileName), EUC(TarnaDatabaseView, dbSubModelName)};
 
+constexpr Field kVarosInputFields[] = {EUC(TarnaDatabaseView, dbFileName),
+                                       SHIFT_JIS(TarnaDatabaseView, dbSubModelName)};
+
+// The fields of the slot that only output has.
 constexpr Field kDatabaseOutputFields[] = {
-    {"dbModelPattern", kDrawingPattern, FieldKind::kEuc, sizeof TarnaModelPatternSlot::dbModelPattern}};
+    {"dbFileName", kPatternSlot + offsetof(TarnaModelPatternSlot, dbOutFileName), FieldKind::kEuc,
+     sizeof TarnaModelPatternSlot::dbOutFileName},
+    {"dbModelPattern", kPatternSlot + offsetof(TarnaModelPatternSlot, dbModelPattern), FieldKind::kShiftJis,
+     sizeof TarnaModelPatternSlot::dbModelPattern},
+    EUC(TarnaDatabaseView, dbSubModelName),
+};
 
 constexpr Field kDatabaseFields[] = {
-    EUC(TarnaDatabaseView, dbSubModelName),
-    EUC(TarnaDatabaseView, dbInputView),
+    SHIFT_JIS(TarnaDatabaseView, dbInputView),
     NUMBER(TarnaDatabaseView, plDriveKnown),
     NUMBER(TarnaDatabaseView, plGroupKnown),
     NUMBER(TarnaDatabaseView, plSelectSettingMode),
-    EUC(TarnaDatabaseView, plDrive),
-    EUC(TarnaDatabaseView, plGroup),
-    EUC(TarnaDatabaseView, plUser),
-    EUC(TarnaDatabaseView, dbDrawingName),
+    SHIFT_JIS(TarnaDatabaseView, plDrive),
+    SHIFT_JIS(TarnaDatabaseView, plGroup),
+    SHIFT_JIS(TarnaDatabaseView, plUser),
+    SHIFT_JIS(TarnaDatabaseView, dbDrawingName),
     NUMBER(TarnaDatabaseView, plwVariant),
     NUMBER(TarnaDatabaseView, vrFacom),
     NUMBER(TarnaDatabaseView, dbSource),
@@ -80,9 +87,9 @@ constexpr Field kDatabaseFields[] = {
     NUMBERED(TarnaDatabaseView, dbPictureCounts, kInteger, 1),
     NUMBERED(TarnaDatabaseView, dbPictureNames, kEuc, 0),
     NUMBER(TarnaDatabaseView, plFloppyGroupCount),
-    NUMBERED(TarnaDatabaseView, plFloppyGroups, kEuc, 0),
+    NUMBERED(TarnaDatabaseView, plFloppyGroups, kShiftJis, 0),
     NUMBER(TarnaDatabaseView, plFloppyUserCount),
-    NUMBERED(TarnaDatabaseView, plFloppyUsers, kEuc, 0),
+    NUMBERED(TarnaDatabaseView, plFloppyUsers, kShiftJis, 0),
     NUMBER(TarnaDatabaseView, dbDrawingCount),
     NUMBER(TarnaDatabaseView, dbOutModelCount),
     NUMBER(TarnaDatabaseView, dbSelectAllAllowed),
@@ -178,8 +185,9 @@ constexpr Field kVrOutFields[] = {
 
 const RecordView kImportView{"TarnaImportView", kImportFields};
 const RecordView kExportView{"TarnaExportView", kExportFields};
-const RecordView kDatabaseInputView{"TarnaDatabaseView", kDatabaseInputFields, kDatabaseFields, true};
-const RecordView kDatabaseOutputView{"TarnaDatabaseView", kDatabaseOutputFields, kDatabaseFields, true};
+const RecordView kDatabaseInputView{"TarnaDatabaseView", kPelionInputFields, kDatabaseFields, Drawings::kToRead};
+const RecordView kVarosInputView{"TarnaDatabaseView", kVarosInputFields, kDatabaseFields, Drawings::kToRead};
+const RecordView kDatabaseOutputView{"TarnaDatabaseView", kDatabaseOutputFields, kDatabaseFields, Drawings::kToWrite};
 const RecordView kCatiaView{"CATIAINFO", kCatiaFields};
 const RecordView kDxfInParams{"DxfInParamBlock", kDxfInFields};
 const RecordView kDxfOutParams{"DxfOutParamBlock", kDxfOutFields};

@@ -52,7 +52,8 @@ class KrListControl {
   public:
     virtual void Release() = 0;  // before or after the dialog's windows are gone
 
-    // First call. listId: the list view; rows: empty rows at the start; limit: the most there may be.
+    // First call. listId: the list view; rows: empty rows at the start; limit: the most there may be. Called again it
+    // starts anew, with other columns and rows; a parent list stays.
     virtual void InitList(KrWindow dialog, int listId, int columns, int rows, int limit, int selection) = 0;
     virtual void SetColumn(int column, const char* title, double width) = 0;  // width: share of the sum of all widths
     virtual void SetExtendedStyle(unsigned long style) = 0;                   // 33: grid lines and full-row selection

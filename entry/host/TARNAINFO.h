@@ -5,7 +5,8 @@
 // host's own conversion libraries and is pinned below.
 //
 // Encoding: text that the host stores is EUC; file paths are in the host's internal form (KrUtility::InternalPathName),
-// which is EUC too. A text field may come without a NUL: read it with ReadFixedText.
+// which is EUC too. The names of a database (drives, groups, users, drawings) are Shift-JIS, as they are shown. A text
+// field may come without a NUL: read it with ReadFixedText.
 #pragma once
 
 #include "HostApi.h"
@@ -48,25 +49,25 @@ typedef struct TarnaExportView {
 
 // One drawing of a database, as the host lists it and the user chooses it.
 typedef struct TarnaDrawing {
-    int32_t selected;  // 1 = chosen
-    char drawingName[41];
-    char modelName[35];
+    int32_t selected;      // 1 = chosen
+    char drawingName[41];  // Shift-JIS
+    char modelName[35];    // input: Shift-JIS; output: EUC
 } TarnaDrawing;
 
-// Pelion output reads a model-name pattern in the second half of what is the file name for Pelion input.
+// Output has a pattern of model names in the second half of what is the file name of input.
 typedef struct TarnaModelPatternSlot {
-    char reserved0[256];
-    char dbModelPattern[256];
+    char dbOutFileName[256];   // internal path form; "" when the drawings go into no file
+    char dbModelPattern[256];  // Shift-JIS, as typed
 } TarnaModelPatternSlot;
 
 // PlInputDlg, PlOutputDlg, VrInputDlg and VrOutputDlg.
 typedef struct TarnaDatabaseView {
     union {
-        char dbFileName[512];               // input: real path of the DOS file, EUC
-        TarnaModelPatternSlot patternSlot;  // output: pattern handed to GetPlOutputModel
+        char dbFileName[512];               // input: Pelion's real path, EUC; Varos's internal form
+        TarnaModelPatternSlot patternSlot;  // output
     };
-    char dbSubModelName[128];  // EUC
-    char dbInputView[3];       // 0 to 2 characters, "0" = all views
+    char dbSubModelName[128];  // Pelion: EUC; Varos: Shift-JIS, as typed
+    char dbInputView[3];       // 1 or 2 characters, Shift-JIS; "0" = all views
     char reserved643[5];
     int32_t plDriveKnown;         // not 0 = preselect plDrive
     int32_t plGroupKnown;         // not 0 = preselect plGroup
@@ -107,8 +108,11 @@ typedef struct TarnaDatabaseView {
     int32_t dbDrawingCount;
     int32_t dbOutModelCount;
     int32_t dbSelectAllAllowed;
-    TarnaDrawing dbDrawings[1];  // dbDrawingCount entries; the host allocates the record as large as they need
+    // dbDrawingCount entries, or dbOutModelCount; the host allocates the record as large as they need. The dialogs list
+    // kMostDatabaseDrawings at most.
+    TarnaDrawing dbDrawings[1];
 } TarnaDatabaseView;
+KIRO_CONSTANT(kMostDatabaseDrawings, 10000);
 
 // In the export view the file name reaches over the import view's subModelName: after an export that field means
 // nothing.
@@ -152,6 +156,7 @@ KIRO_PIN(TarnaExportView, exportParams, 1080, 8);
 
 KIRO_PIN(TarnaDatabaseView, dbFileName, 0, 512);
 KIRO_PIN(TarnaDatabaseView, patternSlot, 0, 512);
+KIRO_PIN(TarnaModelPatternSlot, dbOutFileName, 0, 256);
 KIRO_PIN(TarnaModelPatternSlot, dbModelPattern, 256, 256);
 KIRO_PIN(TarnaDatabaseView, dbSubModelName, 512, 128);
 KIRO_PIN(TarnaDatabaseView, dbInputView, 640, 3);

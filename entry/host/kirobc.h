@@ -2,10 +2,12 @@
 #pragma once
 
 #if defined(__cplusplus)
+#include <memory>
 #include <string>
 #endif
 
 #include "HostApi.h"
+#include "ParamBlocks.h"
 #include "TARNAINFO.h"
 
 #if defined(KIROBC_BUILD)
@@ -91,19 +93,28 @@ class HxFile {
     }
 };
 
-// Lists a folder; C++ only. Paths: internal form.
+// Lists a folder, in the order of the file system; C++ only. Paths: internal form. Entries whose names EUC cannot hold
+// are left out.
 class HxFileFinder {
   public:
-    virtual bool Open(const char* pattern, bool directories) = 0;  // true when there is a first entry
-    virtual bool Next() = 0;                                       // true when there is another
-    virtual const char* Current() = 0;                             // valid until Next or Close
+    // pattern: an absolute path whose last name may have "*" and "?". directories: folders alone, without "." and "..";
+    // otherwise files alone. True when there is a first entry, which is the current one then.
+    virtual bool Open(const char* pattern, bool directories) = 0;
+    virtual bool Next() = 0;            // true when there is another, which is the current one then
+    virtual const char* Current() = 0;  // its whole path, valid until Next or Close
     virtual void Close() = 0;
     virtual void Release() = 0;
 
   protected:
     ~HxFileFinder() = default;
 };
+// Null when there is no memory.
 KIROBC_API HxFileFinder* HxFileFinderCreateInstance();
+
+struct HxFileFinderRelease {
+    void operator()(HxFileFinder* finder) const { finder->Release(); }
+};
+using HxFileFinderPtr = std::unique_ptr<HxFileFinder, HxFileFinderRelease>;
 #endif
 
 KIROBC_API size_t HxUtilGetStationId(char* out, size_t size);
@@ -115,15 +126,31 @@ KIROBC_API int SxfModelInit(int kind, int option);
 // both 0 of the whole model. kind 3: an export to DXF or DWG. Not 0: some are faulty; report: "DXF_Interface.lis" in
 // the home folder, made anew, tells which.
 KIROBC_API int SxfModelCheck(int kind, bool report, int drawing, int picture);
+
+// Names of groups (1 to 4 bytes) and users (1 to 6) of a database, Shift-JIS. They are names of folders: none of
+// \ / : * ? " < > | and no control character; no blank, of half or full width, at the ends; no "." at the ends; not the
+// name of a device (CON, PRN, AUX, NUL, COM1 to COM9, LPT1 to LPT9). A user is not "ACCESS" or "FORMAT", which the
+// database has in each group.
 KIROBC_API int CheckGroupName(const char* name);            // 0 invalid, otherwise a value for CheckUserName
-KIROBC_API int CheckUserName(const char* name, int group);  // 0 invalid
-KIROBC_API int SavePlParameter(TARNAINFO* info);            // 0 when saved
-KIROBC_API int SaveVrParameter(TARNAINFO* info);            // 0 when saved
-KIROBC_API int CheckPlDrawingName(TARNAINFO* info);         // 0 valid, 1 existing, other: wrong kind of file
-KIROBC_API int CheckVrDrawingName(TARNAINFO* info);         // the same
-KIROBC_API int GetPlInputDrawing(TARNAINFO* info);          // < 0 none, 0 plain list, > 0 list with model names
-KIROBC_API int GetVrInputDrawing(TARNAINFO* info);          // the same
+KIROBC_API int CheckUserName(const char* name, int group);  // group: that value; 0 invalid
+
+// The block of dbOutParams becomes what the user's parameters are from the next start of the host on. 0 when saved;
+// otherwise the ones before still are.
+KIROBC_API int SavePlParameter(TARNAINFO* info);
+KIROBC_API int SaveVrParameter(TARNAINFO* info);
+// What was saved; 0 on success, or params is as before.
+KIROBC_API int ReadPlParameter(PlOutParamBlock* params);
+KIROBC_API int ReadVrParameter(VrOutParamBlock* params);
+
+KIROBC_API int CheckPlDrawingName(TARNAINFO* info);  // 0 valid, 1 existing, other: wrong kind of file
+KIROBC_API int CheckVrDrawingName(TARNAINFO* info);  // the same
+KIROBC_API int GetPlInputDrawing(TARNAINFO* info);   // < 0 none, 0 plain list, > 0 list with model names
+KIROBC_API int GetVrInputDrawing(TARNAINFO* info);   // the same
 KIROBC_API int SetPlInputDrawing(TARNAINFO* info);
 KIROBC_API int SetVrInputDrawing(TARNAINFO* info);
-KIROBC_API int GetPlOutputModel(TARNAINFO* info);       // the number of models found
-KIROBC_API int GetPlFloppy(int what, TARNAINFO* info);  // 0 ready?, 1 groups, 2 users of plGroup; 0 on success
+KIROBC_API int GetPlOutputModel(TARNAINFO* info);  // the number of models found
+
+// The floppy with a Pelion database. 0 on success. what: 0: it can be read; 10: it is made ready to be written. Where
+// these fail the user has been told. 1: fills plFloppyGroups; 2: fills plFloppyUsers for plGroup. Names are padded with
+// blanks to the ends of their slots, without a NUL.
+KIROBC_API int GetPlFloppy(int what, TARNAINFO* info);

@@ -15,6 +15,10 @@ KIROBC_API void KiroHostSetHome(const wchar_t* folder);
 // characters: the result is the length of the whole path; 0 when the key is malformed.
 KIROBC_API size_t KiroHostGetFolder(const char* key, wchar_t* out, size_t size);
 
+// kirobc: how many dbDrawings the records have that this program hands to the database commands, 1 to
+// kMostDatabaseDrawings. Default: 1, which every record has.
+KIROBC_API void KiroHostSetDrawingRoom(size_t drawings);
+
 // kirogr: the window that Grgetwin(-1) gives.
 KIROGR_API void KiroHostSetMainWindow(KrWindow window);
 
@@ -45,6 +49,8 @@ enum KiroHostValueKind {
     kKiroHostText,       // the pointer: EUC, null where the caller gave null
     kKiroHostInParams,   // the pointer: DxfInParamBlock, or null
     kKiroHostOutParams,  // the pointer: DxfOutParamBlock, or null
+    kKiroHostPlParams,   // the pointer: PlOutParamBlock, or null
+    kKiroHostVrParams,   // the pointer: VrOutParamBlock, or null
     kKiroHostNoValue
 };
 typedef struct KiroHostValue {

@@ -147,3 +147,80 @@ TEST(KirobcText, ExportsKeepTheBufferContract) {
     EXPECT_EQ(HxEucToSjis(nullptr, 3, out, 4), 0u);
     EXPECT_STREQ(out, "");
 }
+
+TEST_F(Kirobc, FinderListsFoldersOrFiles) {
+    for (const wchar_t* name : {L"A", L"表ソ", L"é"}) fs::create_directories(own / L"D" / name);  // é: not in 932
+    for (const wchar_t* name : {L"A.TXT", L"AB.TXT", L"B"}) Write((own / L"D" / name).wstring(), "");
+    const HxFileFinderPtr finder(HxFileFinderCreateInstance());
+    const auto list = [&](const std::string& pattern, bool directories) {
+        std::vector<std::string> names;
+        if (!finder->Open(pattern.c_str(), directories)) return std::string("none");
+        do names.push_back(finder->Current());
+        while (finder->Next());
+        EXPECT_FALSE(finder->Next());
+        std::ranges::sort(names);
+        std::string text;
+        for (const std::string& name : names) text += name.substr(Internal(own / L"D").size()) + " ";
+        return HxEucEncoder::Euc2Sjis(text);
+    };
+    const std::string folder = Internal(own / L"D");
+    EXPECT_EQ(list(folder + "/*", true), "/A /表ソ ");
+    EXPECT_EQ(list(folder + "/*", false), "/A.TXT /AB.TXT /B ");
+    EXPECT_EQ(list(folder + "/A?.T*", false), "/AB.TXT ");
+    for (const std::string& none : {folder + "/X*", folder + "/A/*", folder + "/", std::string("D/*"), std::string(),
+                                    folder + "/\xB4*", folder + "?/*", folder + "/A:*"})
+        EXPECT_EQ(list(none, false), "none") << none;
+    EXPECT_FALSE(finder->Open(nullptr, true));
+    ASSERT_TRUE(finder->Open((folder + "/*").c_str(), true));
+    finder->Close();
+    EXPECT_FALSE(finder->Next());
+    EXPECT_STREQ(finder->Current(), "");
+    EXPECT_TRUE(RemoveDirectoryW((own / L"D" / L"A").c_str()));  // nothing is held open
+}
+
+TEST(KirobcNames, OfGroupsAndUsersAreThoseOfFolders) {
+    for (const char* name : {"A", "ABCD", "部品", "ﾎﾟﾝﾌ", "a b", "ソ", "COM"})
+        EXPECT_TRUE(CheckGroupName(name)) << name;
+    for (const char* name : {"", "ABCDE", "部品A", "A*", "A/B", "A\\", ".A", "A.", " A", "A ", "　", "CON", "nul",
+                             "COM1", "lpt9", "A\t", "\x83", "\xFF"})
+        EXPECT_FALSE(CheckGroupName(name)) << name;
+    EXPECT_TRUE(CheckUserName("access", CheckGroupName("A")) && CheckUserName("能登子", CheckGroupName("A")));
+    for (const char* name : {"ABCDEFG", "ACCESS", "FORMAT", "NUL.A", ""}) EXPECT_FALSE(CheckUserName(name, 1)) << name;
+    EXPECT_FALSE(CheckUserName("A", 0) || CheckGroupName(nullptr) || CheckUserName(nullptr, 1));
+}
+
+TEST_F(Kirobc, FloppyIsAFolder) {
+    using namespace kiro::drive;
+    const auto info = std::make_unique<TARNAINFO>();
+    TarnaDatabaseView& database = info->database;
+    const auto refused = [&](int what, const wchar_t* text) {
+        const int result = Drive([&] { return GetPlFloppy(what, info.get()); },
+                                 [&] {
+                                     const Box box = ReadBox();
+                                     EXPECT_NE(std::wstring::npos, box.text.find(text));
+                                     Answer(box, IDOK);
+                                 });
+        EXPECT_NE(result, 0);
+    };
+    const fs::path floppy = own / L"FLOPPY_WIN";
+    for (const int what : {0, 10}) refused(what, L"準備ができていません");
+    for (const int what : {1, 2, 3}) EXPECT_NE(GetPlFloppy(what, info.get()), 0);
+    fs::create_directories(floppy);
+    refused(0, L"Ｐｅｌｉｏｎのフロッピーではありません。");
+    Write((floppy / L"PELION").wstring(), "");
+    refused(10, L"書き込めません");
+    fs::remove(floppy / L"PELION");
+    EXPECT_EQ(GetPlFloppy(10, info.get()), 0);
+    EXPECT_EQ(GetPlFloppy(0, info.get()), 0);
+    EXPECT_TRUE(fs::is_empty(floppy / L"PELION"));
+    for (const wchar_t* name : {L"A/ACCESS", L"A/能登子", L"表ソ/X", L"GUARD/X"})
+        fs::create_directories(floppy / L"PELION" / name);
+    std::memset(database.plGroup, ' ', sizeof database.plGroup);
+    database.plGroup[0] = 'A';
+    EXPECT_EQ(GetPlFloppy(1, info.get()), 0);
+    EXPECT_EQ(GetPlFloppy(2, info.get()), 0);
+    ASSERT_EQ(std::pair(2, 1), std::pair(database.plFloppyGroupCount, database.plFloppyUserCount));
+    EXPECT_EQ(0, std::memcmp(database.plFloppyGroups[1], "表ソ  ", 6));
+    EXPECT_EQ(0, std::memcmp(database.plFloppyUsers[0], "能登子  ", 8));
+    EXPECT_NE(GetPlFloppy(0, nullptr), 0);
+}

@@ -11,7 +11,7 @@
 
 #include "dxfin_tables/DxfInLineTable.h"
 #include "entry/host/kirodxf.h"
-#include "hostlayer/kirodxf/ParamDefaults.h"
+#include "hostlayer/kirobc/ParamDefaults.h"
 
 namespace {
 

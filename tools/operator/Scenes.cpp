@@ -12,6 +12,8 @@
 #include "resources/dxfin/KrDxfIn.ids.h"
 #include "resources/dxfout/KrDxfOut.ids.h"
 #include "resources/dxfout/KrDxfOutParam.ids.h"
+#include "resources/peliondb/KrPlIn.ids.h"
+#include "resources/peliondb/KrPlOut.ids.h"
 
 namespace kiro {
 namespace {
@@ -105,6 +107,43 @@ Windows NameRepeated(const std::wstring&) {
     return {dialog, ReadBox().window};
 }
 
+Windows PelionFile(const std::wstring&) {
+    const HWND dialog = Settle();
+    Click(dialog, kPlInSecondSourceRadio);
+    Focus(dialog, kPlInFileEdit);
+    Type(dialog, kPlInFileEdit, L"pump.dos");
+    Focus(dialog, kPlInSubModelEdit);
+    Type(dialog, kPlInSubModelEdit, L"ポンプ");
+    return {dialog};
+}
+
+Windows PelionDrawings(const std::wstring& drawing) {
+    const HWND dialog = PelionFile(drawing).front();
+    Click(dialog, IDOK);
+    return {dialog, Settle()};
+}
+
+Windows PelionRefused(const std::wstring&) {
+    const HWND dialog = Settle();
+    Type(dialog, kPlInViewEdit, L"");
+    Click(dialog, IDOK);
+    return {dialog, ReadBox().window};
+}
+
+Windows PelionByName(const std::wstring&) {
+    const HWND dialog = Settle();
+    Click(dialog, kPlOutDatabaseRadio);
+    Click(dialog, kPlOutByNameRadio);
+    Type(dialog, kPlOutPatternEdit, L"PUMP*");
+    return {dialog};
+}
+
+Windows PelionModels(const std::wstring& drawing) {
+    const HWND dialog = PelionByName(drawing).front();
+    Click(dialog, kPlOutModelsButton);
+    return {dialog, Settle()};
+}
+
 constexpr Scene kScenes[] = {
     {"import-dxf-filled", "import-dxf", Filled},
     {"import-picture-refused", "import-dxf", PictureRefused},
@@ -115,6 +154,11 @@ constexpr Scene kScenes[] = {
     {"export-dwg-layout", "export-dwg", ExportLayout},
     {"export-nothing", "export-dwg", ExportNothing},
     {"export-parameters-refused", "export-parameters", NameRepeated},
+    {"pelion-input-filled", "pelion-input", PelionFile},
+    {"pelion-input-drawings", "pelion-input", PelionDrawings},
+    {"pelion-input-refused", "pelion-input", PelionRefused},
+    {"pelion-output-filled", "pelion-output-plw", PelionByName},
+    {"pelion-output-models", "pelion-output-plw", PelionModels},
     {"password-typed", "password", PasswordTyped},
     {"password-refused", "password", PasswordRefused},
 };

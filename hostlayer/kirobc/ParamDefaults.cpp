@@ -1,4 +1,4 @@
-#include "hostlayer/kirodxf/ParamDefaults.h"
+#include "hostlayer/kirobc/ParamDefaults.h"
 
 #include <cstdint>
 

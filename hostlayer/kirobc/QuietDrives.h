@@ -1,0 +1,19 @@
+// While one lives, a drive without a medium is an error that a function returns, not a box of the system's.
+#pragma once
+
+#include <windows.h>
+
+namespace kirobc {
+
+class QuietDrives {
+  public:
+    QuietDrives() { SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &before_); }
+    QuietDrives(const QuietDrives&) = delete;
+    QuietDrives& operator=(const QuietDrives&) = delete;
+    ~QuietDrives() { SetThreadErrorMode(before_, nullptr); }
+
+  private:
+    DWORD before_ = 0;
+};
+
+}  // namespace kirobc

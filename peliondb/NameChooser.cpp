@@ -1,0 +1,43 @@
+#include "peliondb/NameChooser.h"
+
+#include "resources/peliondb/KrPlInDrive.ids.h"
+#include "ui/MessageBoxes.h"
+
+NameChooser::NameChooser(int templateId, TARNAINFO* info)
+    : HostDialog(templateId), info_(info), goOnButton_(info->database.plSelectSettingMode ? kPlSetButton : IDOK) {
+    Bind(kPlSetButton, BN_CLICKED, [this] { OnOk(); });
+}
+
+void NameChooser::InitChoice() {
+    for (const int id : {IDOK, kPlSetButton}) Item<kiro::ui::Button>(id).Show(id == goOnButton_);
+    SendMessageW(Handle(), DM_SETDEFID, static_cast<WPARAM>(goOnButton_), 0);
+    ShowChoice();
+    // The system gives the focus to the first list when this is over.
+    const Level* missing = FirstMissing();
+    if (missing) PostMessageW(Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(missing->list->Window()), TRUE);
+}
+
+const NameChooser::Level* NameChooser::FirstMissing() const {
+    for (const Level& level : levels_) {
+        if (!level.list->HasChoice()) return &level;
+    }
+    return nullptr;
+}
+
+void NameChooser::ShowChoice() {
+    const Level* missing = FirstMissing();
+    Item<kiro::ui::Button>(goOnButton_).Enable(!missing);
+    if (missing && missing->none && missing->list->IsEmpty()) return Utility().ErrorText(missing->none);
+    Utility().MessageText(missing ? missing->prompt : "");
+}
+
+void NameChooser::OnOk() {
+    const Level* missing = FirstMissing();
+    if (missing) {
+        SetFocus(missing->list->Window());
+        kiro::ui::DefaultBeep();
+        return Utility().ErrorText(missing->missing);
+    }
+    Store();
+    End(IDOK);
+}

@@ -1,0 +1,14 @@
+// The Pelion database on the drives of the computer: the folder \PELION in the root of a drive, in it a folder for each
+// group, in those a folder for each user. Names are Shift-JIS, in the order in which the system lists them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+constexpr int kMostPelionDrives = 32;
+constexpr int kMostPelionNames = 512;  // of groups, and of users
+
+// "C:" and its like: the fixed and the remote drives that have the folder.
+std::vector<std::string> PelionDrives();
+std::vector<std::string> PelionGroups(const std::string& drive);
+std::vector<std::string> PelionUsers(const std::string& drive, const std::string& group);

@@ -1,0 +1,30 @@
+// The parameters of drawings that are written for Pelion.
+#define kPlOutParamDialog 4042
+
+#define kPlVersion2Radio 4000
+#define kPlVersion3Radio 4001
+#define kPlSinglePrecisionRadio 4002
+#define kPlDoublePrecisionRadio 4003
+#define kPlExpandSymbolsRadio 4008
+#define kPlKeepSymbolsRadio 4009
+#define kPlNoFrameRadio 4016
+#define kPlFrameRadio 4017
+#define kPlTitleOnlyRadio 4018
+#define kPlNoDetailsRadio 4019
+#define kPlDetailsRadio 4020
+#define kPlCompositeDetailsRadio 4027
+#define kPlNoOverlaysRadio 4021
+#define kPlOverlaysRadio 4022
+#define kPlHiddenRadio 4023
+#define kPlNoHiddenRadio 4024
+#define kPlEachViewRadio 4025
+#define kPlOneViewRadio 4026
+#define kPlDriveLabel 4052
+#define kPlDriveEdit 4005
+#define kPlGroupEdit 4006
+#define kPlUserEdit 4007
+#define kPlCapacityEdit 4010
+#define kPlCapacityRange 4051
+#define kPlHeightRatioEdit 4035
+#define kPlWidthRatioEdit 4036
+#define kPlKeepParametersCheck 4028

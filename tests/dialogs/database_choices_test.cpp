@@ -1,0 +1,483 @@
+// What the commands of the databases open on their way: what can be chosen, what is refused, and what comes into the
+// record. How the windows look is in the golden text.
+#include <climits>
+
+#include "catalogue/PelionDrive.h"
+#include "driver/GridDriver.h"
+#include "entry/host/FixedText.h"
+#include "peliondb/KrPlInDraw1.h"
+#include "peliondb/KrPlInDraw2.h"
+#include "peliondb/KrPlInDrive.h"
+#include "peliondb/KrPlInDrive1.h"
+#include "peliondb/KrPlOutDraw.h"
+#include "peliondb/KrPlOutParam.h"
+#include "resources/grid.ids.h"
+#include "resources/peliondb/KrPlDraw.ids.h"
+#include "resources/peliondb/KrPlInDrive.ids.h"
+#include "resources/peliondb/KrPlOutParam.ids.h"
+#include "resources/varosdb/KrVrOutParam.ids.h"
+#include "tests/dialogs/CommandHost.h"
+#include "varosdb/KrVrOutParam.h"
+
+using namespace kiro::drive;
+
+namespace {
+
+constexpr int kDrawings = 2000;
+constexpr wchar_t kFaulty[] = L"設定内容に誤りがあります。";
+
+class DatabaseChoices : public CommandHost {
+  protected:
+    template <class Dialog>
+    INT_PTR Run(const User& user) {
+        const LibraryResources resources;
+        Dialog dialog(record());
+        return Drive([&] { return dialog.DoModal(owner); }, [&] { user(Settle()); });
+    }
+    TARNAINFO* record() { return reinterpret_cast<TARNAINFO*>(bytes.data()); }
+    TarnaDatabaseView& info() { return record()->database; }
+    TarnaDrawing& Drawing(int index) { return (+info().dbDrawings)[index]; }
+    void AddDrawing(std::int32_t& count, const char* drawing, const char* model) {
+        TarnaDrawing& entry = Drawing(count++);
+        entry.selected = 7;  // left by the host
+        WriteFixedText(entry.drawingName, drawing);
+        WriteFixedText(entry.modelName, model);
+    }
+
+    static std::wstring Names(HWND dialog, int list) {
+        const Grid grid(dialog, list);
+        std::wstring names;
+        for (int row = 0; row < grid.Rows(); ++row) names += grid.Cell(row, 0) + L" ";
+        return names;
+    }
+    static void Choose(HWND dialog, int list, const wchar_t* name) {
+        const Grid grid(dialog, list);
+        for (int row = 0; row < grid.Rows(); ++row)
+            if (grid.Cell(row, 0) == name) return grid.Click(row, 0);
+        throw Failure("there is no such name");
+    }
+    // As a program presses it: a button that is not enabled does not hinder that.
+    static void Confirm(HWND dialog) {
+        PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+        Sync();
+    }
+    static void ExpectState(HWND dialog, int button, bool enabled, const wchar_t* guidance, bool error = false) {
+        EXPECT_EQ(enabled, IsEnabled(dialog, button));
+        EXPECT_EQ(guidance, Guidance(dialog));
+        EXPECT_EQ(error, IsGuidanceError(dialog));
+    }
+    static bool IsMarkedAsError(const Grid& grid, int row) {
+        return grid.Pixel(row, 2, -6, 4) == RGB(0xFF, 0xE0, 0xE0);
+    }
+
+    std::vector<char> bytes = std::vector<char>(sizeof(TARNAINFO) + kDrawings * sizeof(TarnaDrawing));
+};
+
+}  // namespace
+
+TEST_F(DatabaseChoices, DriveGroupAndUserFollowOneAnother) {
+    const wchar_t* const paths[] = {L"KAN1/SUZUKI/", L"KAN1/ACCESS/", L"KAN1/FORMAT/", L"KAN1/TOOLONG/",
+                                    L"KAN1/.X/",     L"KAN1/file",    L"GUARD/A/",     L".GRP/A/",
+                                    L"表ソ/能登子/", L"表ソ/access/", L"NONE/"};
+    const kiro::PelionDrive drive(paths);
+    const INT_PTR result = Run<KrPlInDrive>([&](HWND dialog) {
+        ExpectState(dialog, IDOK, false, L"ドライブ名を選択してください。");
+        EXPECT_FALSE(IsShown(dialog, kPlSetButton));
+        Confirm(dialog);
+        ExpectState(dialog, IDOK, false, L"ドライブが選択されていません。", true);
+        Choose(dialog, kPlFirstList, L"C:");
+        ExpectState(dialog, IDOK, false, L"グループ名を選択してください。");
+        EXPECT_EQ(L"KAN1 NONE 表ソ ", Names(dialog, kPlSecondList));
+        Confirm(dialog);
+        ExpectState(dialog, IDOK, false, L"グループが選択されていません。", true);
+        Choose(dialog, kPlSecondList, L"KAN1");
+        EXPECT_EQ(L"SUZUKI ", Names(dialog, kPlThirdList));
+        Choose(dialog, kPlSecondList, L"表ソ");
+        EXPECT_EQ(L"access 能登子 ", Names(dialog, kPlThirdList));
+        ExpectState(dialog, IDOK, false, L"ユーザ名を選択してください。");
+        Confirm(dialog);
+        ExpectState(dialog, IDOK, false, L"ユーザが選択されていません。", true);
+        EXPECT_EQ(kPlThirdList, FocusId());
+        Choose(dialog, kPlThirdList, L"能登子");
+        ExpectState(dialog, IDOK, true, L"");
+        Choose(dialog, kPlFirstList, L"C:");
+        EXPECT_EQ(L"", Names(dialog, kPlThirdList));
+        ExpectState(dialog, IDOK, false, L"グループ名を選択してください。");
+        Choose(dialog, kPlSecondList, L"表ソ");
+        Choose(dialog, kPlThirdList, L"能登子");
+        Click(dialog, IDOK);
+    });
+    EXPECT_EQ(IDOK, result);
+    EXPECT_STREQ("C", info().plDrive);
+    EXPECT_STREQ("表ソ", info().plGroup);
+    EXPECT_STREQ("能登子", info().plUser);
+}
+
+TEST_F(DatabaseChoices, WhatIsKnownIsChosenAndTheKeysGoOn) {
+    const wchar_t* const paths[] = {L"KAN1/SUZUKI/", L"KAN1/TANAKA/", L"KAN2/SATO/"};
+    const kiro::PelionDrive drive(paths);
+    info().plDriveKnown = info().plGroupKnown = info().plSelectSettingMode = -1;
+    std::memcpy(info().plDrive, "CC", 2);  // no NUL
+    WriteFixedText(info().plGroup, "KAN1");
+    WriteFixedText(info().plUser, "OLD");
+    const auto before = bytes;
+    EXPECT_EQ(IDCANCEL, Run<KrPlInDrive>([&](HWND dialog) {
+                  ExpectState(dialog, kPlSetButton, false, L"ユーザ名を選択してください。");
+                  EXPECT_FALSE(IsShown(dialog, IDOK));
+                  EXPECT_EQ(kPlThirdList, FocusId());
+                  Key(VK_DOWN);
+                  Key(VK_DOWN);
+                  ExpectState(dialog, kPlSetButton, true, L"");
+                  Click(dialog, IDCANCEL);
+              }));
+    EXPECT_EQ(before, bytes);
+    EXPECT_EQ(IDOK, Run<KrPlInDrive>([&](HWND dialog) {
+                  Key(VK_DOWN);
+                  Key(VK_DOWN);
+                  Click(dialog, kPlSetButton);
+              }));
+    EXPECT_STREQ("TANAKA", info().plUser);
+    EXPECT_EQ("C", ReadFixedText(info().plDrive));
+
+    std::memset(bytes.data(), 0xFF, bytes.size());
+    Run<KrPlInDrive>([&](HWND dialog) {
+        ExpectState(dialog, kPlSetButton, false, L"ドライブ名を選択してください。");
+        Click(dialog, IDCANCEL);
+    });
+}
+
+TEST_F(DatabaseChoices, ListsEndAt512Names) {
+    std::vector<std::wstring> names;
+    std::vector<const wchar_t*> paths;
+    for (int i = 0; i <= 512; ++i) names.push_back(std::to_wstring(1000 + i) + L"/");
+    for (const std::wstring& name : names) paths.push_back(name.c_str());
+    const kiro::PelionDrive drive(paths);
+    info().plDriveKnown = 1;
+    info().plDrive[0] = 'C';
+    Run<KrPlInDrive>([&](HWND dialog) {
+        EXPECT_EQ(512, Grid(dialog, kPlSecondList).Rows());
+        Click(dialog, IDCANCEL);
+    });
+}
+
+TEST_F(DatabaseChoices, FloppyIsAskedForItsGroupsAndUsers) {
+    const auto look = [&](const wchar_t* error) {
+        Run<KrPlInDrive1>([&](HWND dialog) {
+            ExpectState(dialog, IDOK, false, error, true);
+            Click(dialog, IDCANCEL);
+        });
+    };
+    look(L"グループ名の登録がありません。");
+    std::filesystem::create_directories(home / L"FLOPPY_WIN" / L"PELION" / L"KAN1" / L"ACCESS");
+    std::filesystem::create_directories(home / L"FLOPPY_WIN" / L"PELION" / L"設計" / L"山田");
+    std::filesystem::create_directories(home / L"FLOPPY_WIN" / L"PELION" / L"GUARD");
+    info().plGroupKnown = 1;
+    WriteFixedText(info().plGroup, "KAN1");
+    look(L"ユーザ名の登録がありません。");
+    info().plGroupKnown = 0;
+    EXPECT_EQ(IDOK, Run<KrPlInDrive1>([&](HWND dialog) {
+                  ExpectState(dialog, IDOK, false, L"グループ名を選択してください。");
+                  EXPECT_EQ(L"KAN1 設計 ", Names(dialog, kPlFirstList));
+                  Confirm(dialog);
+                  ExpectState(dialog, IDOK, false, L"グループが選択されていません。", true);
+                  Choose(dialog, kPlFirstList, L"設計");
+                  EXPECT_STREQ("設計", info().plGroup);  // the host is asked by it
+                  ExpectState(dialog, IDOK, false, L"ユーザ名を選択してください。");
+                  Confirm(dialog);
+                  ExpectState(dialog, IDOK, false, L"ユーザが選択されていません。", true);
+                  Choose(dialog, kPlSecondList, L"山田");
+                  Click(dialog, IDOK);
+              }));
+    EXPECT_STREQ("設計", info().plGroup);
+    EXPECT_STREQ("山田", info().plUser);
+}
+
+TEST_F(DatabaseChoices, DrawingsAreMarked) {
+    for (int i = 0; i < kDrawings; ++i) AddDrawing(info().dbDrawingCount, "図面", "M");
+    std::memset(Drawing(1).drawingName, 'A', sizeof Drawing(1).drawingName);  // no NUL
+    EXPECT_EQ(IDOK, Run<KrPlInDraw1>([&](HWND dialog) {
+                  const Grid grid(dialog, kGrid);
+                  EXPECT_EQ(L"2000", grid.Cell(1999, 0));
+                  EXPECT_EQ(std::wstring(41, L'A'), grid.Cell(1, 1));
+                  EXPECT_FALSE(IsEnabled(dialog, IDOK));
+                  grid.Click(1, 1);
+                  EXPECT_TRUE(IsEnabled(dialog, IDOK));
+                  grid.Click(1, 0);
+                  EXPECT_FALSE(IsEnabled(dialog, IDOK));
+                  Confirm(dialog);
+                  KeyHolding(VK_SHIFT, VK_END);  // from the second to the last
+                  Click(dialog, IDOK);
+              }));
+    EXPECT_EQ(7, Drawing(0).selected);
+    for (int i = 1; i < kDrawings; ++i) EXPECT_EQ(1, Drawing(i).selected);
+    for (const auto& [count, least, most] : {std::tuple(-1, 0, 0), {INT_MIN, 0, 0}, {INT_MAX, kDrawings, 10000}}) {
+        info().dbDrawingCount = info().dbOutModelCount = count;
+        const User look = [&, low = least, high = most](HWND dialog) {
+            const int rows = Grid(dialog, kGrid).Rows();
+            EXPECT_TRUE(rows >= low && rows <= high) << rows;
+            Click(dialog, IDCANCEL);
+        };
+        Run<KrPlInDraw1>(look);
+        Run<KrPlInDraw2>(look);
+        Run<KrPlOutDraw>(look);
+    }
+}
+
+TEST_F(DatabaseChoices, ModelNamesOfAllDrawingsAreChecked) {
+    for (const char* model : {"", "A", "A", "B"}) AddDrawing(info().dbDrawingCount, "D", model);
+    const auto before = bytes;
+    const struct {
+        int row;
+        std::wstring name;
+        const wchar_t* message;
+        std::vector<int> marked;
+    } kFaults[] = {
+        {0, L"", L"モデル名が入力されていません。： 1", {0}},
+        {0, std::wstring(17, L'長'), L"モデル名が長すぎます。： 1", {0}},
+        {0, L"a/b", L"モデル名に無効な文字が使用されています。： 1", {0}},
+        {0, std::wstring(16, L'長'), L"モデル名が重複しています。： 2 - 3", {1, 2}},
+    };
+    const User faults = [&](HWND dialog) {
+        const Grid grid(dialog, kGrid);
+        grid.Click(3, 0);  // marked, and without a fault of its own
+        for (const auto& fault : kFaults) {
+            grid.Click(fault.row, 2);
+            grid.Write(fault.name);
+            grid.Click(3, 2);
+            ExpectState(dialog, IDOK, true, fault.message, true);
+            Click(dialog, IDOK);
+            Expect(L"図面名選択", kFaulty, MB_ICONWARNING, IDOK);
+            ExpectState(dialog, IDOK, true, fault.message, true);
+            EXPECT_EQ((GridPlace{fault.marked[0], 2}), grid.Current());
+            for (const int row : fault.marked) EXPECT_TRUE(IsMarkedAsError(grid, row)) << row;
+        }
+        EXPECT_FALSE(IsMarkedAsError(Grid(dialog, kGrid), 0));
+    };
+    Run<KrPlInDraw2>([&](HWND dialog) {
+        faults(dialog);
+        Click(dialog, IDCANCEL);
+    });
+    EXPECT_EQ(before, bytes);
+    EXPECT_EQ(IDOK, Run<KrPlInDraw2>([&](HWND dialog) {
+                  faults(dialog);
+                  const Grid grid(dialog, kGrid);
+                  grid.Click(2, 2);
+                  grid.Write(L"C");
+                  Click(dialog, IDOK);
+              }));
+    EXPECT_STREQ("長長長長長長長長長長長長長長長長", Drawing(0).modelName);
+    EXPECT_STREQ("C", Drawing(2).modelName);
+    EXPECT_EQ(std::pair(7, 1), std::pair(Drawing(0).selected, Drawing(3).selected));
+}
+
+TEST_F(DatabaseChoices, DrawingNamesOfMarkedModelsAreChecked) {
+    for (const char* name : {"", "D", "D", "", "日本"}) AddDrawing(info().dbOutModelCount, name, "\xBF\xDE");  // 図
+    EXPECT_EQ(IDOK, Run<KrPlOutDraw>([&](HWND dialog) {
+                  const Grid grid(dialog, kGrid);
+                  EXPECT_EQ(L"図", grid.Cell(0, 1));
+                  ExpectEnabled(dialog, {{IDOK, false}, {kSelectAllButton, false}, {kSelectNoneButton, false}});
+                  const auto refused = [&](const wchar_t* message) {
+                      Click(dialog, IDOK);
+                      Expect(L"モデル名選択", kFaulty, MB_ICONWARNING, IDOK);
+                      ExpectState(dialog, IDOK, true, message, true);
+                  };
+                  grid.Click(1, 0);
+                  ExpectEnabled(dialog, {{IDOK, true}, {kSelectAllButton, false}, {kSelectNoneButton, true}});
+                  grid.Click(2, 0);
+                  refused(L"図面名が重複しています。 : 2 - 3");
+                  EXPECT_TRUE(IsMarkedAsError(grid, 1) && IsMarkedAsError(grid, 2));
+                  grid.Click(2, 0);
+                  grid.Click(3, 0);
+                  refused(L"図面名が入力されていません。 : 4");
+                  grid.Click(3, 0);
+                  grid.Click(4, 0);
+                  refused(L"図面名に無効な文字が使用されています。 : 5");
+                  grid.SetText(L"");
+                  grid.Click(4, 2);
+                  grid.Write(L"ﾎﾟﾝﾌﾟ-1");
+                  Click(dialog, IDOK);
+              }));
+    EXPECT_STREQ("ﾎﾟﾝﾌﾟ-1", Drawing(4).drawingName);
+    EXPECT_STREQ("\xBF\xDE", Drawing(4).modelName);
+    for (const auto& [row, selected] : {std::pair(0, 0), {1, 1}, {2, 0}, {3, 0}, {4, 1}})
+        EXPECT_EQ(selected, Drawing(row).selected) << row;
+}
+
+TEST_F(DatabaseChoices, AllModelsAreMarkedAtOnce) {
+    for (const char* name : {"A", "ABCDEFGHIJKLMNOPQRSTU"}) AddDrawing(info().dbOutModelCount, name, "M");
+    info().dbSelectAllAllowed = 1;
+    Run<KrPlOutDraw>([&](HWND dialog) {
+        Click(dialog, kSelectAllButton);
+        ExpectEnabled(dialog, {{IDOK, true}, {kSelectAllButton, true}, {kSelectNoneButton, true}});
+        Click(dialog, IDOK);
+        Expect(L"モデル名選択", kFaulty, MB_ICONWARNING, IDOK);
+        ExpectState(dialog, IDOK, true, L"図面名が長すぎます。 : 2", true);
+        Click(dialog, kSelectNoneButton);
+        ExpectEnabled(dialog, {{IDOK, false}, {kSelectAllButton, true}, {kSelectNoneButton, false}});
+        EXPECT_EQ(kGrid, FocusId());
+        Click(dialog, IDCANCEL);
+    });
+    EXPECT_EQ(7, Drawing(0).selected);
+}
+
+// ---- Parameters ----
+
+namespace {
+
+struct ParamFault {
+    int edit;
+    const wchar_t* bad;
+    const wchar_t* good;
+    const wchar_t* message;
+};
+
+class DatabaseParameters : public DatabaseChoices {
+  protected:
+    // Each is refused alone, in this order; what is good stays.
+    static void ExpectFaults(HWND dialog, std::span<const ParamFault> faults, const wchar_t* caption) {
+        for (const ParamFault& fault : faults) Type(dialog, fault.edit, fault.bad);
+        for (const ParamFault& fault : faults) {
+            Type(dialog, fault.edit, fault.bad);
+            Click(dialog, IDOK);
+            Expect(caption, kFaulty, MB_ICONWARNING, IDOK);
+            ExpectState(dialog, IDOK, true, fault.message, true);
+            EXPECT_EQ(fault.edit, FocusId());
+            Type(dialog, fault.edit, fault.good);
+        }
+    }
+    template <class Block>
+    void Begin(Block& block) {
+        std::memset(&block, 0, sizeof block);
+        block.drawingCapacity = 64;
+        block.textHeightRatio = block.textWidthRatio = 1;
+        WriteFixedText(block.group, "KAN1");
+        WriteFixedText(block.user, "SUZUKI");
+        info().dbOutParams = &block;
+    }
+    // No folder can be made where a file is.
+    void SpoilSettings() const { Write(L"settings", ""); }
+
+    PlOutParamBlock pelion;
+    VrOutParamBlock varos;
+};
+
+constexpr wchar_t kPelionCaption[] = L"Ｐｅｌｉｏｎ 変換パラメータ", kVarosCaption[] = L"Ｖａｒｏｓ 変換パラメータ";
+constexpr wchar_t kBadDrive[] = L"無効なドライブ名です。", kBadLabel[] = L"無効なラベル名です。";
+constexpr wchar_t kBadGroup[] = L"無効なグループ名です。", kBadUser[] = L"無効なユーザ名です。";
+constexpr wchar_t kBadCapacity[] = L"無効な図面容量です。";
+constexpr wchar_t kBadHeight[] = L"無効な文字高倍率です。", kBadWidth[] = L"無効な文字幅倍率です。";
+
+}  // namespace
+
+TEST_F(DatabaseParameters, OfPelionAreCheckedThenWritten) {
+    Begin(pelion);
+    info().plwVariant = 1;
+    const ParamFault faults[] = {{kPlDriveEdit, L"1", L"D", kBadDrive},
+                                 {kPlGroupEdit, L"A*", L"部品", kBadGroup},
+                                 {kPlUserEdit, L"ACCESS", L"YAMADA", kBadUser},
+                                 {kPlCapacityEdit, L"65", L"64", kBadCapacity},
+                                 {kPlHeightRatioEdit, L"0.09", L"0.1", kBadHeight},
+                                 {kPlWidthRatioEdit, L"10.1", L"10", kBadWidth}};
+    const PlOutParamBlock before = pelion;
+    Run<KrPlOutParam>([&](HWND dialog) {
+        ExpectFaults(dialog, faults, kPelionCaption);
+        for (const int id : {kPlVersion3Radio, kPlKeepSymbolsRadio, kPlOverlaysRadio}) Click(dialog, id);
+        Click(dialog, IDCANCEL);
+    });
+    EXPECT_EQ(0, std::memcmp(&before, &pelion, sizeof before));
+
+    SpoilSettings();
+    Run<KrPlOutParam>([&](HWND dialog) {
+        ExpectFaults(dialog, faults, kPelionCaption);
+        Click(dialog, kPlVersion3Radio);
+        EXPECT_TRUE(IsChecked(dialog, kPlDoublePrecisionRadio) && !IsEnabled(dialog, kPlSinglePrecisionRadio));
+        EXPECT_EQ(L"10 ～ 9999K", Text(dialog, kPlCapacityRange));
+        Type(dialog, kPlCapacityEdit, L"9999");
+        for (const int id : {kPlKeepSymbolsRadio, kPlTitleOnlyRadio, kPlCompositeDetailsRadio, kPlOverlaysRadio,
+                             kPlNoHiddenRadio, kPlOneViewRadio, kPlKeepParametersCheck, IDOK})
+            Click(dialog, id);
+        Expect(kPelionCaption, L"パラメータファイルの書込みに失敗しました。", MB_ICONWARNING, IDOK);
+        EXPECT_EQ(dialog, Settle());
+        Click(dialog, IDCANCEL);
+    });
+    // Written all the same.
+    EXPECT_EQ(std::pair(1, 1), std::pair(pelion.version, pelion.doublePrecision));
+    EXPECT_EQ(std::pair(1, 2), std::pair(pelion.symbolsAsSymbols, pelion.frameMode));
+    EXPECT_EQ(std::pair(4, 1), std::pair(pelion.detailMode, pelion.convertOverlays));
+    EXPECT_EQ(std::pair(1, 1), std::pair(pelion.skipHiddenItems, pelion.mergeViews));
+    EXPECT_EQ(9999, pelion.drawingCapacity);
+    EXPECT_EQ(std::pair(0.1, 10.0), std::pair(pelion.textHeightRatio, pelion.textWidthRatio));
+    EXPECT_STREQ("D", pelion.drive);
+    EXPECT_STREQ("部品", pelion.group);
+    EXPECT_STREQ("YAMADA", pelion.user);
+    PlOutParamBlock kept;
+    EXPECT_NE(0, ReadPlParameter(&kept));
+    std::filesystem::remove(home / L"settings");
+    EXPECT_EQ(IDOK, Run<KrPlOutParam>([&](HWND dialog) {
+                  Click(dialog, kPlVersion2Radio);
+                  EXPECT_TRUE(IsChecked(dialog, kPlDoublePrecisionRadio) && IsEnabled(dialog, kPlSinglePrecisionRadio));
+                  EXPECT_EQ(L"10 ～ 64K", Text(dialog, kPlCapacityRange));
+                  Type(dialog, kPlCapacityEdit, L"10");
+                  Click(dialog, kPlKeepParametersCheck);
+                  Click(dialog, IDOK);
+              }));
+    EXPECT_EQ(0, ReadPlParameter(&kept));
+    EXPECT_EQ(0, std::memcmp(&kept, &pelion, sizeof kept));
+}
+
+TEST_F(DatabaseParameters, HiddenDriveAndOddWordsAreTheHosts) {
+    Begin(pelion);
+    pelion.detailMode = 2;
+    Run<KrPlOutParam>([&](HWND dialog) {
+        EXPECT_FALSE(IsShown(dialog, kPlDriveEdit));
+        for (const int id : {kPlNoDetailsRadio, kPlDetailsRadio, kPlCompositeDetailsRadio})
+            EXPECT_FALSE(IsChecked(dialog, id));
+        Click(dialog, IDOK);
+        Expect(kPelionCaption, kFaulty, MB_ICONWARNING, IDOK);
+        ExpectState(dialog, IDOK, true, kBadDrive, true);
+        EXPECT_EQ(IDOK, FocusId());
+        Click(dialog, IDCANCEL);
+    });
+    WriteFixedText(pelion.drive, "Z");
+    EXPECT_EQ(IDOK, Run<KrPlOutParam>([&](HWND dialog) { Click(dialog, IDOK); }));
+    EXPECT_EQ(2, pelion.detailMode);
+
+    std::memset(&pelion, 0xFF, sizeof pelion);
+    const PlOutParamBlock before = pelion;
+    Run<KrPlOutParam>([&](HWND dialog) {
+        Click(dialog, IDOK);
+        Expect(kPelionCaption, kFaulty, MB_ICONWARNING, IDOK);
+        Click(dialog, IDCANCEL);
+    });
+    EXPECT_EQ(0, std::memcmp(&before, &pelion, sizeof before));
+    info().dbOutParams = nullptr;
+    Run<KrPlOutParam>([&](HWND dialog) { Click(dialog, IDCANCEL); });
+}
+
+TEST_F(DatabaseParameters, OfVarosAreCheckedThenWritten) {
+    Begin(varos);
+    const ParamFault faults[] = {{kVrLabelEdit, L"あ", L"A部品名", kBadLabel},
+                                 {kVrGroupEdit, L"CON", L"G", kBadGroup},
+                                 {kVrUserEdit, L"", L"U", kBadUser},
+                                 {kVrCapacityEdit, L"9", L"10", kBadCapacity},
+                                 {kVrHeightRatioEdit, L"x", L"2.5", kBadHeight},
+                                 {kVrWidthRatioEdit, L"0.09", L"0.5", kBadWidth}};
+    EXPECT_EQ(IDOK, Run<KrVrOutParam>([&](HWND dialog) {
+                  EXPECT_TRUE(IsChecked(dialog, kVrDetailsRadio) && IsChecked(dialog, kVrOverlaysRadio));
+                  ExpectFaults(dialog, faults, kVarosCaption);
+                  for (const int id : {kVrKeepSymbolsRadio, kVrFrameRadio, kVrNoDetailsRadio, kVrNoOverlaysRadio,
+                                       kVrNoHiddenRadio, kVrOneViewRadio, kVrKeepParametersCheck, IDOK})
+                      Click(dialog, id);
+              }));
+    EXPECT_EQ(std::pair(1, 1), std::pair(varos.symbolsAsSymbols, varos.frameMode));
+    EXPECT_EQ(std::pair(1, 1), std::pair(varos.skipDetails, varos.skipOverlays));
+    EXPECT_EQ(std::pair(1, 1), std::pair(varos.skipHiddenItems, varos.mergeViews));
+    EXPECT_EQ(10, varos.drawingCapacity);
+    EXPECT_EQ(std::pair(2.5, 0.5), std::pair(varos.textHeightRatio, varos.textWidthRatio));
+    EXPECT_STREQ("A部品名", varos.labelName);
+    EXPECT_STREQ("G", varos.group);
+    EXPECT_STREQ("U", varos.user);
+    VrOutParamBlock kept;
+    ASSERT_EQ(0, ReadVrParameter(&kept));
+    EXPECT_EQ(0, std::memcmp(&kept, &varos, sizeof kept));
+}
