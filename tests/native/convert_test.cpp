@@ -4,9 +4,9 @@
 #include <functional>
 #include <memory>
 
-#include "convert/DrawingPairs.h"
 #include "convert/ReadDrawing.h"
 #include "convert/WriteDrawing.h"
+#include "drawing/DrawingPairs.h"
 #include "tests/fuzz/DxfReading.h"
 #include "tests/native/TableTest.h"
 #include "tools/kirotable/Text.h"
@@ -105,7 +105,7 @@ std::vector<std::string> Items(const std::string& bytes, const std::string& sect
                                const std::vector<int>& wanted = {}) {
     std::vector<std::string> items;
     MemorySource source(bytes);
-    DrawingPairs pairs;
+    drawing::DrawingPairs pairs;
     EXPECT_EQ(pairs.Open(source), kDone);
     bool inside = false;
     while (pairs.Next()) {
