@@ -160,7 +160,7 @@ void UseReader::TakeOverride(int code, std::string_view text) {
     } else if (!inStyle_) {
         inStyle_ = code == 1000 && text == "DSTYLE";
     } else if (overridden_ < 0) {
-        if (code == 1070) overridden_ = NumberOf(text);
+        overridden_ = NumberOf(text);
     } else {
         use_.own.Take(overridden_, text);
         overridden_ = -1;
