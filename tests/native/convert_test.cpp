@@ -9,13 +9,13 @@
 #include "drawing/DrawingPairs.h"
 #include "tests/fuzz/DxfReading.h"
 #include "tests/native/TableTest.h"
-#include "tools/kirotable/Text.h"
+#include "tools/cli/Text.h"
 
 using namespace convert;
 
 namespace {
 
-constexpr Unicode kUnicode = {kirotable::FromCp932, kirotable::ToCp932};
+constexpr Unicode kUnicode = {cli::FromCp932, cli::ToCp932};
 
 // "0 LINE/8 A" as the pairs of a text file.
 std::string Pairs(const std::string& text) {
