@@ -25,6 +25,7 @@ std::string Shortened(const std::string& name) {
 }
 
 int StandardWidth(int width) {
+    width = std::max(width, 0);  // a table may have any
     int best = 0;
     for (const double known : kDxfInLineWidths) {
         const int value = static_cast<int>(std::lround(known * 100));

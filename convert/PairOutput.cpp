@@ -3,7 +3,7 @@
 #include <bit>
 #include <charconv>
 
-#include "hostlayer/kirodxf/GroupCodes.h"
+#include "drawing/GroupCodes.h"
 #include "text/Numbers.h"
 
 namespace convert {

@@ -6,7 +6,7 @@
 #include <new>
 #include <unordered_map>
 
-#include "convert/DrawingPairs.h"
+#include "drawing/DrawingPairs.h"
 #include "text/Numbers.h"
 
 namespace convert {
@@ -76,7 +76,7 @@ class Reader {
     ModelContent& content_;
     Summary& summary_;
     ImportMapping mapping_;
-    DrawingPairs pairs_;
+    drawing::DrawingPairs pairs_;
     Names<Layer> layers_{content_.layers, content_.encoding};
     Names<LineType> lineTypes_{content_.lineTypes, content_.encoding};
     Names<Entry> styles_{content_.styles, content_.encoding};

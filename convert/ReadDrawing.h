@@ -5,7 +5,7 @@
 #include "convert/ModelContent.h"
 #include "convert/Results.h"
 #include "convert/Summary.h"
-#include "hostlayer/kirodxf/ByteSource.h"
+#include "drawing/ByteSource.h"
 
 namespace convert {
 

@@ -1,24 +1,10 @@
-// What reading and writing answer: 0, or an error code that hostlayer/kirodxf/DxfErrorText.h has a text for.
 #pragma once
+
+#include "drawing/Results.h"
 
 namespace convert {
 
-enum Result : int {
-    kDone = 0,
-    kNoFile = -1,
-    kCannotRead = -4,
-    kCannotWrite = -6,
-    kNoDrawing = -20,
-    kCutOff = -23,
-    kBadPair = -24,
-    kBroken = -25,
-    kNothing = -26,
-    kDwgDrawing = -29,
-    kTooManyItems = -60,
-    kNoPicture = -61,
-    kNoLayout = -62,
-    kNoMemory = -80,
-    kVersionNotWritten = -84,
-};
+using drawing::Result;
+using enum drawing::Result;
 
 }  // namespace convert

@@ -2,14 +2,15 @@
 
 #include <algorithm>
 
+#include "tables/TableRecords.h"
 #include "text/Numbers.h"
 #include "text/SlotText.h"
-#include "tables/TableRecords.h"
 
 namespace {
 
 constexpr std::size_t kPiece = 127;
 constexpr std::int32_t kDefaultArrows = 4;
+constexpr std::int32_t kLargestMark = 4095;
 
 constexpr std::string_view kBadMark = " ***** 無効なマーク番号です *****\n";
 constexpr std::string_view kBadAngle = " ***** 無効な角度です (0 or 180) *****\n";
@@ -36,13 +37,13 @@ Reading ArrowReader::Arrow(FieldText& fields) {
     if (isNew) index = table_.arrowCount;
     if (index >= kDxfInArrows) return Full(kFull, kDxfInArrows);
 
-    // Deliberately the name and the mark stay even if the record is refused for what comes behind them.
+    // Deliberately the name and the mark stay even if the record is refused, be it for the mark itself.
     DxfInArrowTable::Arrow& arrow = table_.arrows[index];
     StoreText(table_.arrowName[index], (*name)[0]);
     const auto values = fields.Cut(",,,");
-    const auto mark = values ? ReadInteger((*values)[0], 1, 4095) : std::nullopt;
-    if (!mark) return Refuse(kBadMark);
-    arrow.arrowMark = *mark;
+    const auto mark = values ? ReadInteger((*values)[0]) : std::nullopt;
+    if (mark) arrow.arrowMark = *mark;
+    if (!mark || *mark < 1 || *mark > kLargestMark) return Refuse(kBadMark);
     const auto angle = ReadInteger((*values)[1]);
     if (!angle || (*angle != 0 && *angle != 180)) return Refuse(kBadAngle);
     const auto size = ReadInteger((*values)[2]);

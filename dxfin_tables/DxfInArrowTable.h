@@ -14,7 +14,7 @@ inline constexpr std::size_t kDxfInLongestArrow = 51;
 
 struct DxfInArrowTable {
     struct Arrow {
-        std::int32_t arrowMark;   // 1 to 4095
+        std::int32_t arrowMark;   // 1 to 4095; of the default arrows also what a refused record said
         std::int32_t arrowAngle;  // 0 or 180
         std::int32_t arrowSize;
         std::int32_t reserved[5];

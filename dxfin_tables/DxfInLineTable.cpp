@@ -4,9 +4,9 @@
 #include <iterator>
 #include <utility>
 
+#include "tables/TableRecords.h"
 #include "text/Numbers.h"
 #include "text/SlotText.h"
-#include "tables/TableRecords.h"
 
 namespace {
 

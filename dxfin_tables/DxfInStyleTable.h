@@ -33,7 +33,9 @@ struct DxfInStyleValues {
 // Of a style that nothing is known of. (I0 is not 0 in the default styles.)
 inline constexpr DxfInStyleValues kDxfInNewStyle = {{0, 0, 1, 1}, {0, 1.1875, 1.0, 1.4, 0.2, 0.95, 0.75}};
 
-// The longest name, in bytes, whose record is read as it was written, whatever its values are.
+// The longest name, in bytes, whose record is read as it was written, when the factors R1, R2, R3, R5 and R6 are what
+// the editor takes (0.1 to 10) and R4 is 0 or not below 1e-99. With any values that the reader takes it is 28: a real
+// number may need 12 characters.
 inline constexpr std::size_t kDxfInLongestStyle = 45;
 
 struct DxfInStyleTable {

@@ -83,7 +83,7 @@ Reading LayerReader::Layer(FieldText& fields, char (&names)[kDxfOutLayers][N], s
     if (!parts) return Refuse(form);
     const auto number = ReadInteger((*parts)[0], 0, kDxfOutFrame);
     if (!number) return Refuse(badNumber, kDxfOutFrame);
-    StoreText(names[*number], fields.Rest());
+    Keep(names[*number], fields.Rest());
     if (*number != 0) return Reading::kGoOn;
     // Deliberately only what is empty at this moment. "0" is a name too: empty are entries that an earlier record left
     // without one.

@@ -79,13 +79,13 @@ Reading LineReader::WidthType(FieldText& fields) {
     return Reading::kGoOn;
 }
 
-// A negative width, and one whose hundredths are beyond an integer, are told of as faults of the form.
+// Deliberately any width is taken, also a negative one; only hundredths beyond an integer are no number here.
 Reading LineReader::LineWidth(FieldText& fields) {
     constexpr double kLargest = std::numeric_limits<std::int32_t>::max() / 100;
     const auto parts = fields.Cut("=");
     if (!parts) return Refuse(kWidthForm);
     const auto weight = ReadInteger((*parts)[0], 0, kDxfOutWeights);
-    const auto width = ReadReal(fields.Rest(), 0.0, kLargest);
+    const auto width = ReadReal(fields.Rest(), -kLargest, kLargest);
     if (!weight || !width) return Refuse(kWidthForm);
     table_.lineWidth[*weight] = static_cast<std::int32_t>(*width * 100 + 0.5);
     return Reading::kGoOn;

@@ -103,14 +103,14 @@ Reading StyleReader::StyleValues(FieldText& fields) {
     if (!flag) return Refuse(kStyleForm);
 
     Style style = {};
-    StoreText(style.styleName, name);
+    Keep(style.styleName, name);
     style.f1 = *width;
     style.f2 = static_cast<std::int16_t>(*flag);
     style.f3 = AboveZero(f3);
     style.f4 = FlagWithin(f4, 0, 99);
     style.f5 = FlagWithin(f5, 0, 15);
-    StoreText(style.fontFile, f6.empty() ? fontFile_ : f6);
-    StoreText(style.bigFontFile, f7);
+    Keep(style.fontFile, f6.empty() ? fontFile_ : f6);
+    Keep(style.bigFontFile, f7);
     style.f8 = AboveZero(f8);
     style.f9 = AboveZero(f9);
     const auto* known = std::find_if(std::begin(kKnown), std::end(kKnown),

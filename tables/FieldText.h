@@ -31,6 +31,7 @@ class FieldText {
         return parts;
     }
     std::string_view Rest() const { return rest_; }
+    bool WasCut() const { return wasCut_; }          // something behind those bytes was not looked at
     std::string_view Part() const { return part_; }  // as it was given, with its blanks and its line end
 
     FieldText(const FieldText&) = delete;
@@ -42,4 +43,5 @@ class FieldText {
     char text_[TableLines::kLargestPiece + kLongestSuffix];
     std::string_view rest_;
     std::string_view part_;
+    bool wasCut_;
 };

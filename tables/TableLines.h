@@ -5,11 +5,12 @@
 
 // The lines of a table file, in a buffer of fixed size. A line keeps its LF; a CR LF is one LF. A line longer than a
 // piece comes in several pieces, each of which is a line to the readers; one that is just as long as a piece leaves its
-// LF over as a line of its own. A NUL ends the text of a piece, not the piece. 0x1A is a byte like any other.
+// LF over as a line of its own. A NUL ends the text of a piece, not the piece. 0x1A ends the file, as in text mode: old
+// editors put it there.
 class TableLines {
   public:
     // file must outlive this. piece: 1 to kLargestPiece.
-    TableLines(std::string_view file, std::size_t piece) : file_(file), piece_(piece) {}
+    TableLines(std::string_view file, std::size_t piece) : file_(file.substr(0, file.find(kEndMark))), piece_(piece) {}
 
     bool Next();                                              // false at the end
     std::string_view Text() const { return {text_, size_}; }  // valid until the next call
@@ -17,6 +18,7 @@ class TableLines {
     void TabsToBlanks();
 
     static constexpr std::size_t kLargestPiece = 256;
+    static constexpr char kEndMark = 0x1A;  // no second byte of a character
 
   private:
     std::string_view file_;

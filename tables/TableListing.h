@@ -17,6 +17,8 @@ class ListingSink {
     // on (the pieces of a long line have the same number), and what is wrong with the line that came last.
     virtual void OnLine(std::string_view /*line*/, std::size_t /*number*/) {}
     virtual void OnError(std::string_view /*message*/) {}
+    // Something of the line that came last was not looked at, or found no room in its field.
+    virtual void OnCut() {}
 };
 
 // The listing of one read: every line of the file, with an error line under each bad one.
@@ -34,6 +36,7 @@ class TableListing {
         sink_.OnError(text_);
         sink_.Write(text_);
     }
+    void Cut() { sink_.OnCut(); }  // not in the listing
     bool HasErrors() const { return hasErrors_; }
 
   private:

@@ -10,6 +10,7 @@
 #include "tables/FieldText.h"
 #include "tables/TableLines.h"
 #include "tables/TableListing.h"
+#include "text/SlotText.h"
 
 inline constexpr std::string_view kBadData = " ***** 無効なデータです *****\n";
 
@@ -31,6 +32,13 @@ class RecordReader {
     Reading Full(std::string_view message, std::int32_t limit) {
         listing_.Error(message, limit);
         return Reading::kEnd;
+    }
+
+    // Texts that are too long for their slot are cut.
+    template <std::size_t N>
+    void Keep(char (&slot)[N], std::string_view text) {
+        StoreText(slot, text);
+        if (SlotText(slot).size() < text.size()) listing_.Cut();
     }
 
     Table& table_;
@@ -71,6 +79,7 @@ void ReadRecords(std::string_view file, std::size_t piece, const Keyword<Reader>
         }
         const std::size_t start = keyword->column ? keyword->column - 1 : keyword->word.size();
         FieldText fields(line.substr(std::min(start, line.size())), keyword->count, keyword->suffix);
+        if (fields.WasCut()) listing.Cut();
         if ((reader.*keyword->read)(fields) == Reading::kEnd) return;
     }
 }

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
-#include <iterator>
 #include <limits>
+#include <type_traits>
 
 namespace {
 
@@ -19,25 +19,34 @@ SignedText TakeSign(std::string_view text) {
     return {text.starts_with('-'), text.substr(sign ? 1 : 0)};
 }
 
-bool IsSpecial(std::string_view magnitude) {
-    constexpr std::string_view kSpecial[] = {"0x", "inf", "nan"};
-    const auto sameLetter = [](char c, char lower) { return c == lower || c == lower - 'a' + 'A'; };
-    for (const std::string_view word : kSpecial) {
-        const std::string_view start = magnitude.substr(0, word.size());
-        if (std::equal(start.begin(), start.end(), word.begin(), word.end(), sameLetter)) return true;
-    }
-    return false;
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// Of a number that no double can hold: whether it is too small and not too large.
+bool IsUnderflow(std::string_view text) {
+    const auto* const mantissaEnd =
+        std::find_if(text.begin(), text.end(), [](char c) { return c != '.' && !IsDigit(c); });
+    const std::string_view mantissa(text.data(), static_cast<std::size_t>(mantissaEnd - text.begin()));
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const auto scale =
+        static_cast<std::int64_t>(point) - static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
+    std::string_view exponent = text.substr(mantissa.size());
+    if (!exponent.empty()) exponent.remove_prefix(1);
+    if (exponent.starts_with('+')) exponent.remove_prefix(1);
+    std::int32_t power = 0;
+    const auto result = std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
+    if (result.ec == std::errc::result_out_of_range) return exponent.starts_with('-');
+    return power + scale < 0;
 }
 
 // 0 for a text without a number.
 template <class T>
 std::optional<T> ReadMagnitude(std::string_view text) {
-    if (IsSpecial(text)) return std::nullopt;
     T value = 0;
-    if (text.starts_with('-')) return value;  // a second sign
+    if (text.empty() || !(IsDigit(text[0]) || text[0] == '.')) return value;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec == std::errc::result_out_of_range) return std::nullopt;
-    return value;
+    if (result.ec != std::errc::result_out_of_range) return value;
+    if (std::is_floating_point_v<T> && IsUnderflow(text)) return T{};
+    return std::nullopt;
 }
 
 template <class T>

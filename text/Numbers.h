@@ -1,7 +1,7 @@
-// Numbers as table files have them: the leading part of a text counts, and a text that does not begin with a number
-// (the empty one too) is 0. The result is empty for what no field can hold: integers beyond 32 bits, real numbers
-// beyond the range of a double, and "nan", "inf" and hexadecimal numbers, which some C libraries read and others do
-// not. The program's locale plays no part.
+// Numbers as table files have them: decimal digits up to the first character that is none. A text that does not begin
+// with a number is 0: the empty one, and "inf", "nan" and "0x5" too, which some C libraries read and others do not. A
+// real number too small for a double is 0. The result is empty for what no field can hold: integers beyond 32 bits and
+// real numbers beyond the range of a double. The program's locale plays no part.
 #pragma once
 
 #include <cstdint>

@@ -24,6 +24,18 @@ std::string_view CutAtCharacter(std::string_view text, std::size_t limit) {
     return text.substr(0, end);
 }
 
+std::string FoldedName(std::string_view name) {
+    std::string out(name);
+    for (std::size_t at = 0; at < out.size(); ++at) {
+        char& c = out[at];
+        if (IsLeadByte(c) && at + 1 < out.size() && IsTrailByte(out[at + 1]))
+            ++at;
+        else if (c >= 'a' && c <= 'z')
+            c = static_cast<char>(c - 'a' + 'A');
+    }
+    return out;
+}
+
 std::string_view FileNameOf(std::string_view path) {
     std::size_t name = 0;
     for (std::size_t at = 0; at < path.size();) {

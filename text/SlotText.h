@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 // The start of a text, at most limit bytes of it, which does not end within a double-byte character.
@@ -10,6 +11,9 @@ std::string_view CutAtCharacter(std::string_view text, std::size_t limit);
 
 // The name of a file without its folder. A byte that is part of a double-byte character separates nothing.
 std::string_view FileNameOf(std::string_view path);
+
+// The same for all names that differ only in the case of ASCII letters.
+std::string FoldedName(std::string_view name);
 
 // The text of a slot: up to its NUL or its end.
 template <std::size_t N>

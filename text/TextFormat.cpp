@@ -18,7 +18,7 @@ int TakeNumber(std::string_view& format, int missing) {
 void FormatArgument::Append(std::string& out, std::size_t width, int precision) const {
     if (kind_ == Kind::kText) {
         std::copy_if(text_.begin(), text_.end(), std::back_inserter(out),
-                     [](char c) { return c != '\r' && c != '\n'; });
+                     [](char c) { return c != '\r' && c != '\n' && c != 0x1A; });
         return;
     }
     char digits[400];  // the largest double has 309 digits before the point

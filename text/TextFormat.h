@@ -25,8 +25,8 @@ class FormatArgument {
 
 // Appends what printf would write in the "C" locale. In the format: %s, %d, %3d, %g and %4.2f and their like. Unlike
 // printf it knows the length of every text, goes by the type of the value and not by the letter, and is not moved by
-// the host's locale; values that the format has no place for are left out. A text never brings its own line break: CR
-// and LF in it are dropped.
+// the host's locale; values that the format has no place for are left out. A text never brings its own end of
+// a line or a file: CR, LF and 0x1A in it are dropped.
 void AppendFormat(std::string& out, std::string_view format, std::initializer_list<FormatArgument> values);
 
 template <class... Values>

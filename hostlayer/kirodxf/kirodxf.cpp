@@ -5,9 +5,9 @@
 
 #include <new>
 
+#include "drawing/DxfReader.h"
 #include "entry/host/kirobc.h"
 #include "hostlayer/kirodxf/DxfErrorText.h"
-#include "hostlayer/kirodxf/DxfReader.h"
 
 namespace {
 
@@ -56,7 +56,8 @@ int DxfCheckBinary(const char* path) {
            (count = file.Read(start + length, static_cast<unsigned>(sizeof start) - length)) > 0)
         length += static_cast<unsigned>(count);
     if (count < 0) return kFailure;
-    inputBlock = ExamineDxfStart({start, length});
+    const DxfStart form = ExamineDxfStart({start, length});
+    inputBlock = {form.binary, form.wideCodes};
     return kSuccess;
 }
 

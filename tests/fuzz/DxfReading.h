@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "hostlayer/kirodxf/DxfReader.h"
+#include "drawing/DxfReader.h"
 
 class MemorySource final : public ByteSource {
   public:

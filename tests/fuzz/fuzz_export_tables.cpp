@@ -61,8 +61,11 @@ static std::int32_t PlaceOf(const DxfOutLineTable& t, const DxfOutLineTable::Pat
 
 static bool Check(const DxfOutLineTable& t) {
     Require(t.fontCount == 15 && Between(t.patternCount, 0, 256) && Between(t.widthType, 0, 1));
-    for (const std::int32_t width : t.lineWidth) Require(width >= 0);
     bool whole = true;
+    for (const std::int32_t width : t.lineWidth) {
+        Require(Between(width, -2147483600, 2147483600));
+        whole &= width >= 0;  // half a hundredth is added to every number
+    }
     for (std::int32_t i = 0; i < kDxfOutWeights; ++i) {
         Require(t.weightWidth[i] >= 0 && t.weightWidth[i] <= 1000 && Between(t.weightColor[i], -1, 256));
         whole &= IsPlain(t.weightWidth[i]);

@@ -79,8 +79,10 @@ static bool Check(const DxfInArrowTable& t) {
     bool whole = true;
     for (std::int32_t i = 0; i < t.arrowCount; ++i) {
         const auto& arrow = t.arrows[i];
-        Require(Between(arrow.arrowMark, 1, 4095) && (arrow.arrowAngle == 0 || arrow.arrowAngle == 180));
-        whole &= CheckName(t.arrowName[i], 45, "=");
+        // Refused records leave their marks with the default arrows.
+        const bool good = Between(arrow.arrowMark, 1, 4095);
+        Require((good || i < 4) && (arrow.arrowAngle == 0 || arrow.arrowAngle == 180));
+        whole &= good && CheckName(t.arrowName[i], 45, "=");
     }
     return whole;
 }

@@ -4,18 +4,18 @@
 #include <functional>
 #include <memory>
 
-#include "convert/DrawingPairs.h"
 #include "convert/ReadDrawing.h"
 #include "convert/WriteDrawing.h"
+#include "drawing/DrawingPairs.h"
 #include "tests/fuzz/DxfReading.h"
 #include "tests/native/TableTest.h"
-#include "tools/kirotable/Text.h"
+#include "tools/cli/Text.h"
 
 using namespace convert;
 
 namespace {
 
-constexpr Unicode kUnicode = {kirotable::FromCp932, kirotable::ToCp932};
+constexpr Unicode kUnicode = {cli::FromCp932, cli::ToCp932};
 
 // "0 LINE/8 A" as the pairs of a text file.
 std::string Pairs(const std::string& text) {
@@ -105,7 +105,7 @@ std::vector<std::string> Items(const std::string& bytes, const std::string& sect
                                const std::vector<int>& wanted = {}) {
     std::vector<std::string> items;
     MemorySource source(bytes);
-    DrawingPairs pairs;
+    drawing::DrawingPairs pairs;
     EXPECT_EQ(pairs.Open(source), kDone);
     bool inside = false;
     while (pairs.Next()) {

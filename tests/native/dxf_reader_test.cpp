@@ -120,9 +120,9 @@ TEST_P(DxfBinary, NothingIsReadAfterNonsense) {
 
 TEST_P(DxfBinary, TheStartTellsTheForm) {
     for (const int code : {0, 999}) {
-        const DxfInputBlock block = ExamineDxfStart(Writer{GetParam()}.Pair(code, "SECTION\0"s).file);
-        EXPECT_NE(block.binary, 0);
-        EXPECT_EQ(block.wideCodes != 0, GetParam()) << code;
+        const DxfStart form = ExamineDxfStart(Writer{GetParam()}.Pair(code, "SECTION\0"s).file);
+        EXPECT_TRUE(form.binary);
+        EXPECT_EQ(form.wideCodes, GetParam()) << code;
     }
 }
 

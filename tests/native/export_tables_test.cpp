@@ -15,8 +15,8 @@ TEST(ExportLayers, Records) {
     const std::string x(70, 'x');
     const auto t = ReadLines<Layers>({
         {"PICTURE_OFF -257;PICTURE_OFF 257;CLASS_CONTROL ITEM;LAYER_CONTROL CLASSES"},
-        {"PICTURE_OFF 258;PICTURE_OFF -258;PICTURE_OFF 99999999999;PICTURE_OFF nan", kBadClass},
-        {"PICTURE 1 = 表 ソ|/\t能;PICTURE 257=A=B, C;CLASS 257 = C;REVISION 257 = R;PICTURE 2x=P;CLASS 3 ="},
+        {"PICTURE_OFF 258;PICTURE_OFF -258;PICTURE_OFF 99999999999", kBadClass},
+        {"PICTURE 1 = 表 ソ|/\t能;PICTURE 257=A=B, C;CLASS 257 = C;REVISION 257 = R;PICTURE 2x=P;CLASS 3 =;PICTURE 0x5=A"},
         {"PICTURE 1;PICTURE ", Form("    PICTURE  picture# = layer_name")},
         {"PICTURE 258 = A;PICTURE -1 = A;PICTURE 2147483648 = A", Error("無効なピクチャ番号です (0-257)")},
         {"CLASS 1", Form("    CLASS  class# = layer_name")},
@@ -27,12 +27,13 @@ TEST(ExportLayers, Records) {
         {"PICTURE 5=" + x + "yz;CLASS 5=" + x.substr(1) + "表;REVISION 5=" + x.substr(8) + "表"},
         {"COLOR 256 = 255;COLOR 0y = 0"},
         {"COLOR 1", " ***** 書式が違います*****       COLOR  color# = color#\n"},
-        {"COLOR 257 = 1;COLOR -1 = 1;COLOR 5 = 256;COLOR 5 = -1;COLOR 5 = 0x1", Error("無効な色番号です (0-256)")},
+        {"COLOR 257 = 1;COLOR -1 = 1;COLOR 5 = 256;COLOR 5 = -1;COLOR 5 = 4294967295",
+         Error("無効な色番号です (0-256)")},
     });
     EXPECT_EQ(Join(t->pictureOff, t->classControl, t->layerControl, t->spareSlot), "257 2 1 257 ");
     const auto& p = t->pictureLayer;
     EXPECT_EQ(Join(p[0], p[1], p[2], p[257], t->classLayer[257], t->revisionLayer[257], t->classLayer[3]),
-              "0 表ソ|/能 P A=B,C C R  ");
+              "A 表ソ|/能 P A=B,C C R  ");
     EXPECT_EQ(Join(p[5], t->classLayer[5], t->revisionLayer[5]), Join(x, x.substr(1), x.substr(8)));
     EXPECT_EQ(Join(t->colorMap[0], t->colorMap[1], t->colorMap[5], t->colorMap[256]), "0 0 0 255 ");
     const auto words = Good<Layers>("CLASS_CONTROL COMPOSITION;LAYER_CONTROL REVISION");
@@ -129,22 +130,24 @@ TEST(ExportLines, Records) {
     const auto t = ReadLines<Fonts>({
         {"LINE-FONT 0,1=A,1,1;LINE-FONT 64,1=A,1,1;LINE-FONT1 0=A;LINE-FONT1 64=A", Error("無効な線種番号です (1-63)")},
         {"LINE-FONT 1,-1=A;LINE-FONT 1,17=A;LINE-FONT2 0=1,1;LINE-FONT2 17=1,1", Error("無効な線幅番号です (0-16)")},
-        {"LINE-FONT 1,1=A,-0.1;LINE-FONT 1,1=A,1000.1;LINE-FONT2 1=1001,1;LINE-FONT2 1=nan,1",
+        {"LINE-FONT 1,1=A,-0.1;LINE-FONT 1,1=A,1000.1;LINE-FONT2 1=1001,1;LINE-FONT2 1=1e999,1",
          Error("無効な線幅です (0.0-1000.0)")},
         {"LINE-FONT 1,1=A,1,-2;LINE-FONT 1,1=A,1,257;LINE-FONT2 1=1,257;LINE-FONT2 1=1,-2",
          Error("無効な色番号です (0-256)")},
         {"LINE-FONT 1=A;LINE-FONT 1,1;LINE-FONT1 1;LINE-FONT2 1;PITCH-A;COMMENT-A;PITCH-A=1,1e999", kFontForm},
         {"COMMENT-A =\t ;COMMENT-A=", kNoComment},
-        {"LINE-WIDTH 1;LINE-WIDTH 17=1;LINE-WIDTH -1=1;LINE-WIDTH 1=-1;LINE-WIDTH 1=21474837;LINE-WIDTH 1=inf",
+        {"LINE-WIDTH 1;LINE-WIDTH 17=1;LINE-WIDTH -1=1;LINE-WIDTH 1=21474837;LINE-WIDTH 1=-21474837;LINE-WIDTH 1=1e999",
          Form("  LINE-WIDTH  weight# = width")},
         {"LINE-FONT3 1=A;TAB\tKEY"},
         {"WIDTH-TYPE 99999999999", kBad},
-        {"LINE-WIDTH 0 = 0.005;LINE-WIDTH 16 = 21474836;LINE-WIDTH 2 = 0.29;LINE-WIDTH 1 = 0.004;WIDTH-TYPE -7"},
+        {"LINE-WIDTH 0 = 0.005;LINE-WIDTH 16 = 21474836;LINE-WIDTH 2 = 0.29;LINE-WIDTH 1 = 0.004;"
+         "LINE-WIDTH 3 = -0.5;LINE-WIDTH 4 = 0x10;WIDTH-TYPE -7"},
     });
     EXPECT_EQ(unknown.text,
               " LINE-FONT3 1=A\n ***** Invalid Key_Word *****\n TAB KEY\n ***** Invalid Key_Word *****\n");
     const auto& widths = t->lineWidth;
-    EXPECT_EQ(Join(t->widthType, widths[0], widths[1], widths[2], widths[16]), "1 1 0 29 2147483600 ");
+    EXPECT_EQ(Join(t->widthType, widths[0], widths[1], widths[2], widths[3], widths[4], widths[16]),
+              "1 1 0 29 -49 0 2147483600 ");
     const auto defaults = Read<Fonts>("").table;
     std::copy_n(defaults->lineWidth, 17, t->lineWidth);
     t->widthType = 0;
@@ -241,7 +244,7 @@ TEST(ExportStyles, Records) {
     const auto t = ReadLines<Styles>({
         {"2TO1 = ON;STYLE = BIGFONT, 0, 1, 3, 99, 15, f, g, 4, 5;STYLE=STANDARD,2,-3,-1,100,16,a 表,,0,0,x"},
         {"2TO1 = 1;2TO1 ON", Form("   2TO1 = flag")},
-        {"STYLE = TSTANDARD,-0.1;STYLE = TSTANDARD,nan", kBadStyle},
+        {"STYLE = TSTANDARD,-0.1;STYLE = TSTANDARD,1e999", kBadStyle},
         {"STYLE;STYLE A,1;STYLES = A;STYLE = TSTANDARD,1,32768", Form("   STYLE = style_name , spaceing")},
         {"STYLE = TBIGFONT,3,,nan,0,,,,inf,-5;STYLE=TSTANDARD,,,4,0,0,,b,7,9;2TO1=OFFICE"},
     });
@@ -292,7 +295,7 @@ TEST(ExportArrows, Records) {
         {"ARROW 4095,180=N 表;ARROW 1, 0 = N1,x=y;ARROW 1x,180y=N1=2"},
         {"ARROW 0,0=N;ARROW 4096,0=N;ARROW x;ARROW 4294967297,0=N;ARROW =N", Error("無効なマーク番号です")},
         {"ARROW 5;ARROW 5=N;ARROW 5,180;ARROWS 1,0=N", kBad},
-        {"ARROW 1,90=N;ARROW 1,-180=N;ARROW 1,nan=N", kBadAngle},
+        {"ARROW 1,90=N;ARROW 1,-180=N;ARROW 1,1e=N", kBadAngle},
         {"ARROW 1,0=;ARROW 1,0=X;ARROW 1,0=,N", Error("無効な矢印名です")},
     });
     EXPECT_EQ(Format(*t), kHeaderText +

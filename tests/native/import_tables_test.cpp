@@ -17,7 +17,7 @@ TEST(ImportLayers, Records) {
         {"LAYER " + x70 + "xxxx=9", form},
         {"LAYER-REVISION A = 256;LAYER_REVISION OTHER = 1;LAYER-REVISION " + x70.substr(8) + "=9"},
         {"LAYER-REVISION A = 257;LAYER_REVISION A = -1;LAYER-REVISION " + x70.substr(7) + "=9", badRevision},
-        {"COLOR-CLASS 0 = 256;COLOR_CLASS 256 = 1;COLOR-REVISION 0 = 2;COLOR_REVISION 256 = 3"},
+        {"COLOR-CLASS 0x5 = 256;COLOR_CLASS 256 = 1;COLOR-REVISION 0 = 2;COLOR_REVISION 256 = 3"},
         {"COLOR-CLASS 257 = 1;COLOR_CLASS -1 = 1;COLOR-REVISION 99999999999 = 1", badColor},
         {"COLOR-CLASS 1 = 0", badClass},
         {"COLOR_CLASS 1", Form("     COLOR-CLASS  color# = class#")},
@@ -27,7 +27,7 @@ TEST(ImportLayers, Records) {
         {"COLOR 0 = 1,1,1;COLOR 256 = 1,1,1", badColor},
         {"COLOR 2 = 0,0,256;COLOR 2 = -1,0,0;COLOR 2 = 0,4294967296,0", badRgb},
         {"COLOR 2", Form("     COLOR  color# = R, G, B")},
-        {"LAYER-SWITCH 1"},
+        {"LAYER-SWITCH 0x1;LAYER-SWITCH 1"},
         {"LAYER_SWITCH 2;LAYER-SWITCH -1", badSwitch},
     });
     const char* const names[] = {"OTHER", "表ソ|/能", "A,B", "CLASSA", "CLASSOTHER"};
@@ -80,8 +80,8 @@ TEST(ImportLines, Records) {
         {"LINE-TYPE A = 0,1;LINE_TYPE A = 64,1", badFont},
         {"LINE-TYPE A = 1,0;LINE_TYPE A = 1,17;LINE-TYPE A = 1", badWeight},
         {"LINE-TYPE A", form},
-        {"LINE_TYPE 表\t能 = 63,16;WIDTH 0.0, 0 = 1;WIDTH 999.5,1000=16"},
-        {"WIDTH -0.1, 1 = 1;WIDTH 0, 1000.1 = 1;WIDTH nan, inf = 1", badWidth},
+        {"LINE_TYPE 表\t能 = 63,16;WIDTH nan, inf = 1;WIDTH 999.5,1000=16"},
+        {"WIDTH -0.1, 1 = 1;WIDTH 0, 1000.1 = 1;WIDTH 0, 1e999 = 1", badWidth},
         {"WIDTH 2, 1 = 1", Form("   width_s > width_e")},
         {"WIDTH 1, 2 = 17", badWeight},
         {"WIDTH 1, 2;WIDTH 1 = 2", widthForm},
@@ -155,7 +155,7 @@ TEST(ImportStyles, Records) {
         {"DIM-2TO1", Form("  DIM_2TO1 = flag")},
         {"SPACE = 1.5, -2;FONT = 3, .5;TEXT_SPACE = 7;TEXT-SPACE = 8"},
         {"SPACE 1,2", Form("   SPACE = vertical, hollizontal")},
-        {"FONT = 3, nan", Form("   FONT = font, factor")},
+        {"FONT = 3, 1e999", Form("   FONT = font, factor")},
         {"TEXT_SPACE", Form("  TEXT_SPACE = xx")},
     });
     const auto values = [&t](int i) {
@@ -187,7 +187,7 @@ TEST(ImportArrows, Records) {
     const auto t = ReadLines<DxfInArrowTable>({
         {"ARROW LINE = 4095, 180, 5;ARROW 表 ソ = 7, 180, -30001;ARROW 表 ソ = 1"},
         {"ARROW SOLID = 9, 90, 7;ARROW A = 2, -180, 1", badAngle},
-        {"ARROW CIRCLE = 4096, 0, 1;ARROW A = 0, 0, 1", badMark},
+        {"ARROW CIRCLE = 5000, 0, 1;ARROW A = 0, 0, 1;ARROW OTHER = 2147483648,0,1", badMark},
         {"ARROW A 1, 0, 1;ARROW A = 3, 0, 2147483648", kBad},
         {"ARROW " + std::string(66, 'x') + "=1234"},
         {"ARROW " + std::string(70, 'x') + "=1,0", kBad},
@@ -197,8 +197,8 @@ TEST(ImportArrows, Records) {
         return Join(t->arrowName[i], a.arrowMark, a.arrowAngle, a.arrowSize);
     };
     EXPECT_EQ(arrow(0), "LINE 4095 180 5 ");
-    EXPECT_EQ(arrow(1), "SOLID 9 0 300 ") << "the mark of a refused record stays";
-    EXPECT_EQ(arrow(2), "CIRCLE 15 0 300 ");
+    EXPECT_EQ(arrow(1), "SOLID 9 0 300 ") << "the mark of a refused record stays, in its range or not";
+    EXPECT_EQ(arrow(2), "CIRCLE 5000 0 300 ");
     EXPECT_EQ(arrow(3), "OTHER 1 180 300 ");
     EXPECT_EQ(arrow(4), "表ソ 7 180 -30001 ");
     EXPECT_EQ(arrow(5), "表ソ 1 0 0 ");
@@ -209,7 +209,7 @@ TEST(ImportArrows, Records) {
     EXPECT_EQ(Format(*t),
               kHeaderText +
                   "/ Convert Arrow Head to Mark No.\n/\n"
-                  "ARROW LINE   = 4095, 180,    5\nARROW CIRCLE =   15,   0,  300\nARROW OTHER  =    1, 180,  300\n"
+                  "ARROW LINE   = 4095, 180,    5\nARROW CIRCLE = 5000,   0,  300\nARROW OTHER  =    1, 180,  300\n"
                   "ARROW 表ソ   =    7, 180, -30001\nARROW 表ソ   =    1,   0,    0\n/\n/ Eof\n"s);
     const auto full =
         Fill<DxfInArrowTable>(252, "ARROW A = 1, 0, 9", Error("矢印テーブルの容量を超えました (Max. 256)"));
@@ -246,7 +246,10 @@ TEST(ImportTables, LongestNamesAreTheLastThatComeBack) {
     ExpectLongest<DxfInLineTable>(kDxfInLongestLineType, "LINE-TYPE ", "=63,16");
     ExpectLongest<DxfInArrowTable>(kDxfInLongestArrow, "ARROW ", "=4095,180,30000");
     ExpectLongest<DxfInStyleTable>(kDxfInLongestStyle,
-                                   "STYLE=", ",0.123457,2,0.123457,1.23457e-05,1.23457,99,15,0.123457,0.123457");
+                                   "STYLE=", ",0.123457,2,0.123457,1.23457e-99,1.23457,99,15,0.123457,0.123457");
+    const std::string real = "1.23457e-100";
+    ExpectLongest<DxfInStyleTable>(
+        28, "STYLE=", "," + real + ",2," + real + "," + real + ",1.23457,99,15," + real + "," + real);
 }
 
 }  // namespace

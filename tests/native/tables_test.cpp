@@ -12,7 +12,7 @@ TEST(TableLines, PiecesAndTheirEnds) {
         return all;
     };
     EXPECT_EQ(split("", 127), "");
-    EXPECT_EQ(split("ab\r\n\r\nc\rd\r\r\n\x1a", 127), "ab\n|\n|c\rd\r\n|\x1a|");
+    EXPECT_EQ(split("ab\r\n\r\nc\rd\r\r\ne\x1a\nf\n", 127), "ab\n|\n|c\rd\r\n|e|");
     EXPECT_EQ(split("a\0b\n\0\nc"s, 127), "a||c|");
     EXPECT_EQ(split("abcdef\nabc\r\nabcd\n", 4), "abcd|ef\n|abc\n|abcd|\n|");
     EXPECT_EQ(split(std::string(256, 'x') + "\n", 256), std::string(256, 'x') + "|\n|");
@@ -45,20 +45,25 @@ TEST(TableListing, Head) {
 }
 
 TEST(TableNumbers, LeadingPartsAndLimits) {
-    const std::pair<const char*, int> integers[] = {{"", 0},       {"x", 0},       {"-", 0},   {"+-3", 0},
-                                                    {"\v+7x9", 7}, {"-0012", -12}, {"3.9", 3}, {"1e3", 1}};
+    const std::pair<const char*, int> integers[] = {{"", 0},       {"x", 0},       {"-", 0},     {"+-3", 0},
+                                                    {"\v+7x9", 7}, {"-0012", -12}, {"3.9", 3},   {"1e3", 1},
+                                                    {"-0X12", 0},  {"INF", 0},     {"nan(1)", 0}};
     for (const auto& [text, value] : integers) EXPECT_EQ(ReadInteger(text), value) << text;
     EXPECT_EQ(ReadInteger("2147483647"), INT32_MAX);
     EXPECT_EQ(ReadInteger("-2147483648"), INT32_MIN);
-    const std::pair<const char*, double> reals[] = {{"", 0},     {".", 0},         {"x1", 0}, {"--1", 0},
-                                                    {"+.5", .5}, {"-2.5e1z", -25}, {"7e", 7}, {"1e308", 1e308}};
+    const std::pair<const char*, double> reals[] = {
+        {"", 0},          {".", 0},     {"x1", 0},   {"--1", 0},       {"+.5", .5}, {"-2.5e1z", -25}, {"7e", 7},
+        {"1e308", 1e308}, {"0x1p3", 0}, {"+inf", 0}, {"-Infinity", 0}, {"NaN", 0},  {"-.i", 0}};
     for (const auto& [text, value] : reals) EXPECT_EQ(ReadReal(text), value) << text;
-    for (const char* text : {"2147483648", "-2147483649", "99999999999999999999", "0x1", "-0X1", "INF", "nan(1)"})
+    for (const char* text : {"2147483648", "-2147483649", "99999999999999999999"})
         EXPECT_FALSE(ReadInteger(text)) << text;
-    for (const char* text : {"1e309", "-1e999", "0x1p3", "+inf", "-Infinity", "NaN"})
+    const std::string zeros(400, '0');
+    for (const std::string& text : {"1e-400"s, "-.0009E-99999999999"s, "0." + zeros + "1"s, "." + zeros + "1e9x"s})
+        EXPECT_EQ(ReadReal(text), 0) << text;
+    for (const std::string& text : {"1e309"s, "-1e999"s, ".01e+99999999999"s, "1" + zeros, "0001" + zeros + ".5e-9"s})
         EXPECT_FALSE(ReadReal(text)) << text;
     EXPECT_TRUE(ReadReal("1", 1, 1) && ReadInteger("1", 1, 1));
-    EXPECT_FALSE(ReadReal("nan", -1, 1) || ReadInteger("2", 0, 1) || ReadReal("-.1", 0, 1));
+    EXPECT_FALSE(ReadReal("nan", 1, 2) || ReadInteger("2", 0, 1) || ReadReal("-.1", 0, 1));
 }
 
 template <class Table>
@@ -71,13 +76,14 @@ TYPED_TEST(AnyTable, CommentsAndNonsenseLeaveTheDefaults) {
     const auto defaults = Read<TypeParam>("").table;
     EXPECT_TRUE(Same(*Good<TypeParam>("/;/ARROW; LAYER A = 5; STYLE = A; "), *defaults));
     const std::string error = std::is_same_v<TypeParam, DxfOutLineTable> ? "" : kBad;
-    const auto nonsense =
-        ReadLines<TypeParam>({{";\t/;layer A = 2;picture 1 = A;LAYER;PICTURE;LINE-FONT;\x1a", error}});
+    const auto nonsense = ReadLines<TypeParam>({{";\t/;layer A = 2;picture 1 = A;LAYER;PICTURE;LINE-FONT", error}});
     EXPECT_TRUE(Same(*nonsense, *defaults));
-    // A NUL ends the text with its LF; a last line needs no end.
-    const auto unended = Read<TypeParam>("\0ARROW A = 1\n/ x"s);
-    EXPECT_EQ(unended.listed, "    " + error + "    / x");
-    EXPECT_TRUE(Same(*unended.table, *defaults));
+    // A NUL ends the text with its LF; a last line needs no end, and 0x1A is one.
+    for (const char* rest : {"", "\x1a", "\x1a\nLAYER\nPICTURE 1 = A\nARROW\n"}) {
+        const auto unended = Read<TypeParam>("\0ARROW A = 1\n/ x"s + rest);
+        EXPECT_EQ(unended.listed, "    " + error + "    / x");
+        EXPECT_TRUE(Same(*unended.table, *defaults));
+    }
 }
 
 // What is left of a path that is longer than a line is no line of its own, and no half of a character.

@@ -1,7 +1,9 @@
 // Runs kirotable, as a user does, in a folder of its own.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -122,7 +124,7 @@ TEST_F(KiroTable, NewTablesAreCleanAndStayAsTheyAre) {
 
     const std::string made = Body(Bytes("KIRODXF_LINE"));
     EXPECT_EQ(Body(Tool("new dxfout-line").out), made);
-    EXPECT_EQ(Tool("format KIRODXF_LINE").error, "");
+    EXPECT_EQ(Tool("format --force KIRODXF_LINE").error, "");
     EXPECT_EQ(Body(Bytes("KIRODXF_LINE")), made);
     Write("there", "");
     EXPECT_EQ(Tool("new dxfin-line -o there").status, 1);
@@ -158,8 +160,8 @@ TEST_F(KiroTable, CheckSaysFileLineAndMessage) {
         "DXFKIRO_LAYER.1:7: ***** 無効なクラス番号です (1-256) *****\n"
         "DXFKIRO_LAYER.1:8: ***** 無効なデータです *****\n"
         "DXFKIRO_LAYER.1:8: 警告: 長すぎる行です。続きは次の行として読まれます\n"
+        "DXFKIRO_LAYER.1:10: 警告: 同じ名前の行です。2 行目にもあります: 表\n"
         "DXFKIRO_LAYER.1:11: ***** 無効なデータです *****\n"
-        "DXFKIRO_LAYER.1: 警告: layerClass に同じ名前が 2 つ以上あります: 表\n"
         "DXFKIRO_LAYER.1: 警告: 書き戻すと変わります: ~ color 5: colorRgb 1,2,3 -> 0,0,255\n";
     const std::string unknown =
         "KIRODXF_line:1: 警告: 知らないキーワードです (Invalid Key_Word)。この行は読まれません\n";
@@ -180,10 +182,26 @@ TEST_F(KiroTable, CheckSaysFileLineAndMessage) {
 TEST_F(KiroTable, ArgumentsAreExplained) {
     const Outcome nothing = Tool("");
     EXPECT_EQ(nothing.status, 2);
-    EXPECT_TRUE(Has(nothing.error, "引数が足りません")) << nothing.error;
+    EXPECT_TRUE(Has(nothing.error, "コマンドがありません")) << nothing.error;
+    const std::pair<const char*, const char*> wrong[] = {
+        {"chek x", "chek というコマンドはありません。check ではありませんか"},
+        {"check", "引数が足りません: FILE..."},
+        {"show a b", "余分な引数です: b"},
+        {"show --jsn a", "--jsn というオプションはありません。--json ではありませんか"},
+        {"show a --kind", "--kind には値 KIND が要ります"},
+        {"show a --json=1", "--json に値は付けられません"},
+        {"show --kind dxfin-layr a", "--kind: dxfin-layr という種類はありません。dxfin-layer ではありませんか"},
+        {"show --from utf-9 a", "utf-9 という文字コードはありません"},
+        {"show -- --json", "--json: ファイルがありません"},
+    };
+    for (const auto& [words, message] : wrong) {
+        const Outcome outcome = Tool(words);
+        EXPECT_EQ(outcome.status, 2) << words;
+        EXPECT_TRUE(Has(outcome.error, message)) << outcome.error;
+    }
     const Outcome help = Tool("--help");
     EXPECT_EQ(help.status, 0);
-    for (const std::string command : {"check", "show", "format", "new", "diff"})
+    for (const std::string command : {"check", "show", "format", "new", "diff", "coverage", "collect"})
         EXPECT_TRUE(Has(help.out, "\n  " + command + " ")) << help.out;
     const Outcome more = Tool("check --help");
     EXPECT_EQ(more.status, 0);
@@ -212,7 +230,7 @@ TEST_F(KiroTable, ShowHasTheFieldsAndTextsInUtf8) {
                     "\n  表ｱ\uFFFD\uFFFD      12         180         5\n"
                     "  X\uFFFD         9          0           5\n"))
         << arrows.out;
-    EXPECT_TRUE(Has(arrows.error, "読めない行が 1 行")) << arrows.error;
+    EXPECT_TRUE(Has(arrows.error, "誤りのある行が 1 行")) << arrows.error;
     const Json json = Json::parse(Tool("show --json DXFKIRO_ARROW").out);
     EXPECT_EQ(json["arrowCount"], 6);
     EXPECT_EQ(json["arrows"][4],
@@ -246,7 +264,7 @@ TEST_F(KiroTable, ShowHasTheFieldsAndTextsInUtf8) {
 TEST_F(KiroTable, FormatLosesNothingUnasked) {
     const std::string damaged = "/ mine\nSTYLE = A, 2,,,,,,,,\nSTYLES\nFONT = 3, 1.5\n";
     Write("DXFKIRO_STYLE", damaged);
-    const Outcome refused = Tool("format DXFKIRO_STYLE");
+    const Outcome refused = Tool("format --force --drop-comments DXFKIRO_STYLE");
     EXPECT_EQ(refused.status, 1);
     EXPECT_TRUE(Has(refused.error, "DXFKIRO_STYLE:3: ***** ") && Has(refused.error, "~ font: 3 -> 0\n"))
         << refused.error;
@@ -254,13 +272,26 @@ TEST_F(KiroTable, FormatLosesNothingUnasked) {
     EXPECT_EQ(Tool("format DXFKIRO_STYLE -o other").status, 1);
     EXPECT_FALSE(fs::exists("other"));
 
-    EXPECT_EQ(Tool("format --force DXFKIRO_STYLE -o -").out.substr(0, 29), "/ File name : DXFKIRO_STYLE\r\n");
+    EXPECT_EQ(Tool("format --drop-errors DXFKIRO_STYLE -o -").out.substr(0, 29), "/ File name : DXFKIRO_STYLE\r\n");
     EXPECT_EQ(Bytes("DXFKIRO_STYLE"), damaged);
-    EXPECT_EQ(Tool("format --force DXFKIRO_STYLE").status, 0);
+    const std::string all = "format --drop-errors --drop-comments --force DXFKIRO_STYLE";
+    for (const char* needed : {" --drop-errors", " --drop-comments", " --force"}) {
+        std::string without = all;
+        const Outcome outcome = Tool(without.erase(without.find(needed), std::strlen(needed)));
+        EXPECT_EQ(outcome.status, 1) << without;
+        EXPECT_TRUE(Has(outcome.error, "よければ"s + needed)) << outcome.error;
+        EXPECT_EQ(Bytes("DXFKIRO_STYLE"), damaged);
+    }
+    EXPECT_TRUE(Has(Tool(all).error, "自分で書いた注釈 1 行は"));
+    EXPECT_EQ(Bytes("DXFKIRO_STYLE.bak"), damaged);
     const std::string formatted = Bytes("DXFKIRO_STYLE");
     EXPECT_TRUE(Has(formatted, "STYLE = A, 2, 0, 1, 0.2, 1.4, 1, 1, 0.95, 0.75\r\n")) << formatted;
     EXPECT_FALSE(Has(formatted, "mine"));
-    EXPECT_EQ(Tool("format DXFKIRO_STYLE").status, 0);
+    EXPECT_EQ(Tool("format --force --no-backup DXFKIRO_STYLE").status, 0);
+    EXPECT_EQ(Bytes("DXFKIRO_STYLE.bak"), damaged);
+    EXPECT_EQ(Tool("new dxfin-style -o DXFKIRO_STYLE --force").status, 0);
+    EXPECT_EQ(Body(Bytes("DXFKIRO_STYLE.bak")), Body(formatted)) << "whoever replaces a file keeps it";
+    Write("DXFKIRO_STYLE", formatted);
     EXPECT_EQ(Body(Bytes("DXFKIRO_STYLE")), Body(formatted));
     EXPECT_EQ(Tool("format . --kind dxfin-style").status, 2);
     // Pitches without a comment are written with an empty one, which is an error to the reader.
@@ -268,7 +299,7 @@ TEST_F(KiroTable, FormatLosesNothingUnasked) {
     EXPECT_EQ(Tool("format KIRODXF_LINE").status, 1);
     // Here the writer only adds something.
     Write("KIRODXF_LINE", "PITCH-P=1,2\nCOMMENT-P=p\n");
-    EXPECT_EQ(Tool("format KIRODXF_LINE").error, "");
+    EXPECT_EQ(Tool("format --force KIRODXF_LINE").error, "");
     Write("DXFKIRO_ARROW", "nothing lost but this\n");
     EXPECT_EQ(Tool("format DXFKIRO_ARROW").status, 1);
 }
@@ -290,9 +321,195 @@ TEST_F(KiroTable, DiffMatchesRowsByName) {
               "+ polyWidths 0-3: polyWidthWeight = 1\n");
     Write("DXFKIRO_LINE.c", "COLOR 7 = 5\nWIDTH 0,2 = 1\nLINE-TYPE B = 2,2\nLINE-TYPE A = 1,1\nLINE-TYPE A = 3,3\n");
     EXPECT_EQ(Tool("diff DXFKIRO_LINE.a DXFKIRO_LINE.c").status, 0);
+    fs::rename("DXFKIRO_LINE.b", "old");
+    for (const char* names : {"DXFKIRO_LINE.a old", "old DXFKIRO_LINE.a"}) EXPECT_EQ(Tool("diff "s + names).status, 1);
+    const Json json = Json::parse(Tool("diff --json DXFKIRO_LINE.a old").out);
+    EXPECT_EQ(json["changes"].size(), 7u);
+    EXPECT_EQ(json["changes"][2], (Json{{"change", "removed"},
+                                        {"section", "lineTypes"},
+                                        {"key", "B"},
+                                        {"values", "lineFont = 2, lineWeight = 2"}}));
     Write("KIRODXF_LINE", "");
     EXPECT_EQ(Tool("diff DXFKIRO_LINE.a KIRODXF_LINE").status, 2);
     EXPECT_EQ(Tool("diff DXFKIRO_LINE.a nothing").status, 2);
+}
+
+TEST_F(KiroTable, CheckSaysWhatIsCutAndRepeated) {
+    const std::string name(60, 'n');
+    Write("KIRODXF_LAYER", "REVISION 1 = " + name + "xxxx\nREVISION 2 = " + name + "xxx\nPICTURE 1 = " + name +
+                               name.substr(30) + "\nPICTURE 01 = A\nPICTURE_OFF 1\nPICTURE_OFF 0\n");
+    Write("DXFKIRO_ARROW", "ARROW A = 1, 0, 5\nARROW B = 1, 0, 5\nARROW A = 2, 0, 5\nARROW A = 3, 0, 5\n");
+    Write("KIRODXF_LINE", "PITCH-A = 1\nCOMMENT-A = " + name + name.substr(20) + "\nPITCH-A = 2\nCOMMENT-A = a\n");
+    EXPECT_EQ(Tool("check KIRODXF_LAYER DXFKIRO_ARROW KIRODXF_LINE").out,
+              "KIRODXF_LAYER:1: 警告: 長すぎる値です。終わりは読まれません\n"
+              "KIRODXF_LAYER:3: 警告: 長すぎる値です。終わりは読まれません\n"
+              "KIRODXF_LAYER:4: 警告: 同じ名前の行です。3 行目にもあります: 1\n"
+              "DXFKIRO_ARROW:3: 警告: 同じ名前の行です。1 行目にもあります: A\n"
+              "DXFKIRO_ARROW:4: 警告: 同じ名前の行です。1 行目にもあります: A\n"
+              "KIRODXF_LINE:3: 警告: 同じ名前の行です。1 行目にもあります: A\n"
+              "KIRODXF_LINE:4: 警告: 同じ名前の行です。2 行目にもあります: A\n"
+              "3 ファイル: エラー 0 件、警告 7 件、読めないファイル 0 件\n");
+}
+
+TEST_F(KiroTable, ThousandsOfFindingsAreCounted) {
+    std::string lines;
+    for (int i = 0; i < 1003; ++i) lines += "x\nLAYER A = 0\n";
+    Write("DXFKIRO_LAYER", lines);
+    const Outcome check = Tool("check DXFKIRO_LAYER");
+    EXPECT_TRUE(Has(check.out,
+                    "DXFKIRO_LAYER:1000: ***** 無効なクラス番号です (1-256) *****\n"
+                    "DXFKIRO_LAYER: ほか 503 件: ***** 無効なクラス番号です (1-256) *****\n"
+                    "DXFKIRO_LAYER: ほか 503 件: ***** 無効なデータです *****\n"
+                    "1 ファイル: エラー 2006 件、"));
+    const Json file = Json::parse(Tool("check --json DXFKIRO_LAYER").out)["files"][0];
+    EXPECT_EQ(file["errors"].size(), 1000u);
+    EXPECT_EQ(file["moreErrors"][1], (Json{{"message", "***** 無効なデータです *****"}, {"count", 503}}));
+}
+
+TEST_F(KiroTable, OtherCharacterSetsAreNamedAndTakenOver) {
+    const std::string utf8 = "/ 壁\nLAYER 表 = 3\nLAYER caf\u00E9 = 4\n", mark = "\xEF\xBB\xBF";
+    std::string utf16 = "\xFF\xFE";
+    for (const char c : "LAYER A = 3\r\n"s) utf16 += {c, '\0'};
+    const std::pair<std::string, std::string> files[] = {
+        {utf8, "utf-8"}, {mark + "LAYER A = 3\n", "utf-8"}, {utf16, "utf-16"}, {utf16.substr(2), "utf-16"}};
+    for (const auto& [bytes, name] : files) {
+        Write("DXFKIRO_LAYER", bytes);
+        for (const std::string command : {"check", "show", "format", "diff DXFKIRO_LAYER"}) {
+            const Outcome outcome = Tool(command + " DXFKIRO_LAYER");
+            EXPECT_EQ(outcome.status, 2) << name;
+            EXPECT_TRUE(Has(outcome.error, "シフト JIS ではなく") && Has(outcome.error, "--from " + name + " を付ける"))
+                << outcome.error;
+        }
+        EXPECT_EQ(Tool("show DXFKIRO_LAYER --from " + name).status, 0);
+    }
+    Write("DXFKIRO_LAYER", utf8);
+    EXPECT_TRUE(Has(Tool("check --from utf-8 DXFKIRO_LAYER").out, "DXFKIRO_LAYER:3: シフト JIS にない文字です"));
+    EXPECT_EQ(Tool("format --from utf-8 DXFKIRO_LAYER -o new").status, 1);
+    EXPECT_EQ(Tool("format --from utf-8 --drop-errors DXFKIRO_LAYER -o new").status, 0);
+    EXPECT_TRUE(Has(Bytes("new"), "LAYER \x95\x5C = 3\r\nLAYER caf\x81\xAC = 4\r\n")) << Bytes("new");
+    Write("list.txt", mark + "LAYER 表 = 3\n");
+    EXPECT_TRUE(Has(Tool("new dxfin-layer list.txt --from utf-8").out, "LAYER \x95\x5C = 3\r\n"));
+    // In code page 932 these are two kana, and in UTF-8 one letter.
+    Write("DXFKIRO_LAYER", "LAYER \xC3\xB1 = 3\n");
+    EXPECT_TRUE(Has(Tool("show DXFKIRO_LAYER").out, "ﾃｱ"));
+    Write("DXFKIRO_LAYER", "LAYER \x95\x5C = 3\n");
+    EXPECT_TRUE(Has(Tool("show --from utf-8 DXFKIRO_LAYER").error, "UTF-8 として正しくありません"));
+}
+
+TEST_F(KiroTable, WildcardsAndTheStandardInput) {
+    for (const char* name : {"DXFKIRO_LAYER.a", "DXFKIRO_LAYER.b", "DXFKIRO_LINE"}) Write(name, "");
+    EXPECT_EQ(Tool("check \"dxfkiro_layer.?\"").out.substr(0, 2), "2 ");
+    EXPECT_EQ(Tool("check \"*_L*\"").out.substr(0, 2), "3 ");
+    EXPECT_EQ(Tool("show \"*_LINE\"").status, 0);
+    EXPECT_TRUE(Has(Tool("show \"*.?\"").error, "*.?: 合うファイルが 2 つ以上あります"));
+    EXPECT_TRUE(Has(Tool("check \"*.c\"").error, "*.c: 合うファイルがありません"));
+#ifndef _WIN32
+    Write("in", "ARROW bad\n");
+    EXPECT_TRUE(Has(Tool("check - --kind dxfin-arrow <in").out, "標準入力:1: *****"));
+    EXPECT_TRUE(Has(Tool("check - --name DXFKIRO_ARROW.x <in").out, "DXFKIRO_ARROW.x:1: *****"));
+    EXPECT_TRUE(Has(Tool("check - <in").error, "--kind か --name"));
+    EXPECT_TRUE(Has(Tool("format - --name DXFKIRO_LINE <DXFKIRO_LINE").out, "LINE-TYPE  CENTER = 3,1\r\n"));
+#endif
+}
+
+// "0 LINE/8 A" as the pairs of a text file, in a section of items.
+std::string Drawing(const std::string& items, const std::string& tables = "", const std::string& version = "AC1015") {
+    std::string all = "0/SECTION/2/HEADER/9/$ACADVER/1/" + version + "/0/ENDSEC/0/SECTION/2/TABLES/" + tables +
+                      "0/ENDSEC/0/SECTION/2/ENTITIES/" + items + "0/ENDSEC/0/EOF/";
+    std::replace(all.begin(), all.end(), '/', '\n');
+    return all;
+}
+
+TEST_F(KiroTable, CoverageHoldsATableAgainstDrawings) {
+    const std::string wall = "\x95\xC7";  // 壁 in code page 932
+    Write("a.dxf", Drawing("0/LINE/8/" + wall + "/0/LINE/8/my wall/0/LINE/8/X/0/LINE/8/X/"));
+    Write("b.dxf", Drawing("0/LINE/8/壁/0/LINE/8/caf\u00E9/", "", "AC1027"));
+    Write("DXFKIRO_LAYER", "LAYER MyWall = 3\n/\nLAYER OTHER = 9\nLAYER " + wall + " = 5\nLAYER none = 6\n");
+    const Outcome text = Tool("coverage DXFKIRO_LAYER \"*.dxf\"");
+    EXPECT_EQ(text.status, 1);
+    EXPECT_EQ(text.out,
+              "DXFKIRO_LAYER  図面 2 枚のレイヤ\n"
+              "\n[割当てのある名前]\n"
+              "         2  壁       layerClass = 5 (4 行目)\n"
+              "         1  my wall  layerClass = 3 (1 行目)\n"
+              "\n[割当てのない名前]\n"
+              "         2  X           OTHER: layerClass = 9 (3 行目)\n"
+              "         1  caf\\U+00E9  OTHER: layerClass = 9 (3 行目)\n"
+              "\n[図面で使われていない割当て]\n"
+              "  none  layerClass = 6 (5 行目)\n"
+              "\n名前 4 件: 割当てあり 2 件、割当てなし 2 件。使われていない割当て 1 件\n");
+    const Json json = Json::parse(Tool("coverage --json DXFKIRO_LAYER a.dxf b.dxf").out);
+    EXPECT_EQ(json["names"][0], (Json{{"name", "X"},
+                                      {"count", 2},
+                                      {"covered", false},
+                                      {"record", {{"layerClassName", "OTHER"}, {"layerClass", 9}, {"line", 3}}}}));
+    EXPECT_EQ(json["notCovered"], 2);
+    EXPECT_EQ(json["unused"][0]["layerClassName"], "none");
+    Write("DXFKIRO_LAYER", "LAYER-SWITCH 1\nLAYER X = 1\nLAYER-REVISION " + wall + " = 7\n");
+    EXPECT_TRUE(Has(Tool("coverage DXFKIRO_LAYER a.dxf").out, "壁  layerRevision = 7 (3 行目)\n"));
+
+    const std::string tables =
+        "0/DIMSTYLE/2/D/342/1/0/BLOCK_RECORD/5/1/2/_Dot/0/BLOCK_RECORD/5/2/2/MINE/0/DIMSTYLE/2/E/342/2/";
+    Write("c.dxf", Drawing("0/TEXT/8/0/6/DASHED/0/DIMENSION/8/0/3/D/0/DIMENSION/8/0/3/E/", tables));
+    Write("DXFKIRO_ARROW", "ARROW _DOT = 12, 0, 300\n");
+    const std::string arrows = Tool("coverage DXFKIRO_ARROW c.dxf").out;
+    EXPECT_TRUE(Has(arrows, "_Dot  arrowMark = 12, ") && Has(arrows, "MINE  OTHER: arrowMark = 1, ")) << arrows;
+    Write("DXFKIRO_STYLE", "");
+    EXPECT_EQ(Tool("coverage DXFKIRO_STYLE c.dxf").status, 0) << "a style that the table has from the start";
+    Write("DXFKIRO_LINE", "LINE-TYPE A = 1,1\n");
+    EXPECT_TRUE(Has(Tool("coverage DXFKIRO_LINE c.dxf").out, "[割当てのない名前]\n         2  CONTINUOUS\n"));
+
+    Write("bad.dxf", Drawing("0/LINE/").substr(0, 50));
+    const Outcome broken = Tool("coverage DXFKIRO_LAYER a.dxf bad.dxf");
+    EXPECT_EQ(broken.status, 2);
+    EXPECT_EQ(broken.out, "");
+    EXPECT_TRUE(Has(broken.error, "bad.dxf: ファイルが途中で終わっています。")) << broken.error;
+    EXPECT_TRUE(Has(Tool("coverage KIRODXF_LAYER a.dxf --kind dxfout-layer --name x").error, "ファイルがありません"));
+    Write("KIRODXF_LAYER", "");
+    EXPECT_TRUE(Has(Tool("coverage KIRODXF_LAYER a.dxf").error, "書込みのテーブルです"));
+}
+
+TEST_F(KiroTable, CollectAddsTheNamesThatATableLacks) {
+    Write("a.dxf", Drawing("0/LINE/8/RARE/0/LINE/8/my wall/0/LINE/8/My Wall/0/LINE/8/MYWALL/0/LINE/8/A=B/0/LINE/8/" +
+                           std::string(69, 'x') + "/0/LINE/8/HAD/6/DASHED/0/LINE/8/HAD/6/DASHDOT/"));
+    const Outcome made = Tool("collect a.dxf -o DXFKIRO_LAYER");
+    EXPECT_EQ(made.status, 1);
+    EXPECT_TRUE(Has(made.error, "A=B: テーブルに書けない文字") && Has(made.error, "x: 長すぎます")) << made.error;
+    const std::string table = Bytes("DXFKIRO_LAYER");
+    EXPECT_TRUE(table.ends_with("LAYER HAD = 1\r\nLAYER mywall = 2\r\nLAYER RARE = 3\r\n/\r\n/ Eof\r\n")) << table;
+    EXPECT_EQ(Tool("check DXFKIRO_LAYER").out, "1 ファイル: エラー 0 件、警告 0 件、読めないファイル 0 件\n");
+    EXPECT_TRUE(Has(Tool("collect a.dxf -o DXFKIRO_LAYER").error, "--force を付けて"));
+    EXPECT_EQ(Tool("collect a.dxf").status, 2);
+
+    // What stands in a table stays as it is.
+    const std::string mine = "/ mine\r\nLAYER-SWITCH 1\r\nLAYER-REVISION HAD = 1\r\nLAYER-REVISION B = 3";
+    Write("DXFKIRO_LAYER", mine);
+    EXPECT_EQ(Tool("collect a.dxf --into DXFKIRO_LAYER").status, 1);
+    EXPECT_EQ(Bytes("DXFKIRO_LAYER"), mine + "\r\nLAYER-REVISION mywall = 2\r\nLAYER-REVISION RARE = 4\r\n");
+    EXPECT_EQ(Bytes("DXFKIRO_LAYER.bak"), mine);
+    Write("DXFKIRO_LINE", "POLWIDTH-SWITCH 0\n\x1a");
+    EXPECT_EQ(Tool("collect a.dxf --into DXFKIRO_LINE").status, 0);
+    EXPECT_EQ(Bytes("DXFKIRO_LINE"),
+              "POLWIDTH-SWITCH 0\r\nLINE-TYPE  CONTINUOUS = 1,1\r\nLINE-TYPE  DASHED = 2,1\r\n"
+              "LINE-TYPE  CENTER = 3,1\r\nLINE-TYPE  PHANTOM = 4,1\r\nLINE-TYPE  DASHDOT = 5,1\r\n");
+    const fs::file_time_type then = fs::last_write_time("DXFKIRO_LINE");
+    EXPECT_TRUE(Has(Tool("collect a.dxf --into DXFKIRO_LINE").out, "線種の名前を 0 件加えました"));
+    EXPECT_EQ(fs::last_write_time("DXFKIRO_LINE"), then);
+    Write("DXFKIRO_LINE", "x\n");
+    EXPECT_EQ(Tool("collect a.dxf --into DXFKIRO_LINE").status, 2);
+    EXPECT_EQ(Bytes("DXFKIRO_LINE"), "x\n");
+
+    Write("b.dxf", Drawing("0/TEXT/7/ROMAN/0/DIMENSION/3/D/", "0/DIMSTYLE/2/D/5/_DOT/", "AC1009"));
+    EXPECT_TRUE(Has(Tool("collect b.dxf --kind dxfin-style -o -").out,
+                    "DIM_2TO1 = OFF\r\nSTYLE = ROMAN, 1.1875, 0, 1, 0.2, 1.4, 1, 1, 0.95, 0.75\r\n/\r\n"));
+    EXPECT_TRUE(Has(Tool("collect b.dxf --kind dxfin-arrow -o -").out, "\r\nARROW _DOT =    2,   0,  300\r\n/\r\n"));
+    std::string many;
+    for (int i = 0; i < 300; ++i) many += "0/LINE/6/T" + std::to_string(i) + "/";
+    Write("b.dxf", Drawing(many));
+    const Outcome full = Tool("collect b.dxf -o DXFKIRO_LINE.full");
+    EXPECT_EQ(full.status, 1);
+    EXPECT_TRUE(Has(full.error, "テーブルに入りきりません") && Has(full.out, "252 件")) << full.out;
+    EXPECT_EQ(Tool("coverage DXFKIRO_LINE.full b.dxf").out.find("252 件、割当てなし 48 件") != std::string::npos, true);
 }
 
 TEST_F(KiroTable, FileNamesInAnyScript) {
@@ -309,10 +526,11 @@ TEST_F(KiroTable, FileNamesInAnyScript) {
 TEST_F(KiroTable, FullDiskLeavesTheOldFile) {
     const std::string old = "LAYER A = 5\n";
     Write("DXFKIRO_LAYER", old);
-    EXPECT_EQ(System("ulimit -f 1; " + tool.string() + " format DXFKIRO_LAYER 2>run.err"), 2);
+    EXPECT_EQ(System("ulimit -f 1; " + tool.string() + " format --force DXFKIRO_LAYER 2>run.err"), 2);
     EXPECT_TRUE(Has(Bytes("run.err"), "書けません")) << Bytes("run.err");
     EXPECT_EQ(Bytes("DXFKIRO_LAYER"), old);
-    EXPECT_EQ(std::distance(fs::directory_iterator("."), fs::directory_iterator()), 2);  // with the messages
+    EXPECT_EQ(std::distance(fs::directory_iterator("."), fs::directory_iterator()),
+              3);  // with the messages and the copy
     EXPECT_EQ(System(tool.string() + " show DXFKIRO_LAYER >/dev/full 2>/dev/null"), 2);
 }
 #endif

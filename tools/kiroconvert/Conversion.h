@@ -1,25 +1,19 @@
 // One drawing after the other: what the program does.
 #pragma once
 
-#include <filesystem>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "convert/ReadDrawing.h"
 #include "convert/WriteDrawing.h"
+#include "tools/cli/Status.h"
 
 namespace kiroconvert {
 
-constexpr int kFine = 0;
-constexpr int kFindings = 1;  // something is not covered
-constexpr int kTrouble = 2;   // wrong words, or a file that cannot be read or written
-
-// The text is for the user.
-class Failure : public std::runtime_error {
-    using std::runtime_error::runtime_error;
-};
+using cli::kFindings;  // something is not covered
+using cli::kFine;
+using cli::kTrouble;
 
 struct Settings {
     convert::ImportSettings import;
@@ -31,16 +25,14 @@ struct Settings {
 };
 
 Settings DefaultSettings();
-void ReadTables(const std::string& folder, Settings& settings);    // throws Failure
-void ReadParameters(const std::string& file, Settings& settings);  // throws Failure
+void ReadTables(const std::string& folder, Settings& settings);    // throws cli::Failure
+void ReadParameters(const std::string& file, Settings& settings);  // throws cli::Failure
 int VersionOf(const std::string& name);                            // 0: there is none of that name
-std::filesystem::path PathOf(const std::string& name);
-std::string NameOf(const std::filesystem::path& path);
 
 struct Job {
     std::string input, output;
 };
-// The names may have wildcards in their last part; output: a file, or the folder for all. Throws Failure.
+// The names may have wildcards in their last part; output: a file, or the folder for all. Throws cli::Failure.
 std::vector<Job> PlanJobs(const std::vector<std::string>& inputs, const std::string& output);
 
 struct Outcome {

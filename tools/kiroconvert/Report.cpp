@@ -2,18 +2,18 @@
 #include <iterator>
 
 #include "Conversion.h"
-#include "tools/kirotable/Console.h"
-#include "tools/kirotable/Json.h"
-#include "tools/kirotable/Text.h"
+#include "tools/cli/Console.h"
+#include "tools/cli/Json.h"
+#include "tools/cli/Text.h"
 
 namespace kiroconvert {
 
 namespace {
 
+using cli::Json;
+using cli::Print;
+using cli::Printable;
 using convert::Fate;
-using kirotable::Json;
-using kirotable::Print;
-using kirotable::Printable;
 
 constexpr struct {
     const char* name;
@@ -74,7 +74,7 @@ Json NotesOf(const convert::Summary& summary) {
 }  // namespace
 
 void PrintOutcome(const Outcome& outcome) {
-    if (!outcome.failure.empty()) return kirotable::PrintError(outcome.job.input + ": " + outcome.failure);
+    if (!outcome.failure.empty()) return cli::PrintError(outcome.job.input + ": " + outcome.failure);
     Print(Printable(outcome.job.input + " -> " + outcome.job.output) + "\n");
     Print("    アイテム " + std::to_string(outcome.read.items) + " 件を読み、" + std::to_string(outcome.written.items) +
           " 件を書きました。ブロック " + std::to_string(outcome.read.blocks) + " 個\n");
@@ -97,7 +97,7 @@ void PrintJsonOf(const std::vector<Outcome>& outcomes) {
         }
         files.push_back(std::move(entry));
     }
-    kirotable::PrintJson({{"files", files}});
+    cli::PrintJson({{"files", files}});
 }
 
 }  // namespace kiroconvert

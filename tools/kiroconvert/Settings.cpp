@@ -4,8 +4,9 @@
 
 #include "Conversion.h"
 #include "tables/FileReplace.h"
-#include "tools/kirotable/Console.h"
-#include "tools/kirotable/Text.h"
+#include "tools/cli/Console.h"
+#include "tools/cli/Files.h"
+#include "tools/cli/Text.h"
 
 namespace kiroconvert {
 
@@ -51,13 +52,13 @@ constexpr const char* kVersionNames[] = {"GX-3", "R13", "R14", "2000", "2004", "
 
 template <class Block, std::size_t N>
 void TakeFields(const json& values, const std::string& where, const Field<Block> (&fields)[N], Block& block) {
-    if (!values.is_object()) throw Failure(where + " は {...} で書いてください");
+    if (!values.is_object()) throw cli::Failure(where + " は {...} で書いてください");
     for (const auto& [name, value] : values.items()) {
         const auto* field = std::find_if(std::begin(fields), std::end(fields),
                                          [&key = name](const Field<Block>& known) { return key == known.name; });
-        if (field == std::end(fields)) throw Failure(where + "." + name + " という項目は使えません");
+        if (field == std::end(fields)) throw cli::Failure(where + "." + name + " という項目は使えません");
         if (!value.is_number_integer() || value < 0 || value > 999999999)
-            throw Failure(where + "." + name + " は 0 以上の整数で書いてください");
+            throw cli::Failure(where + "." + name + " は 0 以上の整数で書いてください");
         block.*(field->member) = value;
     }
 }
@@ -69,17 +70,17 @@ struct SilentSink final : ListingSink {
 // Null when the folder has no such file.
 template <class Table, class Parse>
 std::unique_ptr<Table> ReadTable(const std::string& folder, const char* file, Parse parse) {
-    const std::filesystem::path path = PathOf(folder) / file;
+    const std::filesystem::path path = cli::PathOf(folder) / file;
     std::error_code error;
     if (!std::filesystem::exists(path, error)) return nullptr;
     const auto bytes = ReadWholeFile(path.native());
-    if (!bytes) throw Failure(NameOf(path) + ": 読めません");
+    if (!bytes) throw cli::Failure(cli::NameOf(path) + ": 読めません");
     auto table = std::make_unique<Table>();
     SilentSink sink;
     TableListing listing(sink);
     parse(*bytes, *table, listing, sink);
     if (listing.HasErrors())
-        kirotable::PrintError(NameOf(path) + ": 読めない行があります。kirotable check で調べてください");
+        cli::PrintError(cli::NameOf(path) + ": 読めない行があります。kirotable check で調べてください");
     return table;
 }
 
@@ -93,7 +94,7 @@ int VersionOf(const std::string& name) {
 // Without a table everything is automatic, and nothing is left out.
 Settings DefaultSettings() {
     Settings settings;
-    settings.import.unicode = settings.output.unicode = {kirotable::FromCp932, kirotable::ToCp932};
+    settings.import.unicode = settings.output.unicode = {cli::FromCp932, cli::ToCp932};
     settings.import.params.convertHidden = 1;
     settings.import.params.paperSpaceTarget = 1;
     settings.import.params.convertLayerNames = 1;
@@ -119,7 +120,7 @@ void ReadTables(const std::string& folder, Settings& settings) {
         folder, "KIRODXF_LINE",
         [](auto bytes, auto& table, auto& listing, auto& sink) { ParseDxfOutLineTable(bytes, table, listing, sink); });
     if (!settings.inLayers && !settings.inLines && !settings.outLayers && !settings.outLines)
-        throw Failure(folder + ": 変換テーブルがありません");
+        throw cli::Failure(folder + ": 変換テーブルがありません");
     DxfInParamBlock& import = settings.import.params;
     if (settings.inLayers) import.layerConversion = kTableAndAutomatic, import.colorConversion = kByTable;
     if (settings.inLines) import.lineTypeConversion = kTableAndAutomatic, import.lineWidthConversion = kByTable;
@@ -132,10 +133,11 @@ void ReadTables(const std::string& folder, Settings& settings) {
 }
 
 void ReadParameters(const std::string& file, Settings& settings) {
-    const auto bytes = ReadWholeFile(PathOf(file).native());
-    if (!bytes) throw Failure(file + ": 読めません");
+    const auto bytes = ReadWholeFile(cli::PathOf(file).native());
+    if (!bytes) throw cli::Failure(file + ": 読めません");
     const json values = json::parse(*bytes, nullptr, false);
-    if (!values.is_object()) throw Failure(file + ": 書式が違います。{\"importParams\": {...}} のように書いてください");
+    if (!values.is_object())
+        throw cli::Failure(file + ": 書式が違います。{\"importParams\": {...}} のように書いてください");
     for (const auto& [name, value] : values.items()) {
         if (name == "importParams")
             TakeFields(value, file + ": importParams", kImportFields, settings.import.params);
@@ -144,7 +146,7 @@ void ReadParameters(const std::string& file, Settings& settings) {
         else if (name == "scale" && value.is_number() && value > 1e-6 && value < 1e6)
             settings.import.scale = value;
         else
-            throw Failure(file + ": " + name + " という項目は使えないか、値が違います");
+            throw cli::Failure(file + ": " + name + " という項目は使えないか、値が違います");
     }
 }
 

@@ -1,59 +1,48 @@
 #include <algorithm>
 
 #include "Commands.h"
-#include "Console.h"
-#include "Json.h"
+#include "JsonOutput.h"
 #include "TableFiles.h"
-#include "Text.h"
+#include "tools/cli/Console.h"
 
 namespace kirotable {
+
+using cli::Print;
 
 namespace {
 
 constexpr char kWarning[] = "警告: ";
 
-struct Totals {
-    std::size_t files = 0, errors = 0, warnings = 0, unreadable = 0;
-};
-
-Json ToJson(const std::vector<Finding>& findings) {
-    Json list = Json::array();
-    for (const Finding& finding : findings) {
-        const Json line = finding.line > 0 ? Json(finding.line) : Json();
-        list.push_back({{"line", line}, {"message", finding.message}});
-    }
-    return list;
-}
-
-void PrintFindings(const std::string& file, const Reading& reading) {
-    std::vector<Finding> findings = reading.errors;
-    for (const Finding& warning : reading.warnings) findings.push_back({warning.line, kWarning + warning.message});
+void PrintFindings(const CheckedFile& file) {
+    std::vector<Finding> findings = file.errors.First();
+    for (const Finding& warning : file.warnings.First()) findings.push_back({warning.line, kWarning + warning.message});
     // In the order of the lines; what has none comes last.
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding& a, const Finding& b) { return a.line - 1 < b.line - 1; });
-    for (const Finding& finding : findings) Print(FindingText(file, finding) + "\n");
+    for (const Finding& finding : findings) Print(FindingText(file.file, finding) + "\n");
+    const auto more = [&](const Findings& its, const std::string& before) {
+        for (const auto& [kind, count] : its.More())
+            Print(FindingText(file.file, {0, "ほか " + std::to_string(count) + " 件: " + before + kind}) + "\n");
+    };
+    more(file.errors, "");
+    more(file.warnings, kWarning);
 }
 
-Json CheckFile(const std::string& file, const CommonOptions& options, Totals& totals) {
-    Json entry = {{"file", file}};
-    ++totals.files;
+CheckedFile CheckFile(const std::string& name, const CommonOptions& options) {
+    CheckedFile file;
+    file.file = name;
     try {
-        OpenedTable opened = OpenTable(file, options);
-        Reading& reading = opened.reading;
-        for (const std::string& loss : LossesOf(*opened.kind, *reading.table, options.read))
-            reading.warnings.push_back({0, "書き戻すと変わります: " + loss});
-        if (!options.json) PrintFindings(file, reading);
-        totals.errors += reading.errors.size();
-        totals.warnings += reading.warnings.size();
-        entry["kind"] = opened.kind->name;
-        entry["errors"] = ToJson(reading.errors);
-        entry["warnings"] = ToJson(reading.warnings);
-    } catch (const FileFailure& failure) {
-        ++totals.unreadable;
-        PrintError(failure.what());
-        entry["failure"] = failure.what();
+        OpenedTable opened = OpenTable(name, options);
+        file.file = opened.name;
+        file.kind = opened.kind;
+        for (const std::string& loss : LossesOf(*opened.kind, *opened.reading.table, options.read))
+            opened.reading.warnings.Add(0, "書き戻すと変わります: ", loss);
+        file.errors = std::move(opened.reading.errors);
+        file.warnings = std::move(opened.reading.warnings);
+    } catch (const cli::Failure& failure) {
+        cli::PrintError(file.failure = failure.what());
     }
-    return entry;
+    return file;
 }
 
 std::string Summary(const Totals& totals) {
@@ -65,16 +54,23 @@ std::string Summary(const Totals& totals) {
 
 int Check(const std::vector<std::string>& files, const CommonOptions& options) {
     Totals totals;
-    Json entries = Json::array();
-    for (const std::string& file : files) entries.push_back(CheckFile(file, options, totals));
+    std::vector<CheckedFile> checked;
+    for (const std::string& name : files) {
+        CheckedFile file = CheckFile(name, options);
+        ++totals.files;
+        totals.errors += file.errors.Count();
+        totals.warnings += file.warnings.Count();
+        totals.unreadable += !file.failure.empty();
+        if (options.json)
+            checked.push_back(std::move(file));
+        else
+            PrintFindings(file);
+    }
     if (options.json)
-        PrintJson({{"files", entries},
-                   {"errors", totals.errors},
-                   {"warnings", totals.warnings},
-                   {"unreadable", totals.unreadable}});
+        PrintJson(checked, totals);
     else
         Print(Summary(totals));
-    return totals.unreadable > 0 ? kTrouble : totals.errors > 0 ? kFindings : kFine;
+    return totals.unreadable > 0 ? cli::kTrouble : totals.errors > 0 ? cli::kFindings : cli::kFine;
 }
 
 }  // namespace kirotable

@@ -3,64 +3,71 @@
 #include <ctime>
 
 #include "Comparison.h"
-#include "Console.h"
+#include "JsonOutput.h"
 #include "Reading.h"
 #include "TableFiles.h"
-#include "Text.h"
-#include "tables/FileReplace.h"
-
-namespace fs = std::filesystem;
+#include "tools/cli/Console.h"
 
 namespace kirotable {
 
+using cli::PrintError;
+
 namespace {
 
-constexpr char kStandardOutput[] = "-";
+std::string WrittenText(AnyTable& table, const TableKind& kind, const std::string& output) {
+    return table.Write({PathInHeader(kind, output), MakeDateText(std::time(nullptr))});
+}
 
-// Writes a table to a file or to the standard output; what stands there is the file's business alone.
-void WriteTable(AnyTable& table, const TableKind& kind, const std::string& output) {
-    const bool toFile = output != kStandardOutput;
-    const std::string path = toFile ? ToCp932(FullName(output)) : std::string(kind.file);
-    const std::string text = TextModeLines(table.Write({path, MakeDateText(std::time(nullptr))}));
-    if (!toFile)
-        Print(text);
-    else if (!ReplaceWholeFile(PathOf(output), text))
-        throw FileFailure(output + ": 書けません。前のファイルがあれば、そのまま残っています");
+// Whether nothing would be lost that was not given up.
+bool MayBeWritten(const OpenedTable& opened, const std::string& written, bool inPlace, const CommonOptions& options) {
+    const Reading& reading = opened.reading;
+    for (const Finding& error : reading.errors.First()) PrintError(FindingText(opened.name, error));
+    const auto losses = LossesOf(*opened.kind, *reading.table, options.read);
+    for (const std::string& loss : losses) PrintError(opened.name + ": 書き戻すと変わります: " + loss);
+    const bool damaged = reading.errors.Count() > 0 || !losses.empty();
+    if (damaged && !options.dropErrors)
+        PrintError(opened.name + ": 元のとおりに書き戻せないので書きません。よければ --drop-errors を付けてください");
+    const std::size_t comments = OwnComments(opened.text, written);
+    const bool kept = comments > 0 && inPlace && !options.dropComments;
+    if (comments > 0)
+        PrintError(opened.name + ": 自分で書いた注釈 " + std::to_string(comments) + " 行は、書き直すと残りません" +
+                   (kept ? "。よければ --drop-comments を付けてください" : ""));
+    return !kept && (!damaged || options.dropErrors);
 }
 
 }  // namespace
 
 int Format(const std::string& file, const std::string& output, const CommonOptions& options) {
-    OpenedTable opened = OpenTable(file, options);
-    const Reading& reading = opened.reading;
-    for (const Finding& error : reading.errors) PrintError(FindingText(file, error));
-    const auto losses = LossesOf(*opened.kind, *reading.table, options.read);
-    for (const std::string& loss : losses) PrintError(file + ": 書き戻すと変わります: " + loss);
-    if ((!reading.errors.empty() || !losses.empty()) && !options.force) {
-        PrintError(file + ": 元のとおりに書き戻せないので書きません。よければ --force を付けてください");
-        return kFindings;
-    }
-    WriteTable(*reading.table, *opened.kind, output.empty() ? file : output);
-    return kFine;
+    const OpenedTable opened = OpenTable(file, options);
+    const std::string& target = output.empty() ? file : output;
+    const std::string written = WrittenText(*opened.reading.table, *opened.kind, target);
+    const bool inPlace = target != cli::kStandard && cli::FullName(file) == cli::FullName(target);
+    if (!MayBeWritten(opened, written, inPlace, options)) return cli::kFindings;
+    return SaveTable(written, target, options);
 }
 
-int New(const TableKind& kind, const std::string& output, const CommonOptions& options) {
-    std::error_code error;
-    if (output != kStandardOutput && !options.force && fs::exists(PathOf(output), error)) {
-        PrintError(output + ": すでにあるので書きません。置き換えてよければ --force を付けてください");
-        return kFindings;
+int New(const TableKind& kind, const std::string& file, const std::string& output, const CommonOptions& options) {
+    if (file.empty()) {
+        const Reading empty = ReadTable(kind, {}, options.read);
+        return SaveTable(WrittenText(*empty.table, kind, output), output, options);
     }
-    WriteTable(*ReadTable(kind, {}, options.read).table, kind, output);
-    return kFine;
+    const OpenedTable opened = OpenTable(file, options);
+    const std::string written = WrittenText(*opened.reading.table, kind, output);
+    if (!MayBeWritten(opened, written, false, options)) return cli::kFindings;
+    return SaveTable(written, output, options);
 }
 
 int Diff(const std::string& from, const std::string& to, const CommonOptions& options) {
-    const OpenedTable left = OpenTable(from, options), right = OpenTable(to, options);
-    if (left.kind != right.kind) throw FileFailure(from + " と " + to + " は種類が違います");
-    for (const auto& [file, opened] : {std::pair(&from, &left), std::pair(&to, &right)}) WarnOfErrors(*file, *opened);
+    const TableKind* const kinds[] = {KindOfFile(cli::PathOf(from)), KindOfFile(cli::PathOf(to))};
+    const OpenedTable left = OpenTable(from, options, kinds[1]), right = OpenTable(to, options, kinds[0]);
+    if (left.kind != right.kind) throw cli::Failure(from + " と " + to + " は種類が違います");
+    for (const OpenedTable* opened : {&left, &right}) WarnOfErrors(*opened);
     const auto changes = Compare(left.reading.table->View(), right.reading.table->View());
-    for (const Change& change : changes) Print(TextOf(change) + "\n");
-    return changes.empty() ? kFine : kFindings;
+    if (options.json)
+        PrintJson(*left.kind, from, to, changes);
+    else
+        for (const Change& change : changes) cli::Print(TextOf(change) + "\n");
+    return changes.empty() ? cli::kFine : cli::kFindings;
 }
 
 }  // namespace kirotable

@@ -4,7 +4,7 @@
 #include <deque>
 #include <map>
 
-#include "Text.h"
+#include "tools/cli/Text.h"
 
 namespace kirotable {
 
@@ -84,7 +84,7 @@ std::string TextOf(const Change& change) {
     std::string text = {change.sign, ' '};
     text += change.section;
     text += change.key.empty() ? "" : " " + change.key;
-    return Printable(text + ": " + change.values);
+    return cli::Printable(text + ": " + change.values);
 }
 
 std::string KeyOf(const Section& section, const std::vector<Value>& row) {

@@ -1,13 +1,13 @@
 #include <algorithm>
 
 #include "TableKind.h"
-#include "Text.h"
 #include "dxfout_tables/DxfOutArrowTable.h"
 #include "dxfout_tables/DxfOutLayerTable.h"
 #include "dxfout_tables/DxfOutLineTable.h"
 #include "dxfout_tables/DxfOutStyleTable.h"
 #include "entry/host/kirodxf.h"
 #include "text/SlotText.h"
+#include "tools/cli/Text.h"
 
 namespace kirotable {
 
@@ -15,7 +15,7 @@ namespace {
 
 template <std::size_t N>
 Value Name(const char (&slot)[N]) {
-    return FromCp932(SlotText(slot));
+    return cli::FromCp932(SlotText(slot));
 }
 
 // Number 0 is no layer of its own: it was spread over the others while they were read.

@@ -1,11 +1,11 @@
 #include "TableKind.h"
-#include "Text.h"
 #include "dxfin_tables/DxfInArrowTable.h"
 #include "dxfin_tables/DxfInLayerTable.h"
 #include "dxfin_tables/DxfInLineTable.h"
 #include "dxfin_tables/DxfInStyleTable.h"
 #include "entry/host/kirodxf.h"
 #include "text/SlotText.h"
+#include "tools/cli/Text.h"
 
 namespace kirotable {
 
@@ -13,7 +13,7 @@ namespace {
 
 template <std::size_t N>
 Value Name(const char (&slot)[N]) {
-    return FromCp932(SlotText(slot));
+    return cli::FromCp932(SlotText(slot));
 }
 
 void ParseLayer(std::string_view bytes, const ReadOptions&, DxfInLayerTable& table, TableListing& listing,

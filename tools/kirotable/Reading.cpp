@@ -1,17 +1,23 @@
 #include "Reading.h"
 
 #include <algorithm>
-#include <set>
+#include <unordered_set>
 
 #include "Comparison.h"
-#include "Text.h"
+#include "tables/TableLines.h"
+#include "tools/cli/Text.h"
 
 namespace kirotable {
+
+using cli::FromCp932;
+using cli::Printable;
 
 namespace {
 
 constexpr char kLongLine[] = "長すぎる行です。続きは次の行として読まれます";
 constexpr char kBlankDropped[] = "値の途中の空白は取り除かれます";
+constexpr char kCut[] = "長すぎる値です。終わりは読まれません";
+constexpr char kRepeated[] = "同じ名前の行です。";
 constexpr char kUnknownKeyword[] = "知らないキーワードです (Invalid Key_Word)。この行は読まれません";
 
 std::string_view Trim(std::string_view text) {
@@ -38,6 +44,32 @@ bool HasBlankInside(std::string_view record) {
     return false;
 }
 
+std::string Compact(std::string_view text) {
+    std::string out(text);
+    std::erase_if(out, [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; });
+    return out;
+}
+
+// What a record is called by; "" when it is a switch, of which the last counts.
+std::string RecordKeyOf(std::string_view line) {
+    std::size_t end = std::min(line.find_first_of(" =\t"), line.size());
+    for (const std::string_view start : {"PITCH-", "COMMENT-"})
+        if (line.starts_with(start)) end = start.size();
+    std::string keyword(line.substr(0, end));
+    std::replace(keyword.begin(), keyword.end(), '_', '-');
+    std::string text = Compact(line.substr(end));
+    // The readers take the rest of this keyword for a part of the name.
+    if (keyword == "LAYER-CLASS") keyword = "LAYER", text.insert(0, "CLASS");
+    const bool named = text.starts_with('=');  // "STYLE = name,"
+    if (named) text.erase(0, 1);
+    const std::size_t nameEnd = text.find(named ? ',' : '=');
+    if (nameEnd == text.npos) return "";
+    text.resize(nameEnd);
+    if (text.find_first_not_of("0123456789") == text.npos)
+        text.erase(0, std::min(text.find_first_not_of('0'), text.size()));
+    return RecordKey(keyword, text);
+}
+
 // Turns the listing of a read into findings.
 class FindingSink final : public ListingSink {
   public:
@@ -47,33 +79,42 @@ class FindingSink final : public ListingSink {
     void OnLine(std::string_view line, std::size_t number) override {
         Finish();
         if (number == line_ && number != long_) {
-            Warn(number, kLongLine);
+            reading_.warnings.Add(number, kLongLine);
             long_ = number;
         }
         line_ = number;
         text_ = line;
         good_ = true;
+        cut_ = false;
     }
     void OnError(std::string_view message) override {
         good_ = false;
-        reading_.errors.push_back({line_, Printable(FromCp932(Trim(message)))});
+        reading_.errors.Add(line_, Printable(FromCp932(Trim(message))));
     }
+    void OnCut() override { cut_ = true; }
     void Unknown() {
-        if (good_) Warn(line_, kUnknownKeyword);
+        if (good_) reading_.warnings.Add(line_, kUnknownKeyword);
         good_ = false;
     }
     void Finish() {
-        const bool comment = text_.starts_with('/') || text_.starts_with(' ');
-        if (good_ && !comment && HasBlankInside(text_)) Warn(line_, kBlankDropped);
+        if (!good_ || text_.starts_with('/') || text_.starts_with(' ')) return;
+        if (HasBlankInside(text_)) reading_.warnings.Add(line_, kBlankDropped);
+        // A comment of a line type is taken from the line, not from what is cut.
+        if (cut_ && !text_.starts_with("COMMENT-")) reading_.warnings.Add(line_, kCut);
+        const std::string key = RecordKeyOf(text_);
+        if (key.empty()) return;
+        const auto [first, isNew] = reading_.lines.emplace(key, line_);
+        if (isNew) return;
+        const std::string name = key.substr(key.find(' ') + 1);
+        reading_.warnings.Add(line_, kRepeated,
+                              std::to_string(first->second) + " 行目にもあります: " + Printable(FromCp932(name)));
     }
 
   private:
-    void Warn(std::size_t line, const char* message) { reading_.warnings.push_back({line, message}); }
-
     Reading& reading_;
     std::size_t line_ = 0, long_ = 0;
     std::string text_;
-    bool good_ = false;
+    bool good_ = false, cut_ = false;
 };
 
 class UnknownSink final : public ListingSink {
@@ -85,19 +126,6 @@ class UnknownSink final : public ListingSink {
     FindingSink& findings_;
 };
 
-void WarnOfTwins(const TableView& view, std::vector<Finding>& warnings) {
-    for (const Section& section : view.sections) {
-        std::set<std::string> seen, told;
-        for (const auto& row : section.rows) {
-            const std::string key = KeyOf(section, row);
-            if (section.derived || seen.insert(key).second || !told.insert(key).second) continue;
-            std::string message(section.name);
-            message += " に同じ名前が 2 つ以上あります: ";
-            warnings.push_back({0, message + Printable(key)});
-        }
-    }
-}
-
 std::vector<std::string> RoundTrip(const TableKind& kind, AnyTable& table, const ReadOptions& options) {
     const TableView before = table.View();  // Write may complete the table
     const std::string text = table.Write({});
@@ -105,11 +133,22 @@ std::vector<std::string> RoundTrip(const TableKind& kind, AnyTable& table, const
     std::vector<std::string> losses;
     for (const Change& change : Compare(before, again.table->View()))
         if (change.sign != '+') losses.push_back(TextOf(change));  // what is added harms nobody
-    for (const Finding& error : again.errors) losses.push_back("エラーになる行が書かれます: " + error.message);
+    for (const Finding& error : again.errors.First()) losses.push_back("エラーになる行が書かれます: " + error.message);
     return losses;
 }
 
 }  // namespace
+
+void Findings::Add(std::size_t line, const std::string& kind, const std::string& detail) {
+    if (count_++ < kMost)
+        first_.push_back({line, kind + detail});
+    else
+        ++more_[kind];
+}
+
+std::string RecordKey(std::string_view keyword, std::string_view name) {
+    return std::string(keyword).append(" ").append(name);
+}
 
 Reading ReadTable(const TableKind& kind, std::string_view bytes, const ReadOptions& options) {
     Reading reading;
@@ -119,7 +158,6 @@ Reading ReadTable(const TableKind& kind, std::string_view bytes, const ReadOptio
     TableListing listing(findings);
     reading.table->Read(bytes, options, listing, unknown);
     findings.Finish();
-    WarnOfTwins(reading.table->View(), reading.warnings);
     return reading;
 }
 
@@ -129,6 +167,25 @@ std::vector<std::string> LossesOf(const TableKind& kind, AnyTable& table, const 
     const Reading empty = ReadTable(kind, {}, options);
     for (const std::string& always : RoundTrip(kind, *empty.table, options)) std::erase(losses, always);
     return losses;
+}
+
+std::size_t OwnComments(std::string_view file, std::string_view written) {
+    const auto each = [](std::string_view text, auto take) {
+        text = text.substr(0, text.find(TableLines::kEndMark));
+        while (!text.empty()) {
+            const std::string_view line = text.substr(0, text.find('\n'));
+            text.remove_prefix(std::min(line.size() + 1, text.size()));
+            if (line.starts_with('/') || line.starts_with(' ')) take(Compact(line));
+        }
+    };
+    std::unordered_set<std::string> known = {"/", ""};
+    each(written, [&](std::string line) { known.insert(std::move(line)); });
+    std::size_t count = 0;
+    each(file, [&](const std::string& line) {
+        const bool head = line.starts_with("/Filename:") || line.starts_with("/Date:");
+        count += !head && !known.contains(line);
+    });
+    return count;
 }
 
 }  // namespace kirotable

@@ -1,6 +1,7 @@
 #include "Text.h"
 
 #include <cstdint>
+#include <cstdio>
 #include <optional>
 #include <stdexcept>
 
@@ -10,7 +11,7 @@
 #include <iconv.h>
 #endif
 
-namespace kirotable {
+namespace cli {
 
 namespace {
 
@@ -85,19 +86,6 @@ std::optional<std::string> EncodeCharacter(char32_t character) {
 bool IsLeadByte(unsigned char byte) { return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC); }
 bool IsHalfWidthKana(unsigned char byte) { return byte >= 0xA1 && byte <= 0xDF; }
 
-void AppendUtf8(std::string& out, char32_t character) {
-    const auto tail = [&](int shift) { out += static_cast<char>(0x80 | (character >> shift & 0x3F)); };
-    if (character < 0x80) {
-        out += static_cast<char>(character);
-    } else if (character < 0x800) {
-        out += static_cast<char>(0xC0 | character >> 6), tail(0);
-    } else if (character < 0x10000) {
-        out += static_cast<char>(0xE0 | character >> 12), tail(6), tail(0);
-    } else {
-        out += static_cast<char>(0xF0 | character >> 18), tail(12), tail(6), tail(0);
-    }
-}
-
 // Takes one character from the start of a text that is not empty; U+FFFD for a byte that begins none.
 char32_t TakeUtf8(std::string_view& text) {
     const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
@@ -115,7 +103,35 @@ char32_t TakeUtf8(std::string_view& text) {
     return good ? character : kNoCharacter;
 }
 
+template <class Otherwise>
+std::string Encoded(std::string_view text, Otherwise otherwise) {
+    std::string out;
+    while (!text.empty()) {
+        const char32_t character = TakeUtf8(text);
+        if (character < 0x80)
+            out += static_cast<char>(character);
+        else if (const auto bytes = EncodeCharacter(character))
+            out += *bytes;
+        else
+            out += otherwise(character);
+    }
+    return out;
+}
+
 }  // namespace
+
+void AppendUtf8(std::string& out, char32_t character) {
+    const auto tail = [&](int shift) { out += static_cast<char>(0x80 | (character >> shift & 0x3F)); };
+    if (character < 0x80) {
+        out += static_cast<char>(character);
+    } else if (character < 0x800) {
+        out += static_cast<char>(0xC0 | character >> 6), tail(0);
+    } else if (character < 0x10000) {
+        out += static_cast<char>(0xE0 | character >> 12), tail(6), tail(0);
+    } else {
+        out += static_cast<char>(0xF0 | character >> 18), tail(12), tail(6), tail(0);
+    }
+}
 
 // The units are cut here and not by the system, so that broken text looks the same on every one.
 std::string FromCp932(std::string_view text) {
@@ -139,16 +155,26 @@ std::string FromCp932(std::string_view text) {
 }
 
 std::string ToCp932(std::string_view text) {
-    std::string out;
-    while (!text.empty()) {
-        const char32_t character = TakeUtf8(text);
-        if (character < 0x80)
-            out += static_cast<char>(character);
-        else
-            out += EncodeCharacter(character).value_or(std::string(kGeta));
-    }
-    return out;
+    return Encoded(text, [](char32_t) { return std::string(kGeta); });
 }
+
+std::string ToCp932Escaped(std::string_view text) {
+    return Encoded(text, [](char32_t character) {
+        char escape[16];
+        std::snprintf(escape, sizeof escape, "\\U+%04X", static_cast<unsigned>(character));
+        return std::string(escape);
+    });
+}
+
+bool IsUtf8(std::string_view text) {
+    while (!text.empty()) {
+        const std::string_view rest = text;
+        if (TakeUtf8(text) == kNoCharacter && !rest.starts_with("\xEF\xBF\xBD")) return false;
+    }
+    return true;
+}
+
+bool IsCp932(std::string_view text) { return FromCp932(text).find("\xEF\xBF\xBD") == std::string::npos; }
 
 std::string Printable(std::string_view text) {
     std::string out;
@@ -171,4 +197,4 @@ std::size_t ColumnsOf(std::string_view text) {
     return columns;
 }
 
-}  // namespace kirotable
+}  // namespace cli

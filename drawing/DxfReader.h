@@ -4,13 +4,16 @@
 
 #include <string_view>
 
-#include "entry/host/kirodxf.h"
-#include "hostlayer/kirodxf/BufferedInput.h"
-#include "hostlayer/kirodxf/ValueText.h"
+#include "drawing/BufferedInput.h"
+#include "drawing/ValueText.h"
 
 // What the start of a file tells. start: the first kDxfStartLength bytes, or the whole of a shorter file.
 inline constexpr std::size_t kDxfStartLength = 24;
-DxfInputBlock ExamineDxfStart(std::string_view start);
+struct DxfStart {
+    bool binary = false;
+    bool wideCodes = false;  // of a binary file: its group codes have two bytes
+};
+DxfStart ExamineDxfStart(std::string_view start);
 
 class DxfReader {
   public:

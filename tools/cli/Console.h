@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace kirotable {
+namespace cli {
 
 // The command line's words behind the program's name. UTF-8 on Windows; elsewhere the bytes that were given.
 std::vector<std::string> Arguments(int count, char** words);
@@ -13,7 +13,7 @@ std::vector<std::string> Arguments(int count, char** words);
 // Sets the streams up and gives the console back as it was.
 class Console {
   public:
-    explicit Console(const char* program = "kirotable");  // the program's name
+    explicit Console(const char* program);  // the program's name
     Console(const Console&) = delete;
     Console& operator=(const Console&) = delete;
     ~Console();
@@ -28,4 +28,4 @@ void PrintError(std::string_view text);  // the program's name, ": ", the text m
 // False when not everything that was printed arrived.
 bool FlushOutput();
 
-}  // namespace kirotable
+}  // namespace cli

@@ -1,4 +1,4 @@
-#include "hostlayer/kirodxf/BufferedInput.h"
+#include "drawing/BufferedInput.h"
 
 #include <algorithm>
 #include <cassert>

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "hostlayer/kirodxf/ByteSource.h"
+#include "drawing/ByteSource.h"
 
 // A window of fixed size on a byte source.
 class BufferedInput {

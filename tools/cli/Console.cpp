@@ -14,7 +14,7 @@
 #include <shellapi.h>
 #endif
 
-namespace kirotable {
+namespace cli {
 
 namespace {
 
@@ -46,6 +46,7 @@ std::vector<std::string> Arguments(int, char**) {
 
 Console::Console(const char* program) : codePage_(GetConsoleOutputCP()) {
     programName = program;
+    _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
     if (codePage_) SetConsoleOutputCP(CP_UTF8);
@@ -80,4 +81,4 @@ void PrintError(std::string_view text) {
 
 bool FlushOutput() { return std::fflush(stdout) == 0 && !std::ferror(stdout); }
 
-}  // namespace kirotable
+}  // namespace cli

@@ -4,11 +4,11 @@
 
 #include "Console.h"
 
-namespace kirotable {
+namespace cli {
 
 using Json = nlohmann::ordered_json;
 
 // Names of files may be no UTF-8 on some systems.
 inline void PrintJson(const Json& json) { Print(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n"); }
 
-}  // namespace kirotable
+}  // namespace cli

@@ -4,10 +4,10 @@
 #include <cstddef>
 #include <string_view>
 
-#include "convert/Results.h"
-#include "hostlayer/kirodxf/DxfReader.h"
+#include "drawing/DxfReader.h"
+#include "drawing/Results.h"
 
-namespace convert {
+namespace drawing {
 
 class DrawingPairs {
   public:
@@ -47,4 +47,4 @@ class DrawingPairs {
     Result error_ = kDone;
 };
 
-}  // namespace convert
+}  // namespace drawing

@@ -1,10 +1,10 @@
-#include "convert/DrawingPairs.h"
+#include "drawing/DrawingPairs.h"
 
 #include <algorithm>
 
-#include "hostlayer/kirodxf/GroupCodes.h"
+#include "drawing/GroupCodes.h"
 
-namespace convert {
+namespace drawing {
 
 namespace {
 
@@ -61,4 +61,4 @@ bool DrawingPairs::Fail(Result error) {
     return false;
 }
 
-}  // namespace convert
+}  // namespace drawing

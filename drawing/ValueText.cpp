@@ -1,4 +1,4 @@
-#include "hostlayer/kirodxf/ValueText.h"
+#include "drawing/ValueText.h"
 
 #include <algorithm>
 #include <climits>

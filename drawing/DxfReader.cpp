@@ -1,4 +1,4 @@
-#include "hostlayer/kirodxf/DxfReader.h"
+#include "drawing/DxfReader.h"
 
 #include <algorithm>
 #include <bit>
@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "hostlayer/kirodxf/GroupCodes.h"
+#include "drawing/GroupCodes.h"
 
 static_assert(std::endian::native == std::endian::little, "numbers are taken from the file as they stand");
 
@@ -24,16 +24,16 @@ constexpr int kLargestCode = 1071;
 
 }  // namespace
 
-DxfInputBlock ExamineDxfStart(std::string_view start) {
-    DxfInputBlock block = {0, 0};
-    if (!start.starts_with(kBinaryMark)) return block;
-    block.binary = 1;
-    if (start.size() < kDxfStartLength) return block;
+DxfStart ExamineDxfStart(std::string_view start) {
+    DxfStart form;
+    if (!start.starts_with(kBinaryMark)) return form;
+    form.binary = true;
+    if (start.size() < kDxfStartLength) return form;
     // The first pair is code 0 and "SECTION", or a comment with code 999 (0x03E7). After a one-byte code comes a
     // character or, after kExtendedCode, 0xE7: never what could be the upper byte of a group code.
     const auto second = static_cast<unsigned char>(start[kBinaryMark.size() + 1]);
-    block.wideCodes = second <= (kLargestCode >> 8);
-    return block;
+    form.wideCodes = second <= (kLargestCode >> 8);
+    return form;
 }
 
 bool DxfReader::OpenText(ByteSource& source) {
@@ -64,10 +64,10 @@ bool DxfReader::StartText() {
 }
 
 bool DxfReader::StartBinary() {
-    const DxfInputBlock block = ExamineDxfStart(input_.Peek(kDxfStartLength));
-    if (input_.Failed() || !block.binary) return Stop(), false;
+    const DxfStart form = ExamineDxfStart(input_.Peek(kDxfStartLength));
+    if (input_.Failed() || !form.binary) return Stop(), false;
     input_.Skip(kBinaryMark.size());
-    wideCodes_ = block.wideCodes != 0;
+    wideCodes_ = form.wideCodes;
     kind_ = Kind::kBinary;
     return true;
 }
