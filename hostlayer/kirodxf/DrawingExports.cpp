@@ -12,7 +12,7 @@ int DxfIsModelCheck() { return KiroModelIsChecked(); }
 
 int DxfOutFloppy(bool floppy, const char* path, int drawing, int picture) {
     const int refused = KiroModelWriterError(drawing, picture);
-    const int error = refused ? refused : kDxfOutNotBuilt;
+    const int error = refused ? refused : kDxfNoDwgWriter;
     NoteCall("DxfOutFloppy",
              {HostFlag("floppy", floppy), HostText("path", path), HostInteger("drawing", drawing),
               HostInteger("picture", picture)},
