@@ -30,7 +30,7 @@ struct DialogFigures {
     int leakTimes;     // how often it is opened in search of what it leaves behind
 };
 constexpr DialogFigures kSimple{1.3, 100, 1000};
-constexpr DialogFigures kSlower{1.5, 50, 200};     // many controls, or a file that is read
+constexpr DialogFigures kSlower{1.5, 50, 200};  // many controls, or a file that is read
 // The bare grid draws no row and has no guidance line.
 constexpr DialogFigures kHasGrid{3.5, 30, 200};
 

@@ -1,5 +1,5 @@
-// What a dialog does row by row while it stays usable: the screen shows each result, and the user can stop it between
-// two rows.
+// What a dialog does row by row while it stays usable: the screen shows each result and a bar at the lower edge how far
+// it has come, and the user can stop it between two rows.
 #pragma once
 
 #include <cstddef>
@@ -20,14 +20,18 @@ class ListRun {
     void Start(std::vector<int> rows, std::function<bool(int row)> step, std::function<void()> ended);
     void Stop() { stop_ = true; }
     bool IsRunning() const { return running_; }
+    bool IsStopping() const { return running_ && stop_; }
     std::size_t Done() const { return next_; }  // steps made
     std::size_t Count() const { return rows_.size(); }
 
   private:
+    void ShowBar();
     void Continue();
     void Next();
 
     Dialog& dialog_;
+    int lowerEdge_ = 0;  // of the dialog's template: the host's guidance line comes below
+    HWND bar_ = nullptr;
     std::vector<int> rows_;
     std::function<bool(int)> step_;
     std::function<void()> ended_;
