@@ -35,10 +35,11 @@ constexpr GridColumn kColumns[] = {{"番号", 1.2},
 
 constexpr char kNotRead[] = "…";
 constexpr char kUnreadable[] = "開けません";
-constexpr int kFilesAtOnce = 100;  // that are found before the list is shown
-constexpr int kFilesASlice = 500;  // and at a time afterwards
-constexpr double kSlice = 6;       // milliseconds of reading versions at a time
-constexpr int kMostPairs = 20000;  // a header with all that there is has some two thousand
+constexpr int kFilesAtOnce = 100;                    // that are found before the list is shown
+constexpr int kFilesASlice = 2000;                   // and at a time afterwards
+constexpr std::uint64_t kSmallDrawing = 256 * 1024;  // converted before the user could read its name
+constexpr double kSlice = 6;                         // milliseconds of reading versions at a time
+constexpr int kMostPairs = 20000;                    // a header with all that there is has some two thousand
 
 double Milliseconds() {
     LARGE_INTEGER now{}, frequency{};
@@ -123,6 +124,7 @@ void KrDxfInList::ShowFiles() {
         DrawingRow row;
         row.proposed = namer.Propose(found_[index].name);
         row[kFileColumn] = std::move(found_[index].name);
+        row.size = found_[index].size;
         row[kSizeColumn] = SizeText(found_[index].size);
         row[kVersionColumn] = kNotRead;
         row[kModelColumn] = row.proposed;
@@ -318,7 +320,7 @@ bool KrDxfInList::Step(int row) {
     ShowGuidance(Formatted("%d/%d %s", done, static_cast<int>(run_.Count()), file).c_str());
     ShowResult(row, "変換中", false);
     ListView_EnsureVisible(grid_.List(), row, FALSE);
-    RedrawWindow(Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    run_.Paint(rows_[row].size > kSmallDrawing);
     const std::string reason = Convert(row);
     const std::string files = std::to_string(row + 1) + " : " + file + " -> " + rows_[row].model.name + " : ";
     listing_->Add(files + (reason.empty() ? "変換しました" : reason));

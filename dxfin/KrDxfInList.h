@@ -48,6 +48,7 @@ struct DrawingRow : kiro::ui::GridRow<6> {
     std::string proposed;  // as the model's name
     std::string checked;   // the name whose file this is
     ModelFile model;
+    std::uint64_t size = 0;
     bool versionKnown = false;
 };
 

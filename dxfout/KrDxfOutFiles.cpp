@@ -237,7 +237,7 @@ bool OutFileList::Write(int row) {
     const OutFileRow& file = rows_[row];
     ShowGuidance(Formatted(kind_.working, file.number).c_str());
     ListView_EnsureVisible(grid_.List(), row, FALSE);
-    RedrawWindow(Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    run_.Paint();
     const int code = DxfOutFloppy(info_->mediaKind != 0, file.path.c_str(), kind_.isPage ? file.number : 0,
                                   kind_.isPage ? 0 : file.number);
     Look(row);

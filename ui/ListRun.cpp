@@ -9,7 +9,8 @@ namespace {
 
 constexpr UINT kNextStep = WM_APP + 0x4B;
 constexpr UINT_PTR kTimer = 0x4B;
-constexpr int kBarHeight = 4;  // dialog units; templates have that much room below their last controls
+constexpr ULONGLONG kBetweenPaints = 100;  // milliseconds
+constexpr int kBarHeight = 4;              // dialog units; templates have that much room below their last controls
 
 }  // namespace
 
@@ -56,10 +57,16 @@ void ListRun::ShowBar() {
     SendMessageW(bar_, PBM_SETRANGE32, 0, static_cast<LPARAM>(rows_.size()));
 }
 
-// A posted message comes before what the user does and before painting. When there is any of that, the next step waits
-// behind it: a timer comes last of all.
+void ListRun::Paint(bool isLong) {
+    if (!isLong && GetTickCount64() - painted_ < kBetweenPaints) return;
+    RedrawWindow(dialog_.Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    painted_ = GetTickCount64();
+}
+
+// A posted message comes before what the user does. When there is any of that, the next step waits behind it: a timer
+// comes last of all. So does painting, which would keep short steps waiting longer than they take.
 void ListRun::Continue() {
-    const bool waiting = HIWORD(GetQueueStatus(QS_INPUT | QS_PAINT)) != 0;
+    const bool waiting = HIWORD(GetQueueStatus(QS_INPUT)) != 0;
     if (waiting && SetTimer(dialog_.Handle(), kTimer, USER_TIMER_MINIMUM, nullptr)) return;
     PostMessageW(dialog_.Handle(), kNextStep, 0, 0);
 }
@@ -68,6 +75,7 @@ void ListRun::Next() {
     if (!running_) return;
     if (!stop_ && next_ < rows_.size() && step_(rows_[next_++])) {
         SendMessageW(bar_, PBM_SETPOS, next_, 0);
+        Paint(false);
         return Continue();
     }
     running_ = false;

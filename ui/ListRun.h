@@ -19,6 +19,9 @@ class ListRun {
     // asked for. What a step throws ends the dialog, as in any handler.
     void Start(std::vector<int> rows, std::function<bool(int row)> step, std::function<void()> ended);
     void Stop() { stop_ = true; }
+    // For a step that has said what it is about to do: the screen shows it, though not more often than ten times a
+    // second when the work is short.
+    void Paint(bool isLong = true);
     bool IsRunning() const { return running_; }
     bool IsStopping() const { return running_ && stop_; }
     std::size_t Done() const { return next_; }  // steps made
@@ -36,6 +39,7 @@ class ListRun {
     std::function<bool(int)> step_;
     std::function<void()> ended_;
     std::size_t next_ = 0;
+    ULONGLONG painted_ = 0;  // when, in milliseconds
     bool running_ = false;
     bool stop_ = false;
 };
