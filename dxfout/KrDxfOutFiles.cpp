@@ -203,6 +203,7 @@ void OutFileList::OnOk() {
         return grid_.ShowFault();
     }
     setdxfottblnam(ReadFixedText(info_->layerTableFileName).c_str());
+    setdxfotparam(info_->exportParams);  // null: those before stay
     std::vector<int> rows = MarkedRows();
     if (rows.empty()) return kiro::ui::Tell(Handle(), kind_.noneMarked, caption);
     if (ModelIsFaulty()) {

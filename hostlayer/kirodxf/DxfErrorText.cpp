@@ -52,17 +52,23 @@ constexpr ErrorText kErrorTexts[] = {
     {84, "このバージョンのファイルの書込みには対応していません。"},
 };
 
+const char* TextOf(unsigned code) {
+    const auto* found = std::find_if(std::begin(kErrorTexts), std::end(kErrorTexts),
+                                     [code](const ErrorText& entry) { return entry.code == code; });
+    return found != std::end(kErrorTexts) ? found->text : nullptr;
+}
+
 }  // namespace
+
+const char* KnownDxfErrorText(int number) { return number > 0 ? TextOf(static_cast<unsigned>(number)) : nullptr; }
 
 std::size_t DxfErrorText(int code, char* out, std::size_t size) {
     // Negated as unsigned: the smallest int has no positive counterpart.
     const unsigned magnitude = code < 0 ? 0u - static_cast<unsigned>(code) : static_cast<unsigned>(code);
-    const auto* found = std::find_if(std::begin(kErrorTexts), std::end(kErrorTexts),
-                                     [magnitude](const ErrorText& entry) { return entry.code == magnitude; });
+    const char* const known = TextOf(magnitude);
     const int length =
-        found != std::end(kErrorTexts)
-            ? std::snprintf(out, size, "%s", found->text)
-            : std::snprintf(out, size, "%s%d%s", "変換中にエラーが発生しました。（エラーコード ", code, "）");
+        known ? std::snprintf(out, size, "%s", known)
+              : std::snprintf(out, size, "%s%d%s", "変換中にエラーが発生しました。（エラーコード ", code, "）");
     if (length < 0 || size == 0) return 0;
     return std::min(static_cast<std::size_t>(length), size - 1);
 }

@@ -11,6 +11,7 @@
 #include "hostlayer/kirobc/Guarded.h"
 #include "hostlayer/kirocontrol/CallNote.h"
 #include "hostlayer/kirodlglib/KrFileHandle.h"
+#include "hostlayer/kirodxf/CurrentParams.h"
 #include "hostlayer/kirodxf/ParamDefaults.h"
 
 namespace {
@@ -49,6 +50,13 @@ class KeptParams {
     }
     int Read(Block* params) const {
         return kirobc::Guarded(kFailure, [=, this] { return params && ReadKept(*params) ? kSuccess : kFailure; });
+    }
+
+    // Those of the next conversion: those given last, else the kept ones.
+    Block Current() const {
+        Block params = params_.value_or(Block{});
+        if (!params_) Read(&params);
+        return params;
     }
 
   private:
@@ -117,3 +125,7 @@ int DxfOutWriteParam() {
 void d161907cnsout() { NoteCall("d161907cnsout", {}); }
 
 int DxfOutReadParam(DxfOutParamBlock* params) { return exportParams.Read(params); }
+
+DxfInParamBlock CurrentImportParams() { return importParams.Current(); }
+
+DxfOutParamBlock CurrentExportParams() { return exportParams.Current(); }
