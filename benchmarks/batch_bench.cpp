@@ -31,10 +31,16 @@ constexpr int kFew = 50;
 constexpr int kMany = 5000;
 constexpr int kConverted = 100;
 constexpr int kVersionColumn = 3;
+constexpr double kRowsLimit = 400;
 constexpr double kKeyLimit = 50;  // milliseconds: what a user does not notice
 
 void Require(bool holds, const char* what) {
     if (!holds) throw Failure(what);
+}
+
+double Now() {
+    static const ULONGLONG start = GetTickCount64();
+    return static_cast<double>(GetTickCount64() - start);
 }
 
 std::string SmallDrawing() {
@@ -63,11 +69,14 @@ class Bench {
     // A key, while the versions of 5,000 drawings are read: until it is dealt with and painted.
     bool Keys() {
         std::vector<double> times;
+        double filled = 0;
+        const double start = Now();
         Drive([&] { Open("MANY\\*"); },
               [&] {
                   const HWND dialog = Settle();
                   const Grid grid(dialog, kGrid);
                   Until("the rows are there", [&] { return grid.Rows() == kMany; });
+                  filled = Now() - start;
                   while (grid.Cell(kMany - 1, kVersionColumn) == L"…") {
                       Pause();  // what is read beside the keys comes after all that is posted
                       const int row = grid.Current().row;
@@ -80,8 +89,10 @@ class Bench {
               });
         Require(times.size() > 100, "the list was filled at once");
         std::ranges::sort(times);
+        const bool kept = ReportValue("the rows of 5,000 drawings, without their versions", filled, kRowsLimit, "ms");
         return ReportValue("a key while the list of 5,000 fills in, 99 of 100", times[times.size() * 99 / 100],
-                           kKeyLimit, "ms");
+                           kKeyLimit, "ms") &&
+               kept;
     }
 
     // A whole run against the same conversions without a window.

@@ -168,7 +168,7 @@ Opening ImportList() {
         const wchar_t* name;
         const char* version;  // null: no drawing
     } kDrawings[] = {{L"１階平面図.dxf", "AC1015"}, {L"２階平面図.dxf", "AC1015"}, {L"断面 A-A.dxf", "AC1018"},
-                     {L"詳細図.DXF", "AC1009"},     {L"新しい図面.dxf", "AC1032"}, {L"読んでください.txt", nullptr}};
+                     {L"詳細図.DXF", "AC1009"},     {L"新しい図面.dxf", "AC1032"}, {L"案内.txt", nullptr}};
     wchar_t folder[kKrPathSize];
     KiroHostGetFolder("#DXF:BATCH#", folder, kKrPathSize);
     for (const auto& drawing : kDrawings) {

@@ -29,9 +29,11 @@ ModelFile FileOfModel(KrUtility& utility, const std::string& model) {
     const std::string name = HxEucEncoder::Sjis2Euc(model);
     const int length = mdlfname(name.c_str(), file, sizeof file);
     if (length <= 0 || length >= kKrPathSize) return {};
+    std::string shown = HxEucEncoder::Euc2Sjis(file);
+    if (!utility.CheckFileName(shown.c_str())) return {};  // such as one that the system reserves
     std::string path = HxFile::ToFullPath(kModelKey, file, utility.GetFilnameUL(kModelKey) != 0, true);
     if (path.size() > kLongestPath) path.clear();
-    return {HxEucEncoder::Euc2Sjis(file), std::move(path)};
+    return {std::move(shown), std::move(path)};
 }
 
 std::unordered_set<std::wstring> ModelFiles(KrUtility& utility) {

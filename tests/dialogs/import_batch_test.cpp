@@ -6,6 +6,8 @@
 #include "dxfin/KrDxfInAll.h"
 #include "dxfin/KrDxfInList.h"
 #include "entry/host/FixedText.h"
+#include "entry/host/kirobc.h"
+#include "entry/host/kiromdl.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
 #include "resources/dxfin/KrDxfInAll.ids.h"
 #include "resources/dxfin/KrDxfInList.ids.h"
@@ -90,10 +92,11 @@ using Texts = std::vector<std::wstring>;
 
 }  // namespace
 
-TEST_F(ImportBatch, RefusesPatternsWithoutFilesAndKeepsTheRecord) {
+TEST_F(ImportBatch, GoesFromThePatternToTheModelsAndKeepsTheRecord) {
     Write(L"DXF\\図面.dxf", Drawing());
     Write(L"DXF\\SUB\\内.dxf", Drawing());
-    WriteFixedText(record.info.input.layerTableFileName, "TABLE");
+    WriteTable(L"表", "");
+    WriteFixedText(record.info.input.layerTableFileName, HxEucEncoder::Sjis2Euc("表"));
     const ImportRecord before = record;
     Drive([&] { return DxfInputDlg(&record.info); },
           [&] {
@@ -101,7 +104,7 @@ TEST_F(ImportBatch, RefusesPatternsWithoutFilesAndKeepsTheRecord) {
               Click(import, kBatchButton);
               const HWND dialog = Settle();
               EXPECT_EQ(kCaption, Text(dialog));
-              EXPECT_EQ(L"TABLE", Text(dialog, kBatchTableEdit));
+              EXPECT_EQ(L"表", Text(dialog, kBatchTableEdit));
               const struct {
                   const wchar_t* pattern;
                   const wchar_t* message;
@@ -123,12 +126,21 @@ TEST_F(ImportBatch, RefusesPatternsWithoutFilesAndKeepsTheRecord) {
               Answer(ReadBox(), IDOK);
               Click(dialog, kBatchDiskRadio);
               Click(dialog, kListButton);
-              EXPECT_EQ(L"図面.dxf", Grid(Settle(), kGrid).Cell(0, kFile));
-              Click(Settle(), IDCANCEL);
+              const HWND list = Settle();
+              EXPECT_EQ(L"図面.dxf", Grid(list, kGrid).Cell(0, kFile));
+              Click(list, kMarkAllButton);
+              Click(list, IDOK);
+              Ended(list);
+              Click(list, IDCANCEL);
+              EXPECT_EQ(0u, Guidance(dialog).find(L"1 件中 1 件を変換しました。"));
               Click(dialog, IDCANCEL);
               Click(import, IDCANCEL);
           });
     EXPECT_TRUE(before == record);
+    EXPECT_EQ((std::vector<std::string>{"setdxfinparam", "setdxfintblnam"}), calls);
+    const std::string path = HxFile::ToFullPath("#MODEL#", HxEucEncoder::Sjis2Euc("図面.mdl"), false, false);
+    EXPECT_EQ(0, Mdlread1(path.c_str()));
+    EXPECT_EQ(1, HxPermItemDbGetItemCount(GetActiveModel()->GetPermItemDb(), 1));
 }
 
 TEST_F(ImportBatch, HandsParametersToTheHostAtOnce) {
@@ -159,8 +171,7 @@ TEST_F(ImportBatch, ProposesNamesAndChecksThoseThatAreMarked) {
     std::filesystem::create_directories(home / L"DXF\\folder");
     List("*", [&](HWND dialog, const Grid& grid) {
         EXPECT_EQ((Texts{L"b", L"c", std::wstring(63, L'd'), L"断面_A", L"断面_A_2"}), Cells(grid, kModel));
-        EXPECT_EQ((Texts{L"AC1015(2000)", L"", L"", L"AC1015(2000)", L"AC1015(2000)"}),
-                  Cells(grid, kVersion));
+        EXPECT_EQ((Texts{L"AC1015(2000)", L"", L"", L"AC1015(2000)", L"AC1015(2000)"}), Cells(grid, kVersion));
         EXPECT_EQ(L"0 KB", grid.Cell(2, kSize));
         Click(dialog, IDOK);
         Expect(kCaption, L"変換するファイルが選択されていません。", MB_ICONWARNING, IDOK);
@@ -235,4 +246,114 @@ TEST_F(ImportBatch, GoesThroughTheMarkedDrawingsAndKeepsTheFailedOnesMarked) {
     EXPECT_NE(std::string::npos, list.find("3 : c.dxf -> c.mdl : 変換しました\r\n"));
     EXPECT_TRUE(GetActiveModel()->IsModified());  // the user's own model is back
     EXPECT_EQ("setdxfintblnam", calls.back());
+}
+
+TEST_F(ImportBatch, TellsOfEachDrawingWhyItFailsAndWritesNothingHalf) {
+    const struct {
+        const wchar_t* name;
+        std::string bytes;
+        const wchar_t* result;
+    } kFiles[] = {{L"1.dxf", Drawing(), L"変換しました"},
+                  {L"2.dxf", "", L"DXFファイルではありません。"},
+                  {L"3.dxf", Drawing().substr(0, 150), L"ファイルが途中で終わっています。"},
+                  {L"4.dxf", Drawing(), L"ファイルが見つかりません。"},
+                  {L"5.dxf", Drawing(), L"ファイルは他のプログラムで使用されています。"},
+                  {L"6.dxf", Drawing(), L"同じ名前のモデルファイルがあります。"},
+                  {L"7.dxf", Drawing(), L"同じ名前のモデルファイルがあります。"},
+                  {L"8.dxf", Drawing(), L"変換しました"}};
+    for (const auto& file : kFiles) Write(std::wstring(L"DXF\\") + file.name, file.bytes);
+    std::filesystem::create_directories(Model(L"6x"));
+    List("*", [&](HWND dialog, const Grid& grid) {
+        std::filesystem::remove(home / L"DXF\\4.dxf");
+        const HANDLE locked =
+            CreateFileW((home / L"DXF\\5.dxf").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+        grid.Click(5, kModel);
+        grid.Write(L"6x");
+        Click(dialog, kMarkAllButton);
+        Click(dialog, IDOK);
+        Click(Asked(dialog), kGoOnForAllCheck);
+        Write(L"MODEL\\7.mdl", "made by another program meanwhile");
+        Click(Settle(), IDYES);
+        Ended(dialog);
+        CloseHandle(locked);
+        for (int row = 0; row < 8; ++row)
+            EXPECT_EQ(0u, grid.Cell(row, kResult).find(kFiles[row].result))
+                << row << testing::PrintToString(grid.Cell(row, kResult));
+    });
+    EXPECT_EQ((Texts{L"1.mdl", L"6x.mdl", L"7.mdl", L"8.mdl", L"DXF_Batch.lis"}), Models());
+    EXPECT_EQ(33u, std::filesystem::file_size(Model(L"7")));
+}
+
+TEST_F(ImportBatch, ReplacesModelsOnlyWhenTheUserAgrees) {
+    for (const wchar_t* name : {L"a.dxf", L"b.dxf", L"c.dxf", L"d.dxf"})
+        Write(std::wstring(L"DXF\\") + name, Drawing());
+    for (const wchar_t* name : {L"B.mdl", L"c.mdl"}) Write(std::wstring(L"MODEL\\") + name, "old");
+    const auto protectedModel = Model(L"c");
+    SetFileAttributesW(protectedModel.c_str(), FILE_ATTRIBUTE_READONLY);
+    List("*", [&](HWND dialog, const Grid& grid) {
+        Click(dialog, kMarkAllButton);
+        for (const int answer : {IDNO, IDYES}) {
+            Click(dialog, IDOK);
+            const Box box = ReadBox();
+            EXPECT_EQ(L"同じ名前のモデルファイルが既に存在します。（2 件）\nb.mdl など\n\n上書きしますか。", box.text);
+            EXPECT_EQ(IDNO, box.defaultButton);
+            Answer(box, answer);
+            if (answer == IDYES) break;
+            EXPECT_EQ(L"同じ名前のモデルファイルがあります。 2 : b", Guidance(dialog));
+            EXPECT_EQ((GridPlace{1, kModel}), grid.Current());
+            EXPECT_FALSE(std::filesystem::exists(Model(L"a")));
+        }
+        Click(Asked(dialog), IDYES);
+        Ended(dialog);
+        EXPECT_EQ(L"書き込みが禁止されています。", grid.Cell(2, kResult));
+    });
+    SetFileAttributesW(protectedModel.c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(3u, std::filesystem::file_size(protectedModel));  // as it was
+    EXPECT_NE(3u, std::filesystem::file_size(Model(L"b")));
+}
+
+TEST_F(ImportBatch, EndsBetweenTwoDrawingsWhereverItIsStopped) {
+    for (int i = 0; i < 300; ++i) Write(L"DXF\\" + std::to_wstring(i) + L".dxf", Drawing());
+    Write(L"DXF\\000.dxf", "memo");  // the first of them
+    KiroHostSetModified(true);
+    const struct {
+        const char* what;
+        std::function<void(HWND)> deed;
+        bool starts;
+    } kWays[] = {
+        {"cancel", [](HWND dialog) { Click(dialog, IDCANCEL); }, true},
+        {"quit", [](HWND) { PostThreadMessageW(UiThread(), WM_QUIT, 0, 0); }, true},
+        {"owner", [this](HWND) { PostMessageW(owner, WM_CLOSE, 0, 0); }, true},
+        {"cancel the list", [](HWND dialog) { Click(dialog, IDCANCEL); }, false},
+        {"quit the list", [](HWND) { PostThreadMessageW(UiThread(), WM_QUIT, 0, 0); }, false},
+    };
+    for (const auto& way : kWays) {
+        SCOPED_TRACE(way.what);
+        if (!IsWindow(owner)) owner = nullptr;
+        WriteFixedText(block.pattern, "*");
+        const LibraryResources resources;
+        const auto open = [&] {
+            KrDxfInList list(block);
+            EXPECT_EQ(DrawingSearch::Start::kFound, list.Search());
+            return list.DoModal(owner);
+        };
+        EXPECT_EQ(IDCANCEL, Drive(open, [&] {
+                      const HWND dialog = Settle();
+                      if (!way.starts) return way.deed(dialog);
+                      const Grid grid(dialog, kGrid);
+                      Until("the rows are there", [&] { return grid.Rows() == 301; });
+                      Click(dialog, kMarkAllButton);
+                      Click(dialog, IDOK);
+                      if (IsBox(Settle())) Answer(ReadBox(), IDYES);
+                      Click(Asked(dialog), IDYES);
+                      way.deed(dialog);
+                      if (IsWindow(dialog) && Settle()) {
+                          Ended(dialog);
+                          EXPECT_NE(std::wstring::npos, Guidance(dialog).find(L"（失敗 1 件）（中止、残り "));
+                          Click(dialog, IDCANCEL);
+                      }
+                  }));
+        EXPECT_TRUE(GetActiveModel()->IsModified());
+        for (const std::wstring& name : Models()) EXPECT_TRUE(name.ends_with(L".mdl") || name.ends_with(L".lis"));
+    }
 }
