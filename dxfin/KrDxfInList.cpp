@@ -26,12 +26,12 @@ namespace {
 
 enum Column { kNumberColumn, kFileColumn, kSizeColumn, kVersionColumn, kModelColumn, kResultColumn };
 
-constexpr GridColumn kColumns[] = {{"番号", 1.2},
-                                   {"ファイル名", 3.4},
-                                   {"サイズ", 1.6},
-                                   {"バージョン", 2.3},
-                                   {"モデル名", 3.0, kModelNameLength, "モデル名を入力してください。"},
-                                   {"結果", 3.0}};
+constexpr GridColumn kColumns[] = {{"番号", 1.1},
+                                   {"ファイル名", 3.3},
+                                   {"サイズ", 1.4},
+                                   {"バージョン", 2.1},
+                                   {"モデル名", 2.9, kModelNameLength, "モデル名を入力してください。"},
+                                   {"結果", 3.9}};
 
 constexpr char kNotRead[] = "…";
 constexpr char kUnreadable[] = "開けません";
@@ -76,6 +76,7 @@ KrDxfInList::KrDxfInList(const DxfInListInfo& info)
     grid_.CheckRowsWith([this](const RowCheck& check) { CheckRow(check); },
                         [this] { FindModelFiles(), FindSameNames(); });
     grid_.OnMarked([this] { ShowCount(); });
+    grid_.OnCellMoved([this](int row, int) { TellResult(row); });
     Bind(kMarkAllButton, BN_CLICKED, [this] { MarkAll(true); });
     Bind(kMarkNoneButton, BN_CLICKED, [this] { MarkAll(false); });
     On(kNamesFromFilesButton, BN_CLICKED, &KrDxfInList::NameFromFiles);
@@ -352,6 +353,11 @@ void KrDxfInList::ShowResult(int row, const std::string& result, bool failed) {
     ListView_RedrawItems(grid_.List(), row, row);
 }
 
+// Its column may be too narrow for a reason.
+void KrDxfInList::TellResult(int row) {
+    if (row >= 0 && !run_.IsRunning()) ShowGuidance(rows_[row][kResultColumn].c_str());
+}
+
 bool KrDxfInList::GoesOnAfter(int row, const std::string& reason) {
     if (!asks_ || run_.Done() == run_.Count()) return true;
     KrDxfInGoOn question(kind_.caption, rows_[row][kFileColumn] + "\n" + reason);
@@ -374,7 +380,7 @@ void KrDxfInList::Ended() {
     ShowCount();
     const std::vector<int> left = MarkedRows();
     if (!left.empty()) grid_.GoTo(left.front(), kResultColumn);
-    SetFocus(grid_.List());
+    FocusTo(kGrid);
     ShowGuidance(summary_.c_str());
     filling_.Start();
 }

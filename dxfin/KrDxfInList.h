@@ -92,6 +92,7 @@ class KrDxfInList final : public kiro::ui::HostDialog {
     std::string Convert(int row);
     bool GoesOnAfter(int row, const std::string& reason);
     void ShowResult(int row, const std::string& result, bool failed);
+    void TellResult(int row);
     void Ended();
     void EnableControls(bool on) const;
     std::string DrawingPath(int row) const;  // internal form; "" when it cannot be formed
