@@ -64,7 +64,10 @@ void KrDxfInAll::OpenList() {
     block.importParams = &params_;
     if (!ReadPattern(block) || !ReadTable(block)) return;
     KrDxfInList list(block);
-    switch (list.Search()) {
+    const HCURSOR previous = SetCursor(LoadCursorW(nullptr, IDC_WAIT));  // a folder on a slow share takes its time
+    const DrawingSearch::Start found = list.Search();
+    SetCursor(previous);
+    switch (found) {
         case DrawingSearch::Start::kNone:
             Refuse("該当するファイルがありません。");
             return;

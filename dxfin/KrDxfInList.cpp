@@ -256,25 +256,29 @@ bool KrDxfInList::CheckNames() {
     grid_.Changed();  // the marks may be other ones
     if (grid_.Check(kiro::ui::Grid::Extent::kAll)) return true;
     kiro::ui::Tell(Handle(), "設定内容に誤りがあります。", kind_.caption, Icon::kError);
-    GoToName(grid_.Faults().front().row);
+    grid_.GoTo(grid_.Faults().front().row, kModelColumn);
     grid_.ShowFault();
     return false;
 }
 
-void KrDxfInList::GoToName(int row) { grid_.GoTo(row, kModelColumn); }
-
 // Asked once for all of them.
 bool KrDxfInList::AgreesToReplace(const std::vector<int>& rows) {
     const auto files = ModelFiles(Utility());
-    const auto exists = [&](int row) { return files.contains(FoldedName(rows_[row].model.name)); };
-    const auto count = static_cast<int>(std::count_if(rows.begin(), rows.end(), exists));
-    mayReplace_ = count > 0;
-    if (count == 0) return true;
-    const int first = *std::find_if(rows.begin(), rows.end(), exists);
-    const std::string text = "同じ名前のモデルファイルが既に存在します。（" + std::to_string(count) + " 件）\n" +
-                             rows_[first].model.name + (count > 1 ? " など" : "") + "\n\n上書きしますか。";
+    std::vector<int> existing;
+    replaced_.clear();
+    for (const int row : rows) {
+        std::wstring file = FoldedName(rows_[row].model.name);
+        if (!files.contains(file)) continue;
+        existing.push_back(row);
+        replaced_.insert(std::move(file));
+    }
+    if (existing.empty()) return true;
+    const int first = existing.front();
+    const std::string text = "同じ名前のモデルファイルが既に存在します。（" + std::to_string(existing.size()) +
+                             " 件）\n" + rows_[first].model.name + (existing.size() > 1 ? " など" : "") +
+                             "\n\n上書きしますか。";
     if (kiro::ui::Ask(Handle(), text, kind_.caption, Icon::kWarning, kiro::ui::Default::kNo)) return true;
-    GoToName(first);
+    grid_.GoTo(first, kModelColumn);
     grid_.Control().ErrorText(
         Formatted("同じ名前のモデルファイルがあります。 %d : %s", first + 1, rows_[first][kModelColumn]).c_str());
     return false;
@@ -340,11 +344,11 @@ bool KrDxfInList::Step(int row) {
 std::string KrDxfInList::Convert(int row) {
     const std::string drawing = DrawingPath(row);
     if (drawing.empty()) return "ファイル名が長すぎます。";
-    const DrawingRow& made = rows_[row];
+    const ModelFile& model = rows_[row].model;
     // Another program may have made it since the user was asked.
-    if (!mayReplace_ && Utility().Access(kModelKey, (made.model.name).c_str()) == 0)
+    if (!replaced_.contains(FoldedName(model.name)) && Utility().Access(kModelKey, model.name.c_str()) == 0)
         return "同じ名前のモデルファイルがあります。";
-    return ConvertDrawing(drawing, made.model.path);
+    return ConvertDrawing(drawing, model.path);
 }
 
 void KrDxfInList::ShowResult(int row, const std::string& result, bool failed) {

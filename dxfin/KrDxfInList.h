@@ -82,7 +82,6 @@ class KrDxfInList final : public kiro::ui::HostDialog {
     void CheckRow(const kiro::ui::RowCheck& check) const;
     bool CheckNames();
     bool AgreesToReplace(const std::vector<int>& rows);
-    void GoToName(int row);
     bool IsMarked(int row) const { return grid_.Control().GetSelectFlag(row) != 0; }
     std::vector<int> MarkedRows() const;
 
@@ -115,8 +114,8 @@ class KrDxfInList final : public kiro::ui::HostDialog {
 
     std::optional<ModelAside> aside_;  // during a run, as the following
     std::optional<BatchListing> listing_;
-    bool mayReplace_ = false;
-    bool asks_ = true;  // after a failure
+    std::unordered_set<std::wstring> replaced_;  // files that may be replaced, by their folded names
+    bool asks_ = true;                           // after a failure
     int converted_ = 0;
     int failed_ = 0;
     std::string summary_;

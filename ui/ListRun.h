@@ -23,7 +23,6 @@ class ListRun {
     // second when the work is short.
     void Paint(bool isLong = true);
     bool IsRunning() const { return running_; }
-    bool IsStopping() const { return running_ && stop_; }
     std::size_t Done() const { return next_; }  // steps made
     std::size_t Count() const { return rows_.size(); }
 

@@ -167,17 +167,19 @@ TEST_F(ImportBatch, ProposesNamesAndChecksThoseThatAreMarked) {
     for (const wchar_t* name : {L"断面 A.dxf", L"断面 A.dwg", L"b.dxf"})
         Write(std::wstring(L"DXF\\") + name, Drawing());
     Write(L"DXF\\c.dxf", "memo");
-    Write(L"DXF\\d" + std::wstring(90, L'd') + L".dxf", "");
+    Write(L"DXF\\" + std::wstring(250, L'd') + L".dxf", Drawing("AC1009"));  // its path is longer than 256 bytes
+    Write(L"DXF\\e.dxf", "");
     std::filesystem::create_directories(home / L"DXF\\folder");
     List("*", [&](HWND dialog, const Grid& grid) {
-        EXPECT_EQ((Texts{L"b", L"c", std::wstring(63, L'd'), L"断面_A", L"断面_A_2"}), Cells(grid, kModel));
-        EXPECT_EQ((Texts{L"AC1015(2000)", L"", L"", L"AC1015(2000)", L"AC1015(2000)"}), Cells(grid, kVersion));
-        EXPECT_EQ(L"0 KB", grid.Cell(2, kSize));
+        EXPECT_EQ((Texts{L"b", L"c", std::wstring(63, L'd'), L"e", L"断面_A", L"断面_A_2"}), Cells(grid, kModel));
+        EXPECT_EQ((Texts{L"AC1015(2000)", L"", L"AC1009(GX-5)", L"", L"AC1015(2000)", L"AC1015(2000)"}),
+                  Cells(grid, kVersion));
+        EXPECT_EQ(L"0 KB", grid.Cell(3, kSize));
         Click(dialog, IDOK);
         Expect(kCaption, L"変換するファイルが選択されていません。", MB_ICONWARNING, IDOK);
         Click(dialog, kMarkAllButton);
         grid.Click(1, 0);  // not "c", whatever its name
-        EXPECT_EQ(L"5 件のうち 4 件を選択しています。", Text(dialog, kDrawingCount));
+        EXPECT_EQ(L"6 件のうち 5 件を選択しています。", Text(dialog, kDrawingCount));
         grid.Click(1, kModel);
         grid.Write(L"?");
         const struct {
@@ -187,8 +189,8 @@ TEST_F(ImportBatch, ProposesNamesAndChecksThoseThatAreMarked) {
         } kNames[] = {
             {0, L"", L"モデル名が入力されていません。 1"},
             {0, L"a b", L"モデル名に無効な文字が入力されています。 1 : a b"},
-            {3, L"B", L"モデル名が重複しています。 1 - 4"},
-            {4, L"CON", L"無効なモデル名です。 5 : CON"},
+            {4, L"B", L"モデル名が重複しています。 1 - 5"},
+            {5, L"CON", L"無効なモデル名です。 6 : CON"},
         };
         for (const auto& [row, name, message] : kNames) {
             const std::wstring before = grid.Cell(row, kModel);
@@ -263,6 +265,7 @@ TEST_F(ImportBatch, TellsOfEachDrawingWhyItFailsAndWritesNothingHalf) {
                   {L"8.dxf", Drawing(), L"変換しました"}};
     for (const auto& file : kFiles) Write(std::wstring(L"DXF\\") + file.name, file.bytes);
     std::filesystem::create_directories(Model(L"6x"));
+    Write(L"MODEL\\8.mdl", "to be replaced");
     List("*", [&](HWND dialog, const Grid& grid) {
         std::filesystem::remove(home / L"DXF\\4.dxf");
         const HANDLE locked =
@@ -271,6 +274,7 @@ TEST_F(ImportBatch, TellsOfEachDrawingWhyItFailsAndWritesNothingHalf) {
         grid.Write(L"6x");
         Click(dialog, kMarkAllButton);
         Click(dialog, IDOK);
+        Answer(ReadBox(), IDYES);
         Click(Asked(dialog), kGoOnForAllCheck);
         Write(L"MODEL\\7.mdl", "made by another program meanwhile");
         Click(Settle(), IDYES);
@@ -356,4 +360,18 @@ TEST_F(ImportBatch, EndsBetweenTwoDrawingsWhereverItIsStopped) {
         EXPECT_TRUE(GetActiveModel()->IsModified());
         for (const std::wstring& name : Models()) EXPECT_TRUE(name.ends_with(L".mdl") || name.ends_with(L".lis"));
     }
+}
+
+TEST_F(ImportBatch, ListsDwgFilesToo) {
+    Write(L"DWG\\1.dwg", "AC1027" + std::string(100, ' '));
+    block.inputIsDwg = 1;
+    List("*", [&](HWND dialog, const Grid& grid) {
+        EXPECT_EQ(L"ＤＷＧ読込み一括変換", Text(dialog));
+        EXPECT_EQ(L"AC1027(2013)", grid.Cell(0, kVersion));
+        Click(dialog, kMarkAllButton);
+        Click(dialog, IDOK);
+        Ended(dialog);  // the host reads none
+        EXPECT_EQ(L"1 件のうち 1 件を選択しています。", Text(dialog, kDrawingCount));
+        EXPECT_NE(L"", grid.Cell(0, kResult));
+    });
 }
