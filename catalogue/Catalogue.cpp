@@ -24,7 +24,6 @@
 #include "dxfout_tables/KrDxfOutTbl_Line.h"
 #include "dxfout_tables/KrDxfOutTbl_PLayer.h"
 #include "dxfout_tables/KrDxfOutTbl_TFont2.h"
-#include "entry/CommandFrame.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
 #include "model/KrDxfWarning1.h"
@@ -35,6 +34,7 @@
 #include "resources/dxfin/KrDxfInAttr.ids.h"
 #include "resources/dxfin/KrDxfInAttrHelp.ids.h"
 #include "resources/dxfin/KrDxfInHelp.ids.h"
+#include "resources/dxfin/KrDxfInList.ids.h"
 #include "resources/dxfin/KrDxfInParam.ids.h"
 #include "resources/dxfin_tables/KrDxfInTable.ids.h"
 #include "resources/dxfin_tables/KrDxfInTbl_Arrow.ids.h"
@@ -114,7 +114,9 @@ const CatalogueDialog kDialogs[] = {
     {"import-dxf", kDxfInDialog, [] { return ImportCommand(false); }},
     {"import-dwg", kDxfInDialog, [] { return ImportCommand(true); }},
     {"import-parameters", kDxfInParamDialog, ImportParameters, kSlower},
-    {"import-batch", kDxfInAllDialog, Plain<CommandFrame, kDxfInAllDialog>},
+    {"import-batch", kDxfInAllDialog, ImportBatch},
+    {"import-list", kDxfInListDialog, ImportList, kHasGrid},
+    {"import-go-on", kDxfInGoOnDialog, ImportGoOn},
     {"import-attributes", kDxfInAttrDialog, ImportAttributes, kSlower},
     {"password", kDxfPassDialog, PasswordCommand},
     // The export.

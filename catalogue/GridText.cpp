@@ -23,6 +23,7 @@ class GridWriter {
     }
 
     std::string Write() {
+        Until("what is read beside the user is there", [&] { return !IsBeingRead(); });
         std::string text = "grid " + std::to_string(GetDlgCtrlID(grid_.List())) + ", " + std::to_string(grid_.Rows()) +
                            " rows, current cell " + Place(grid_.Current()) + Style() + "\n";
         for (int row : SomeRows()) text += "  row " + Row(row);
@@ -39,6 +40,13 @@ class GridWriter {
         const LRESULT style = Send(grid_.List(), LVM_GETEXTENDEDLISTVIEWSTYLE);
         return std::string(style & LVS_EX_FULLROWSELECT ? ", rows selected whole" : "") +
                (style & LVS_EX_GRIDLINES ? ", lines between cells" : "");
+    }
+    // A cell whose text is still to come shows dots.
+    bool IsBeingRead() const {
+        for (const int row : SomeRows())
+            for (int column = 0; column < columns_; ++column)
+                if (grid_.Cell(row, column) == L"…") return true;
+        return false;
     }
     std::vector<int> SomeRows() const {
         std::vector<int> rows;

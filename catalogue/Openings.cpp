@@ -1,8 +1,13 @@
 #include "catalogue/Openings.h"
 
 #include <array>
+#include <filesystem>
+#include <fstream>
 
+#include "dxfin/KrDxfInAll.h"
 #include "dxfin/KrDxfInAttr.h"
+#include "dxfin/KrDxfInGoOn.h"
+#include "dxfin/KrDxfInList.h"
 #include "dxfin/KrDxfInParam.h"
 #include "dxfin_tables/KrDxfInTbl_IO.h"
 #include "dxfin_tables/KrDxfInTbl_Layer.h"
@@ -20,6 +25,7 @@
 #include "entry/host/FixedText.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirovanteo.h"
+#include "hostlayer/include/KiroHost.h"
 #include "model/KrDxfLayerName.h"
 #include "model/KrDxfLineType.h"
 #include "model/KrDxfLineWidth.h"
@@ -147,6 +153,50 @@ Opening ImportParameters() {
     data->params.angleDigits = 3;
     return {[data] { return RunDialog([&] { return KrDxfInParam(data->info.input, data->params); }); },
             {BytesOf(*data)}};
+}
+
+// "変換パラメータ" and "属性変換" write their block when they are confirmed.
+Opening ImportBatch() {
+    const auto data = DemoImport(false);
+    WriteFixedText(data->info.input.layerTableFileName, kLayerFile);
+    return {[data] { return RunDialog([&] { return KrDxfInAll(data->info.input, data->params); }); },
+            {BytesOf(data->info)}};
+}
+
+Opening ImportList() {
+    constexpr struct {
+        const wchar_t* name;
+        const char* version;  // null: no drawing
+    } kDrawings[] = {{L"１階平面図.dxf", "AC1015"}, {L"２階平面図.dxf", "AC1015"}, {L"断面 A-A.dxf", "AC1018"},
+                     {L"詳細図.DXF", "AC1009"},     {L"新しい図面.dxf", "AC1032"}, {L"案内.txt", nullptr}};
+    wchar_t folder[kKrPathSize];
+    KiroHostGetFolder("#DXF:BATCH#", folder, kKrPathSize);
+    for (const auto& drawing : kDrawings) {
+        std::ofstream out(std::filesystem::path(folder) / drawing.name, std::ios::binary);
+        out << (drawing.version ? std::string("  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\n") + drawing.version +
+                                      "\n  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n0\n 10\n0.0\n 20\n"
+                                      "0.0\n 11\n9.0\n 21\n9.0\n  0\nENDSEC\n  0\nEOF\n"
+                                : "memo\n");
+    }
+    const auto data = DemoImport(false);
+    const auto list = std::make_shared<DxfInListInfo>();
+    WriteFixedText(list->pattern, "BATCH\\*");
+    list->importParams = &data->params;
+    return {[data, list] {
+                const LibraryContext context;
+                KrDxfInList dialog(*list);
+                dialog.Search();
+                return dialog.DoModal(Grgetwin(-1));
+            },
+            {BytesOf(*data), BytesOf(*list)}};
+}
+
+Opening ImportGoOn() {
+    return {[] {
+                return RunDialog(
+                    [] { return KrDxfInGoOn(BatchKindOf(false).caption, "図面.dxf\nDXFファイルではありません。"); });
+            },
+            {}};
 }
 
 Opening ImportAttributes() {

@@ -147,6 +147,9 @@ Opening ExportLineWidths();
 
 Opening LayerHub();
 Opening ImportParameters();
+Opening ImportBatch();
+Opening ImportList();
+Opening ImportGoOn();
 Opening ImportAttributes();
 Opening ExportAttributes();
 Opening ExportTextFonts();

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <deque>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -93,7 +92,8 @@ struct ModelContent {
     std::vector<Layer> layers;  // 0: "0"
     std::vector<LineType> lineTypes;
     std::vector<Entry> styles, dimensionStyles, applications;
-    std::map<int, double> pictures;  // those that are used, with their scales
+    double pictures[kNumbers] = {};  // the scales of those that are used; 0: it is not
+    int modelPicture = 0;            // the one with the model space of the drawing read last
     std::vector<Layout> layouts;     // numbered from 1
 
     bool layersAreRevisions = false;

@@ -362,6 +362,7 @@ void Reader::PlacePictures() {
         item.picture = static_cast<std::int16_t>(item.paper ? paper : model);
     }
     content_.pictures[model] = settings_.scale;
+    content_.modelPicture = model;
     if (layout) content_.layouts.push_back({own ? std::vector<int>{model} : std::vector<int>{paper, model}});
     if (layout && !own) content_.pictures[paper] = 1.0;
     summary_.blocks = content_.blocks.size();

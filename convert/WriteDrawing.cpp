@@ -80,7 +80,7 @@ class Writer {
 
 Result Writer::Write() {
     if (const Result error = Check()) return error;
-    if (!content_.pictures.empty()) modelPicture_ = content_.pictures.rbegin()->first;
+    modelPicture_ = content_.modelPicture;
     for (const Block& block : content_.blocks) {
         mapping_.LayerOf(block.attributes, modelPicture_);
         if (!IsSpace(block.name)) blockNames_.insert(Folded(block.name, content_.encoding));
@@ -111,7 +111,8 @@ Result Writer::Check() {
     if (version_ < kFirstVersion || version_ > kLastVersion) return kVersionNotWritten;
     if (target_.layout > 0)
         return static_cast<std::size_t>(target_.layout) <= content_.layouts.size() ? kDone : kNoLayout;
-    return content_.pictures.contains(target_.picture) ? kDone : kNoPicture;
+    return target_.picture > 0 && target_.picture < kNumbers && content_.pictures[target_.picture] > 0 ? kDone
+                                                                                                       : kNoPicture;
 }
 
 bool Writer::IsChosen(const Item& item) const {

@@ -41,7 +41,7 @@ constexpr char kUnknownLabel[] = "(不明)";
 // The host's reader, open for one file.
 class DxfPairs {
   public:
-    explicit DxfPairs(const std::string& path) {
+    DxfPairs(const std::string& path, int most) : left_(most) {
         *DxfKiroInp() = DxfInputBlock{};
         if (DxfCheckBinary(path.c_str()) != 0) return;
         binary_ = DxfGetBinary() != 0;
@@ -56,7 +56,8 @@ class DxfPairs {
     // The next pair whose code is 0 to 9; false at the end or when the file breaks off.
     bool Next(int* code, std::string* value) {
         do {
-            if (!ReadPair(code)) return false;
+            if (left_ == 0 || !ReadPair(code)) return false;
+            if (left_ > 0) --left_;
         } while (*code < 0 || *code > kVariableCode);
         char text[kValueSize];
         DxfGetText(text, kValueSize);
@@ -75,6 +76,7 @@ class DxfPairs {
         return dxfinread() == 0;
     }
 
+    int left_;  // pairs to be read; negative: all
     bool binary_ = false;
     bool open_ = false;
 };
@@ -105,8 +107,8 @@ std::optional<std::string> ScanHeader(DxfPairs& pairs) {
 
 }  // namespace
 
-DrawingVersion ReadDxfVersion(const std::string& path) {
-    DxfPairs pairs(path);
+DrawingVersion ReadDxfVersion(const std::string& path, int mostPairs) {
+    DxfPairs pairs(path, mostPairs);
     if (!pairs.IsOpen()) return {};
     return {true, ScanHeader(pairs)};
 }
@@ -123,10 +125,13 @@ DrawingVersion ReadDwgVersion(const std::string& path) {
 
 std::string EmptyVersionLine() { return kVersionCaption; }
 
-std::string VersionLine(const DrawingVersion& version) {
-    if (!version.opened) return "ファイルが見つかりません";
-    if (!version.code) return EmptyVersionLine();
+std::string VersionText(const DrawingVersion& version) {
+    if (!version.code) return {};
     const auto label = std::find_if(std::begin(kLabels), std::end(kLabels),
                                     [&](const VersionLabel& candidate) { return candidate.code == *version.code; });
-    return kVersionCaption + *version.code + (label == std::end(kLabels) ? kUnknownLabel : label->label);
+    return *version.code + (label == std::end(kLabels) ? kUnknownLabel : label->label);
+}
+
+std::string VersionLine(const DrawingVersion& version) {
+    return version.opened ? kVersionCaption + VersionText(version) : "ファイルが見つかりません";
 }

@@ -9,10 +9,14 @@ struct DrawingVersion {
     std::optional<std::string> code;  // such as "AC1015"; none when the file has none where one is looked for
 };
 
-// path: internal form.
-DrawingVersion ReadDxfVersion(const std::string& path);
+constexpr int kWholeFile = -1;
+
+// path: internal form. mostPairs: a file that has no version among its first pairs counts as having none.
+DrawingVersion ReadDxfVersion(const std::string& path, int mostPairs = kWholeFile);
 DrawingVersion ReadDwgVersion(const std::string& path);
 
+// The code with its label; "" when there is none.
+std::string VersionText(const DrawingVersion& version);
 // The line that tells the version: the code with its label, or that there is no such file.
 std::string VersionLine(const DrawingVersion& version);
 // The line while no file is chosen.

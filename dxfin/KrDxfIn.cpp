@@ -3,16 +3,15 @@
 #include <cstdlib>
 
 #include "dxfin/DrawingVersion.h"
+#include "dxfin/KrDxfInAll.h"
 #include "dxfin/KrDxfInAttr.h"
 #include "dxfin/KrDxfInParam.h"
-#include "entry/CommandFrame.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirocontrol.h"
 #include "entry/host/kirodxf.h"
 #include "entry/host/kiromdl.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
-#include "resources/dxfin/KrDxfInAll.ids.h"
 #include "resources/recent.ids.h"
 #include "ui/MessageBoxes.h"
 #include "ui/WaitCursor.h"
@@ -209,8 +208,7 @@ void KrDxfIn::OpenParameters() { KrDxfInParam(info_, Params()).DoModal(Handle())
 void KrDxfIn::OpenAttributes() { KrDxfInAttr(Params()).DoModal(Handle()); }
 
 void KrDxfIn::OpenBatch() {
-    table_.LendTo(info_.layerTableFileName, kRefusalCaption,
-                  [this] { CommandFrame(kDxfInAllDialog).DoModal(Handle()); });
+    table_.LendTo(info_.layerTableFileName, kRefusalCaption, [this] { KrDxfInAll(info_, Params()).DoModal(Handle()); });
 }
 
 void KrDxfIn::HelpZoneChanged(int zone) {

@@ -203,6 +203,7 @@ void OutFileList::OnOk() {
         return grid_.ShowFault();
     }
     setdxfottblnam(ReadFixedText(info_->layerTableFileName).c_str());
+    setdxfotparam(info_->exportParams);  // null: those before stay
     std::vector<int> rows = MarkedRows();
     if (rows.empty()) return kiro::ui::Tell(Handle(), kind_.noneMarked, caption);
     if (ModelIsFaulty()) {
@@ -237,7 +238,7 @@ bool OutFileList::Write(int row) {
     const OutFileRow& file = rows_[row];
     ShowGuidance(Formatted(kind_.working, file.number).c_str());
     ListView_EnsureVisible(grid_.List(), row, FALSE);
-    RedrawWindow(Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    run_.Paint();
     const int code = DxfOutFloppy(info_->mediaKind != 0, file.path.c_str(), kind_.isPage ? file.number : 0,
                                   kind_.isPage ? 0 : file.number);
     Look(row);

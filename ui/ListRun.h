@@ -1,5 +1,5 @@
-// What a dialog does row by row while it stays usable: the screen shows each result, and the user can stop it between
-// two rows.
+// What a dialog does row by row while it stays usable: the screen shows each result and a bar at the lower edge how far
+// it has come, and the user can stop it between two rows.
 #pragma once
 
 #include <cstddef>
@@ -19,19 +19,26 @@ class ListRun {
     // asked for. What a step throws ends the dialog, as in any handler.
     void Start(std::vector<int> rows, std::function<bool(int row)> step, std::function<void()> ended);
     void Stop() { stop_ = true; }
+    // For a step that has said what it is about to do: the screen shows it, though not more often than ten times a
+    // second when the work is short.
+    void Paint(bool isLong = true);
     bool IsRunning() const { return running_; }
     std::size_t Done() const { return next_; }  // steps made
     std::size_t Count() const { return rows_.size(); }
 
   private:
+    void ShowBar();
     void Continue();
     void Next();
 
     Dialog& dialog_;
+    int lowerEdge_ = 0;  // of the dialog's template: the host's guidance line comes below
+    HWND bar_ = nullptr;
     std::vector<int> rows_;
     std::function<bool(int)> step_;
     std::function<void()> ended_;
     std::size_t next_ = 0;
+    ULONGLONG painted_ = 0;  // when, in milliseconds
     bool running_ = false;
     bool stop_ = false;
 };

@@ -121,6 +121,11 @@ KIROBC_API size_t HxUtilGetStationId(char* out, size_t size);
 
 // ---- Checks and databases. Each takes and fills the fields of the record that it names. ----
 
+// The active model for a conversion; 0, or an error code (see kirodxf.h) and the model is as it was. kind 3: DXF or
+// DWG.
+KIRO_CONSTANT(kSxfNewModel, 0);    // option: an empty model, not modified; what it was is gone
+KIRO_CONSTANT(kSxfModelAside, 1);  // the same, but the model is kept aside, with its changes that were not saved
+KIRO_CONSTANT(kSxfModelBack, 2);   // the model that was kept aside is the active one again; nothing when there is none
 KIROBC_API int SxfModelInit(int kind, int option);
 // Checks the items that an export would write: those of a layout's pictures (drawing above 0), of a picture, or with
 // both 0 of the whole model. kind 3: an export to DXF or DWG. Not 0: some are faulty; report: "DXF_Interface.lis" in

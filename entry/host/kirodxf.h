@@ -3,6 +3,7 @@
 
 #include "HostApi.h"
 #include "ParamBlocks.h"
+#include "TARNAINFO.h"
 
 #if defined(KIRODXF_BUILD)
 #define KIRODXF_API KIRO_HOST_EXPORT
@@ -41,7 +42,46 @@ KIRODXF_API int dxfinbinary(void);
 KIRODXF_API int DxfGetText(char* out, int size);  // the length of the whole text
 
 KIRODXF_API int dxfinAsciiTable(const char* path);
-KIRODXF_API int dxfin(const char* path);
+
+// ---- Converting drawings ----
+
+// The functions below, and those for model files in kiromdl.h, return 0 or one of the error codes that
+// DxfGetErrorMessage has a text for (EUC); KrUtility's GetMessageText has the same text (Shift-JIS) under the code
+// without its sign. These are all of theirs.
+KIRO_CONSTANT(kDxfNoFile, -1);
+KIRO_CONSTANT(kDxfCannotOpen, -2);
+KIRO_CONSTANT(kDxfFileInUse, -3);
+KIRO_CONSTANT(kDxfCannotRead, -4);
+KIRO_CONSTANT(kDxfCannotCreate, -5);  // no right, or a folder of that name
+KIRO_CONSTANT(kDxfCannotWrite, -6);
+KIRO_CONSTANT(kDxfWriteProtected, -7);
+KIRO_CONSTANT(kDxfDiskFull, -8);
+KIRO_CONSTANT(kDxfMediumNotReady, -9);
+KIRO_CONSTANT(kDxfBadName, -10);  // no absolute path of a file
+KIRO_CONSTANT(kDxfNoFolder, -11);
+KIRO_CONSTANT(kDxfNoDrawing, -20);  // of an import: the file is no DXF
+KIRO_CONSTANT(kDxfCutOff, -23);
+KIRO_CONSTANT(kDxfBadPair, -24);
+KIRO_CONSTANT(kDxfBroken, -25);   // also of a model file
+KIRO_CONSTANT(kDxfNothing, -26);  // there is no item to be written
+KIRO_CONSTANT(kDxfDwgDrawing, -29);
+KIRO_CONSTANT(kDxfShape, -30);
+KIRO_CONSTANT(kDxfNoTable, -40);  // the layer table that was named cannot be read
+KIRO_CONSTANT(kDxfTooManyItems, -60);
+KIRO_CONSTANT(kDxfNoPicture, -61);
+KIRO_CONSTANT(kDxfNoLayout, -62);
+KIRO_CONSTANT(kDxfNoMemory, -80);
+KIRO_CONSTANT(kDxfNoDwgWriter, -83);
+KIRO_CONSTANT(kDxfNotThatVersion, -84);
+
+// Reads a drawing, text or binary DXF, into the active model, by the parameters and the layer table that were set last
+// (setdxfinparam, setdxfintblnam; without them by the kept defaults, and automatically) and by "DXFKIRO_LINE" in the
+// folder of "#DXF:TABLE#" where the parameters want it; a table that is not there counts as an empty one. A layer table
+// that is named and cannot be read is an error, and so is a DWG (kDxfDwgDrawing). path: the drawing; the record's
+// own file name plays no part. info: its addMode, pictureNumber and scale; null: a new model, picture 1, scale 1.
+// After an error, also in the middle of the file, the active model is as it was. Otherwise it is modified; a new one
+// replaces what it was, whether that was saved or not.
+KIRODXF_API int dxfin(const char* path, const TARNAINFO* info);
 
 // ---- Messages ----
 
@@ -63,10 +103,12 @@ KIRODXF_API int DxfOutReadParam(DxfOutParamBlock* params);
 KIRODXF_API void setdxfintblnam(const char* name);
 KIRODXF_API void setdxfottblnam(const char* name);
 KIRODXF_API void setdxfdrawscl(double scale);
-// Writes one file, of a layout (drawing above 0) or of a picture. 0, or a negative error code: the number of a message
-// of KrUtility's GetMessageText with the sign turned.
+// Writes one file of the active model, text or binary DXF, of a layout (drawing above 0) with the pictures that it
+// shows, or of a picture, by the parameters and the layer table that were set last, as dxfin does, and by
+// "KIRODXF_LINE". A path that ends in ".dwg" or lies in the folder of "#DWG#" is refused (kDxfNoDwgWriter). The file is
+// replaced in one step: after an error, and when the program is stopped, the old file is there, whole. floppy: the
+// medium may be missing (kDxfMediumNotReady).
 KIRODXF_API int DxfOutFloppy(bool floppy, const char* path, int drawing, int picture);
-KIRO_CONSTANT(kDxfOutNotBuilt, -83);    // this host has no writer of drawings
 KIRODXF_API int DxfIsModelCheck(void);  // not 0: the model is to be checked before an export
 KIRODXF_API void d161907cnsout(void);   // saves the host's settings
 

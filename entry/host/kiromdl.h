@@ -103,9 +103,16 @@ KIROMDL_API void HxNameListSetName(HxNameList* list, int number, const char* nam
 KIROMDL_API int HxModelTitleSetGetCount(const HxModelTitleSet* set);
 KIROMDL_API const char* HxModelTitleSetGetTitle(const HxModelTitleSet* set, int index);
 
-// ---- Model files ----
+// ---- Model files: the active model as a file. Paths: internal form. Results: see kirodxf.h ----
 
+// Whether Mdlread1 keeps the numbers that items have in the file; a host may number them anew otherwise. This host
+// always keeps them.
 KIROMDL_API void HxModelReaderSetIdenticalMap(bool on);
+// Reads a model file; the active model is then that one, not modified. After an error it is as it was.
 KIROMDL_API int Mdlread1(const char* path);
+// Writes the active model, which is then not modified. The file is replaced in one step: after an error, and when the
+// program is stopped, the old file is there, whole, or none where there was none.
 KIROMDL_API int Mdlwrite(const char* path);
-KIROMDL_API int mdlfname(char* out, int size);
+// The name of the file of a model, EUC and without a folder: the model's name (EUC) with ".mdl" behind it. The folder
+// is that of the key "#MODEL#" (HxFileToFullPath). The length of the whole; 0 when no file can have that name.
+KIROMDL_API int mdlfname(const char* name, char* out, int size);

@@ -67,6 +67,12 @@ void WriteList(const std::string& text) {
 
 }  // namespace
 
+int SxfModelInit(int kind, int option) {
+    const int error = KiroModelInit(option);
+    NoteCall("SxfModelInit", {HostInteger("kind", kind), HostInteger("option", option)}, error);
+    return error;
+}
+
 int SxfModelCheck(int kind, bool report, int drawing, int picture) {
     const int faulty = kirobc::Guarded(kFailure, [=] {
         const Findings findings = Check(PicturesOf(drawing, picture));

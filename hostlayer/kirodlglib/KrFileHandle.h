@@ -6,10 +6,10 @@
 #include <memory>
 #include <string>
 
-struct FileCloser {
+struct FileHandleCloser {
     void operator()(void* file) const { CloseHandle(file); }
 };
-using FileHandle = std::unique_ptr<void, FileCloser>;
+using FileHandle = std::unique_ptr<void, FileHandleCloser>;
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 

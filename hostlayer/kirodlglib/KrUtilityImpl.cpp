@@ -8,7 +8,7 @@
 
 #include "KrFileChooser.h"
 #include "KrGuarded.h"
-#include "KrMessages.h"
+#include "hostlayer/kirodxf/DxfErrorText.h"
 #include "KrNumber.h"
 #include "KrPath.h"
 #include "KrText.h"
@@ -323,7 +323,7 @@ void KrUtilityImpl::DelFilePath(KrStringList* list, const char* name, KrWindow c
 
 int KrUtilityImpl::GetMessageText(int number, char* out, int size) {
     const char* ofModel = KiroModelMessageText(number);
-    const char* text = ofModel ? ofModel : HostMessage(number);
+    const char* text = ofModel ? ofModel : KnownDxfErrorText(number);
     CopyText(Text(text), out, Room(size));
     return text != nullptr;
 }

@@ -25,6 +25,7 @@ constexpr ErrorText kErrorTexts[] = {
     {8, "ディスクの空き容量が足りません。"},
     {9, "媒体の準備ができていません。"},
     {10, "ファイル名が正しくありません。"},
+    {11, "フォルダが見つかりません。"},
     {20, "DXFファイルではありません。"},
     {21, "DWGファイルではありません。"},
     {22, "このバージョンのファイルには対応していません。"},
@@ -35,6 +36,7 @@ constexpr ErrorText kErrorTexts[] = {
     {27, "パスワードが必要です。"},
     {28, "パスワードが違います。"},
     {29, "DWGファイルの読込みには対応していません。"},
+    {30, "シェイプファイルの読込みには対応していません。"},
     {40, "レイヤ変換テーブルファイルが見つかりません。"},
     {41, "レイヤ変換テーブルファイルに誤りがあります。"},
     {42, "変換パラメータに誤りがあります。"},
@@ -46,21 +48,27 @@ constexpr ErrorText kErrorTexts[] = {
     {80, "メモリが足りません。"},
     {81, "処理を中止しました。"},
     {82, "内部エラーが発生しました。"},
-    {83, "図面ファイルの書込みには、まだ対応していません。"},
+    {83, "DWGファイルの書込みには対応していません。"},
     {84, "このバージョンのファイルの書込みには対応していません。"},
 };
 
+const char* TextOf(unsigned code) {
+    const auto* found = std::find_if(std::begin(kErrorTexts), std::end(kErrorTexts),
+                                     [code](const ErrorText& entry) { return entry.code == code; });
+    return found != std::end(kErrorTexts) ? found->text : nullptr;
+}
+
 }  // namespace
+
+const char* KnownDxfErrorText(int number) { return number > 0 ? TextOf(static_cast<unsigned>(number)) : nullptr; }
 
 std::size_t DxfErrorText(int code, char* out, std::size_t size) {
     // Negated as unsigned: the smallest int has no positive counterpart.
     const unsigned magnitude = code < 0 ? 0u - static_cast<unsigned>(code) : static_cast<unsigned>(code);
-    const auto* found = std::find_if(std::begin(kErrorTexts), std::end(kErrorTexts),
-                                     [magnitude](const ErrorText& entry) { return entry.code == magnitude; });
+    const char* const known = TextOf(magnitude);
     const int length =
-        found != std::end(kErrorTexts)
-            ? std::snprintf(out, size, "%s", found->text)
-            : std::snprintf(out, size, "%s%d%s", "変換中にエラーが発生しました。（エラーコード ", code, "）");
+        known ? std::snprintf(out, size, "%s", known)
+              : std::snprintf(out, size, "%s%d%s", "変換中にエラーが発生しました。（エラーコード ", code, "）");
     if (length < 0 || size == 0) return 0;
     return std::min(static_cast<std::size_t>(length), size - 1);
 }

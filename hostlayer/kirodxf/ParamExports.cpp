@@ -5,6 +5,7 @@
 #include "hostlayer/kirobc/Guarded.h"
 #include "hostlayer/kirobc/KeptBlock.h"
 #include "hostlayer/kirocontrol/CallNote.h"
+#include "hostlayer/kirodxf/CurrentParams.h"
 
 namespace {
 
@@ -25,6 +26,13 @@ class KeptParams {
     }
     int Read(Block* params) const {
         return kirobc::Guarded(kFailure, [=, this] { return params && file_.Read(*params) ? kSuccess : kFailure; });
+    }
+
+    // Those of the next conversion: those given last, else the kept ones.
+    Block Current() const {
+        Block params = params_.value_or(Block{});
+        if (!params_) Read(&params);
+        return params;
     }
 
   private:
@@ -65,3 +73,7 @@ int DxfOutWriteParam() {
 void d161907cnsout() { NoteCall("d161907cnsout", {}); }
 
 int DxfOutReadParam(DxfOutParamBlock* params) { return exportParams.Read(params); }
+
+DxfInParamBlock CurrentImportParams() { return importParams.Current(); }
+
+DxfOutParamBlock CurrentExportParams() { return exportParams.Current(); }

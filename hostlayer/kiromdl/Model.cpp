@@ -11,11 +11,21 @@ auto* At(const Things& things, int number) {
 
 }  // namespace
 
-const Picture* Model::PictureAt(int number) const { return At(pictures, number); }
+const Picture* ModelFacts::PictureAt(int number) const { return At(pictures, number); }
 
-const Layout* Model::LayoutAt(int number) const { return At(layouts, number); }
+const Layout* ModelFacts::LayoutAt(int number) const { return At(layouts, number); }
 
 Model& ActiveModel() {
     static Model model;
+    return model;
+}
+
+Model EmptyModel() {
+    const Model& active = ActiveModel();
+    Model model;
+    model.maxItemCount = active.maxItemCount;
+    model.maxSplitCount = active.maxSplitCount;
+    model.checkBeforeExport = active.checkBeforeExport;
+    model.messages = active.messages;
     return model;
 }

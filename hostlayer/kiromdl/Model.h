@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "convert/ModelContent.h"
+
 constexpr int kPictures = 256;  // numbered from 1
 constexpr int kLayouts = 256;   // the same
 constexpr int kLinePatterns = 63;
@@ -57,7 +59,7 @@ struct LineStyle {
 constexpr int kListNames = 256;
 using NameList = std::map<int, std::string>;  // EUC, if the model is in order; by number from 1 to 256
 
-struct Model {
+struct ModelFacts {
     bool modified = false;
     bool checkBeforeExport = false;
     double baseScale = 1.0;
@@ -76,4 +78,10 @@ struct Model {
     const Layout* LayoutAt(int number) const;    // null: none
 };
 
+// What its JSON tells, and what drawings were read into it; a model that is only told of has nothing of these.
+struct Model : ModelFacts {
+    convert::ModelContent content;
+};
+
 Model& ActiveModel();
+Model EmptyModel();  // with what the active one has of the host itself: limits, messages

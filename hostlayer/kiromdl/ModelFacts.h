@@ -3,6 +3,13 @@
 
 #include "entry/host/kiromdl.h"
 
+class ByteSource;
+namespace convert {
+class ByteSink;
+struct ExportSettings;
+struct ImportSettings;
+}  // namespace convert
+
 KIROMDL_API int KiroModelIsChecked();  // not 0: the model is to be checked before an export
 
 struct KiroModelFault {
@@ -13,6 +20,13 @@ KIROMDL_API int KiroModelGetFault(int picture, int index, KiroModelFault* fault)
 
 // What the writer answers to a layout (above 0) or else to a picture; 0: it takes it.
 KIROMDL_API int KiroModelWriterError(int layout, int picture);
+
+// A drawing becomes the active model or, with add, part of it; a layout (above 0) or else a picture of it becomes a
+// drawing. 0, or an error code (entry/host/kirodxf.h); after one the model is as it was. The settings' characters are
+// set here.
+KIROMDL_API int KiroModelImport(ByteSource* source, convert::ImportSettings* settings, int add);
+KIROMDL_API int KiroModelExport(convert::ByteSink* sink, convert::ExportSettings* settings, int layout, int picture);
+KIROMDL_API int KiroModelInit(int option);  // of SxfModelInit
 
 // The model's own wording of a host message, Shift-JIS; null when it has none.
 KIROMDL_API const char* KiroModelMessageText(int number);

@@ -388,11 +388,15 @@ Model ReadModelFile(const wchar_t* file) {
         CreateFileW(file, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (opened == INVALID_HANDLE_VALUE) Fail("file", "cannot be opened, error " + std::to_string(GetLastError()));
     const FileHandle handle(opened);
-    std::string text(kMaxFileSize + 1, '\0');
-    DWORD read = 0;
-    if (!ReadFile(opened, text.data(), static_cast<DWORD>(text.size()), &read, nullptr))
-        Fail("file", "cannot be read, error " + std::to_string(GetLastError()));
-    if (read > kMaxFileSize) Fail("file", "is larger than 1 MB");
-    text.resize(read);
+    std::string text;
+    for (DWORD read = 1; read > 0 && (text.size() <= kMaxFileSize || IsModelBytes(text));) {
+        const std::size_t size = text.size();
+        text.resize(size + kMaxFileSize);
+        if (!ReadFile(opened, text.data() + size, kMaxFileSize, &read, nullptr))
+            Fail("file", "cannot be read, error " + std::to_string(GetLastError()));
+        text.resize(size + read);
+    }
+    if (IsModelBytes(text)) return ReadModelBytes(text);
+    if (text.size() > kMaxFileSize) Fail("file", "is larger than 1 MB");
     return ReadModelText(text);
 }

@@ -12,3 +12,7 @@ std::optional<std::string> EucFromUtf8(std::string_view utf8);
 // Nothing when these bytes are not exactly what comes of a text.
 std::optional<std::string> Utf8FromSjis(std::string_view sjis);
 std::optional<std::string> Utf8FromEuc(std::string_view euc);
+
+// Whatever the bytes are: what is no character becomes U+FFFD, what code page 932 lacks becomes "〓".
+std::string ShownAsUtf8(std::string_view sjis);
+std::string NearestSjis(std::string_view utf8);

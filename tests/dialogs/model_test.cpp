@@ -95,13 +95,11 @@ TEST_F(ModelTest, AnswersWhatItsFileSays) {
     EXPECT_TRUE(DxfIsModelCheck());
     EXPECT_EQ(-8, DxfOutFloppy(false, "C:/a.dxf", 0, 3));
     EXPECT_EQ(INT32_MIN, DxfOutFloppy(false, "C:/a.dxf", 2, 0));
-    EXPECT_EQ(kDxfOutNotBuilt, DxfOutFloppy(true, "C:/a.dxf", 7, 0));
+    EXPECT_EQ(kDxfNothing, DxfOutFloppy(true, "C:/a.dxf", 7, 0));
     const KrUtilityPtr utility(KrCreateUtility());
     char text[kKrTextSize];
     utility->GetMessageText(8, text, sizeof text);
     EXPECT_STREQ("満杯です。", text);
-    utility->GetMessageText(-kDxfOutNotBuilt, text, sizeof text);
-    EXPECT_EQ(DxfGetErrorMessage(kDxfOutNotBuilt), HxEucEncoder::Sjis2Euc(text));
 }
 
 // What commands read and write there is tested with them.

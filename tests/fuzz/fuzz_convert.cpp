@@ -85,7 +85,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (result != kDone) return 0;
     Check(content);
     Sink sink;
-    const Target target = {static_cast<int>(!content.layouts.empty()), content.pictures.begin()->first};
+    const Target target = {static_cast<int>(!content.layouts.empty()), content.modelPicture};
     const Result written = WriteDrawing(content, target, output, sink, summary);
     Require(written == kDone || written == kNothing || (written == kVersionNotWritten && data[2] % 8 == 0));
     if (written != kDone) return 0;

@@ -55,8 +55,7 @@ Outcome RunJob(const Job& job, const Settings& settings) {
     if (result == convert::kDone) result = ReadDrawing(source, settings.import, content, outcome.read);
     MemorySink sink;
     if (result == convert::kDone) {
-        const int picture = content.pictures.begin()->first;
-        const convert::Target target = {static_cast<int>(!content.layouts.empty()), picture};
+        const convert::Target target = {static_cast<int>(!content.layouts.empty()), content.modelPicture};
         result = WriteDrawing(content, target, settings.output, sink, outcome.written);
     }
     content = {};

@@ -6,12 +6,15 @@
 
 #include "catalogue/Catalogue.h"
 #include "driver/Driver.h"
+#include "driver/GridDriver.h"
 #include "driver/Picture.h"
 #include "hostlayer/include/KiroHost.h"
 #include "resources/catia/KrDxfPass.ids.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
+#include "resources/dxfin/KrDxfInList.ids.h"
 #include "resources/dxfout/KrDxfOut.ids.h"
 #include "resources/dxfout/KrDxfOutParam.ids.h"
+#include "resources/grid.ids.h"
 #include "resources/peliondb/KrPlIn.ids.h"
 #include "resources/peliondb/KrPlOut.ids.h"
 
@@ -19,6 +22,8 @@ namespace kiro {
 namespace {
 
 using namespace drive;
+
+constexpr int kVersionColumn = 3;
 
 Windows Filled(const std::wstring& drawing) {
     const HWND dialog = Settle();
@@ -72,6 +77,37 @@ Windows PasswordRefused(const std::wstring&) {
 Windows PasswordTyped(const std::wstring&) {
     const HWND dialog = Settle();
     TypeKeys(dialog, kPasswordEdit, L"secret");
+    return {dialog};
+}
+
+// The list of a batch, when it is filled in.
+HWND FilledList() {
+    const HWND dialog = Settle();
+    const Grid grid(dialog, kGrid);
+    Until("the versions are there", [&] { return grid.Cell(grid.Rows() - 1, kVersionColumn) != L"…"; });
+    return dialog;
+}
+
+Windows BatchMarked(const std::wstring&) {
+    const HWND dialog = FilledList();
+    Click(dialog, kMarkAllButton);
+    Grid(dialog, kGrid).Click(2, 0);
+    return {dialog};
+}
+
+Windows BatchAsks(const std::wstring&) {
+    const HWND dialog = FilledList();
+    Click(dialog, kMarkAllButton);
+    Click(dialog, IDOK);
+    if (IsBox(Settle())) Answer(ReadBox(), IDYES);
+    Until("a drawing fails", [&] { return Settle() != dialog; });
+    return {dialog, Settle()};
+}
+
+Windows BatchDone(const std::wstring& drawing) {
+    const HWND dialog = BatchAsks(drawing).front();
+    Click(Settle(), IDYES);
+    Until("the run has ended", [&] { return IsEnabled(dialog, kMarkAllButton); });
     return {dialog};
 }
 
@@ -150,6 +186,9 @@ constexpr Scene kScenes[] = {
     {"import-not-saved", "import-dxf", AfterStart, true},
     {"import-recent-menu", "import-dxf", LabelMenu},
     {"import-chooser", "import-dxf", Opened<kBrowseButton>},
+    {"import-list-marked", "import-list", BatchMarked},
+    {"import-list-asks", "import-list", BatchAsks},
+    {"import-list-done", "import-list", BatchDone},
     {"export-dxf-filled", "export-dxf", ExportByNumber},
     {"export-dwg-layout", "export-dwg", ExportLayout},
     {"export-nothing", "export-dwg", ExportNothing},

@@ -1,0 +1,173 @@
+// batch_bench: the figures that the batch of the import is held to.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "benchmarks/BenchHost.h"
+#include "benchmarks/Measure.h"
+#include "driver/Driver.h"
+#include "driver/GridDriver.h"
+#include "dxfin/KrDxfInList.h"
+#include "dxfin/ModelBatch.h"
+#include "entry/host/FixedText.h"
+#include "resources/dxfin/KrDxfInList.ids.h"
+#include "resources/grid.ids.h"
+
+using namespace kiro::drive;
+
+namespace {
+
+constexpr int kRounds = 30;
+constexpr int kFew = 50;
+constexpr int kMany = 5000;
+constexpr int kConverted = 100;
+constexpr int kVersionColumn = 3;
+constexpr double kRowsLimit = 400;
+constexpr double kKeyLimit = 50;  // milliseconds: what a user does not notice
+
+void Require(bool holds, const char* what) {
+    if (!holds) throw Failure(what);
+}
+
+double Now() {
+    static const ULONGLONG start = GetTickCount64();
+    return static_cast<double>(GetTickCount64() - start);
+}
+
+std::string SmallDrawing() {
+    std::string text =
+        "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1015\n  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n";
+    for (int i = 0; i < 100; ++i) text += "  0\nLINE\n  8\nWALLS\n 10\n0.0\n 20\n0.0\n 11\n1.0\n 21\n2.0\n";
+    return text + "  0\nENDSEC\n  0\nEOF\n";
+}
+
+class Bench {
+  public:
+    Bench() {
+        WriteDrawings(L"FEW", kFew);
+        WriteDrawings(L"MANY", kMany);
+        WriteDrawings(L"RUN", kConverted);
+    }
+
+    // From the button "一覧" to the painted list, and its end in the middle of the reading.
+    bool Opening() {
+        const BenchHost::AutoClose closing(host_);
+        const auto open = [this](const char* pattern) { return [this, pattern] { Open(pattern); }; };
+        return Report("list of 5,000 drawings / of 50, open and close",
+                      Compare(kRounds, open("MANY\\*"), open("FEW\\*")), 1.5);
+    }
+
+    // A key, while the versions of 5,000 drawings are read: until it is dealt with and painted.
+    bool Keys() {
+        std::vector<double> times;
+        double filled = 0;
+        const double start = Now();
+        Drive([&] { Open("MANY\\*"); },
+              [&] {
+                  const HWND dialog = Settle();
+                  const Grid grid(dialog, kGrid);
+                  Until("the rows are there", [&] { return grid.Rows() == kMany; });
+                  filled = Now() - start;
+                  while (grid.Cell(kMany - 1, kVersionColumn) == L"…") {
+                      Pause();  // what is read beside the keys comes after all that is posted
+                      const int row = grid.Current().row;
+                      times.push_back(Milliseconds([&] {
+                          Key(VK_DOWN);
+                          Require(grid.Current().row == row + 1, "the key is not dealt with");
+                      }));
+                  }
+                  Click(dialog, IDCANCEL);
+              });
+        Require(times.size() > 100, "the list was filled at once");
+        std::ranges::sort(times);
+        const bool kept = ReportValue("the rows of 5,000 drawings, without their versions", filled, kRowsLimit, "ms");
+        return ReportValue("a key while the list of 5,000 fills in, 99 of 100", times[times.size() * 99 / 100],
+                           kKeyLimit, "ms") &&
+               kept;
+    }
+
+    // A whole run against the same conversions without a window.
+    bool Run() {
+        return Report("run over 100 small drawings / the single conversions",
+                      CompareTimes(
+                          5, [this] { return RunList(); }, [this] { return Singles(); }),
+                      1.1);
+    }
+
+  private:
+    void WriteDrawings(const wchar_t* folder, int count) const {
+        const auto path = host_.Home() / L"DXF" / folder;
+        std::filesystem::create_directories(path);
+        const std::string text = SmallDrawing();
+        for (int i = 0; i < count; ++i)
+            std::ofstream(path / (L"図面" + std::to_wstring(i) + L".dxf"), std::ios::binary) << text;
+    }
+    void Open(const char* pattern) const {
+        const BenchHost::Style style(host_);
+        DxfInListInfo info{};
+        WriteFixedText(info.pattern, pattern);
+        KrDxfInList list(info);
+        Require(list.Search() == DrawingSearch::Start::kFound, "no drawings are found");
+        Require(list.DoModal(host_.Owner()) == IDCANCEL, "the list was not shown");
+    }
+    double RunList() const {
+        double time = 0;
+        Drive([&] { Open("RUN\\*"); },
+              [&] {
+                  const HWND dialog = Settle();
+                  const Grid grid(dialog, kGrid);
+                  Until("the versions are there", [&] { return grid.Cell(kConverted - 1, kVersionColumn) != L"…"; });
+                  Click(dialog, kMarkAllButton);
+                  time = Milliseconds([&] {
+                      Click(dialog, IDOK);
+                      if (IsBox(Settle())) Answer(ReadBox(), IDYES);  // the models of the round before
+                      Until("the run has ended", [&] { return IsEnabled(dialog, kMarkAllButton); });
+                  });
+                  Require(Text(dialog, kDrawingCount).find(L" 0 件") != std::wstring::npos,
+                          "a drawing was not converted");
+                  Click(dialog, IDCANCEL);
+              });
+        return time;
+    }
+    double Singles() const {
+        const KrUtilityPtr utility(KrCreateUtility());
+        const ModelAside aside;
+        return Milliseconds([&] {
+            for (int i = 0; i < kConverted; ++i) {
+                const std::string name = "図面" + std::to_string(i);
+                const std::string drawing = KrInternalPath(*utility, "#DXF#", "RUN\\" + name + ".dxf");
+                Require(ConvertDrawing(drawing, FileOfModel(*utility, name).path).empty(),
+                        "a drawing was not converted");
+            }
+        });
+    }
+
+    BenchHost host_;
+    kiro::ui::ScopedResourceModule module_{host_.Library()};
+};
+
+}  // namespace
+
+int main() {
+    UsePrivateDesktop();
+    try {
+        Bench bench;
+        bool kept = bench.Opening();
+        kept = bench.Keys() && kept;
+        kept = bench.Run() && kept;
+        std::printf("%s\n", kept ? "every figure is kept" : "a figure is missed");
+        return kept ? 0 : 1;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "batch_bench: %s\n", failure.what());
+        return 2;
+    }
+}

@@ -1,0 +1,67 @@
+#include "dxfin/DrawingSearch.h"
+
+#include <utility>
+
+#include "ui/Text.h"
+
+namespace {
+
+constexpr DWORD kNoDrawing = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE;
+
+bool IsFolder(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+// Keeps the system from asking for a missing medium in a box of its own.
+class NoSystemBoxes {
+  public:
+    NoSystemBoxes() { SetThreadErrorMode(SEM_FAILCRITICALERRORS, &previous_); }
+    ~NoSystemBoxes() { SetThreadErrorMode(previous_, nullptr); }
+    NoSystemBoxes(const NoSystemBoxes&) = delete;
+    NoSystemBoxes& operator=(const NoSystemBoxes&) = delete;
+
+  private:
+    DWORD previous_ = 0;
+};
+
+}  // namespace
+
+DrawingSearch::Start DrawingSearch::Begin(const std::string& pattern) {
+    const NoSystemBoxes quiet;
+    Close();
+    unnamed_ = 0;
+    const std::wstring path = kiro::ui::ToWide(pattern);
+    const bool hasWildcard = path.find_first_of(L"*?") != path.npos;
+    if (!hasWildcard && IsFolder(path)) return Start::kFolder;
+    search_ = FindFirstFileExW(path.c_str(), FindExInfoBasic, &entry_, FindExSearchNameMatch, nullptr,
+                               FIND_FIRST_EX_LARGE_FETCH);
+    if (search_ == INVALID_HANDLE_VALUE) return GetLastError() == ERROR_FILE_NOT_FOUND ? Start::kNone : Start::kFailed;
+    isFile_ = !(entry_.dwFileAttributes & kNoDrawing) || Next();
+    return isFile_ ? Start::kFound : Start::kNone;
+}
+
+bool DrawingSearch::Take(int count, std::vector<FoundDrawing>& found) {
+    for (; isFile_ && count > 0; --count) {
+        const std::uint64_t size = (std::uint64_t{entry_.nFileSizeHigh} << 32) | entry_.nFileSizeLow;
+        if (auto name = kiro::ui::ToSjis(entry_.cFileName))
+            found.push_back({std::move(*name), size});
+        else
+            ++unnamed_;
+        isFile_ = Next();
+    }
+    return isFile_;
+}
+
+bool DrawingSearch::Next() {
+    const NoSystemBoxes quiet;
+    while (FindNextFileW(search_, &entry_))
+        if (!(entry_.dwFileAttributes & kNoDrawing)) return true;
+    Close();
+    return false;
+}
+
+void DrawingSearch::Close() {
+    if (search_ != INVALID_HANDLE_VALUE) FindClose(std::exchange(search_, INVALID_HANDLE_VALUE));
+    isFile_ = false;
+}

@@ -1,0 +1,7 @@
+// The parameters of the next conversion: those given last, else the kept defaults, else cleared ones.
+#pragma once
+
+#include "entry/host/ParamBlocks.h"
+
+DxfInParamBlock CurrentImportParams();
+DxfOutParamBlock CurrentExportParams();

@@ -1,0 +1,377 @@
+// The batch of the import: its settings, the list of drawings with their names, and the run.
+#include <algorithm>
+#include <iterator>
+
+#include "driver/GridDriver.h"
+#include "dxfin/KrDxfInAll.h"
+#include "dxfin/KrDxfInList.h"
+#include "entry/host/FixedText.h"
+#include "entry/host/kirobc.h"
+#include "entry/host/kiromdl.h"
+#include "resources/dxfin/KrDxfIn.ids.h"
+#include "resources/dxfin/KrDxfInAll.ids.h"
+#include "resources/dxfin/KrDxfInList.ids.h"
+#include "resources/dxfin/KrDxfInParam.ids.h"
+#include "resources/grid.ids.h"
+#include "tests/dialogs/ImportHost.h"
+
+using namespace kiro::drive;
+
+namespace {
+
+constexpr wchar_t kCaption[] = L"ＤＸＦ読込み　一括変換";
+enum Column { kFile = 1, kSize, kVersion, kModel, kResult };
+
+std::string Drawing(const char* version = "AC1015") {
+    return std::string("  0\r\nSECTION\r\n  2\r\nHEADER\r\n  9\r\n$ACADVER\r\n  1\r\n") + version +
+           "\r\n  0\r\nENDSEC\r\n  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nLINE\r\n  8\r\n0\r\n 10\r\n0.0\r\n "
+           "20\r\n0.0\r\n"
+           " 11\r\n1.0\r\n 21\r\n1.0\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n";
+}
+
+class ImportBatch : public ImportHost {
+  protected:
+    ImportBatch() {
+        record.params = {};
+        record.params.splitItemCount = 100;
+        record.params.maxItemCount = 1000;
+        KiroHostObserveCalls(
+            [](void* told, const KiroHostCall* call) {
+                if (std::string_view(call->name).starts_with("setdxfin"))
+                    static_cast<std::vector<std::string>*>(told)->push_back(call->name);
+            },
+            &calls);
+    }
+    ~ImportBatch() override { KiroHostObserveCalls(nullptr, nullptr); }
+
+    // The list alone. The user gets its grid when all versions are there.
+    using ListUser = std::function<void(HWND, const Grid&)>;
+    void List(const char* pattern, const ListUser& user) {
+        WriteFixedText(block.pattern, pattern);
+        block.importParams = &record.params;
+        const LibraryResources resources;
+        KrDxfInList list(block);
+        ASSERT_EQ(DrawingSearch::Start::kFound, list.Search());
+        Drive([&] { return list.DoModal(owner); },
+              [&] {
+                  const HWND dialog = Settle();
+                  const Grid grid(dialog, kGrid);
+                  Until("the versions are there", [&] { return grid.Cell(grid.Rows() - 1, kVersion) != L"…"; });
+                  user(dialog, grid);
+                  if (Settle()) Click(dialog, IDCANCEL);
+              });
+        summary = list.Summary();
+    }
+    static void Ended(HWND dialog) {
+        Until("the run has ended", [&] { return IsEnabled(dialog, kMarkAllButton); });
+    }
+    static HWND Asked(HWND dialog) {
+        Until("a question", [&] { return Settle() != dialog; });
+        return Settle();
+    }
+    std::filesystem::path Model(const std::wstring& name) const { return home / L"MODEL" / (name + L".mdl"); }
+    std::vector<std::wstring> Models() const {
+        std::vector<std::wstring> names;
+        for (const auto& file : std::filesystem::directory_iterator(home / L"MODEL"))
+            names.push_back(file.path().filename().native());
+        std::ranges::sort(names);
+        return names;
+    }
+    static std::vector<std::wstring> Cells(const Grid& grid, int column) {
+        std::vector<std::wstring> cells;
+        for (int row = 0; row < grid.Rows(); ++row) cells.push_back(grid.Cell(row, column));
+        return cells;
+    }
+
+    DxfInListInfo block{};
+    std::vector<std::string> calls;
+    std::string summary;
+};
+
+using Texts = std::vector<std::wstring>;
+
+}  // namespace
+
+TEST_F(ImportBatch, GoesFromThePatternToTheModelsAndKeepsTheRecord) {
+    Write(L"DXF\\図面.dxf", Drawing());
+    Write(L"DXF\\SUB\\内.dxf", Drawing());
+    WriteTable(L"表", "");
+    WriteFixedText(record.info.input.layerTableFileName, HxEucEncoder::Sjis2Euc("表"));
+    const ImportRecord before = record;
+    Drive([&] { return DxfInputDlg(&record.info); },
+          [&] {
+              const HWND import = Settle();
+              Click(import, kBatchButton);
+              const HWND dialog = Settle();
+              EXPECT_EQ(kCaption, Text(dialog));
+              EXPECT_EQ(L"表", Text(dialog, kBatchTableEdit));
+              const struct {
+                  const wchar_t* pattern;
+                  const wchar_t* message;
+              } kPatterns[] = {
+                  {L"*.dwg", L"該当するファイルがありません。"},
+                  {L"SUB", L"フォルダが指定されています。"},
+                  {L"NONE\\*", L"ファイルを探せません。"},
+                  {L"", L"ファイル名を入力してください。"},
+                  {L"a|b", L"使えない文字"},
+                  {L"\U0001F600.dxf", L"使用できない文字"},
+              };
+              for (const auto& [pattern, message] : kPatterns) {
+                  Type(dialog, kPatternEdit, pattern);
+                  ExpectRefusal(dialog, message, kPatternEdit, kCaption, kListButton);
+              }
+              Click(dialog, kBatchFloppyRadio);  // an empty folder of its own
+              Type(dialog, kPatternEdit, L"図面.dxf");
+              Click(dialog, kListButton);
+              Answer(ReadBox(), IDOK);
+              Click(dialog, kBatchDiskRadio);
+              Click(dialog, kListButton);
+              const HWND list = Settle();
+              EXPECT_EQ(L"図面.dxf", Grid(list, kGrid).Cell(0, kFile));
+              Click(list, kMarkAllButton);
+              Click(list, IDOK);
+              Ended(list);
+              Click(list, IDCANCEL);
+              EXPECT_EQ(0u, Guidance(dialog).find(L"1 件中 1 件を変換しました。"));
+              Click(dialog, IDCANCEL);
+              Click(import, IDCANCEL);
+          });
+    EXPECT_TRUE(before == record);
+    EXPECT_EQ((std::vector<std::string>{"setdxfinparam", "setdxfintblnam"}), calls);
+    const std::string path = HxFile::ToFullPath("#MODEL#", HxEucEncoder::Sjis2Euc("図面.mdl"), false, false);
+    EXPECT_EQ(0, Mdlread1(path.c_str()));
+    EXPECT_EQ(1, HxPermItemDbGetItemCount(GetActiveModel()->GetPermItemDb(), 1));
+}
+
+TEST_F(ImportBatch, HandsParametersToTheHostAtOnce) {
+    const LibraryResources resources;
+    Drive([&] { return KrDxfInAll(record.info.input, record.params).DoModal(owner); },
+          [&] {
+              const HWND dialog = Settle();
+              for (const int button : {IDCANCEL, IDOK}) {
+                  Click(dialog, kBatchParametersButton);
+                  const HWND parameters = Settle();
+                  Click(parameters, kFromEucRadio);
+                  Click(parameters, button);
+                  EXPECT_EQ(button == IDOK, !calls.empty());
+              }
+              Key(VK_RETURN);  // no button "OK" that could be pressed
+              EXPECT_EQ(dialog, Settle());
+              Click(dialog, IDCANCEL);
+          });
+    EXPECT_EQ(std::vector<std::string>{"setdxfinparam"}, calls);
+    EXPECT_EQ(1, record.params.kanjiCode);
+}
+
+TEST_F(ImportBatch, ProposesNamesAndChecksThoseThatAreMarked) {
+    for (const wchar_t* name : {L"断面 A.dxf", L"断面 A.dwg", L"b.dxf"})
+        Write(std::wstring(L"DXF\\") + name, Drawing());
+    Write(L"DXF\\c.dxf", "memo");
+    Write(L"DXF\\" + std::wstring(250, L'd') + L".dxf", Drawing("AC1009"));  // its path is longer than 256 bytes
+    Write(L"DXF\\e.dxf", "");
+    std::filesystem::create_directories(home / L"DXF\\folder");
+    List("*", [&](HWND dialog, const Grid& grid) {
+        EXPECT_EQ((Texts{L"b", L"c", std::wstring(63, L'd'), L"e", L"断面_A", L"断面_A_2"}), Cells(grid, kModel));
+        EXPECT_EQ((Texts{L"AC1015(2000)", L"", L"AC1009(GX-5)", L"", L"AC1015(2000)", L"AC1015(2000)"}),
+                  Cells(grid, kVersion));
+        EXPECT_EQ(L"0 KB", grid.Cell(3, kSize));
+        Click(dialog, IDOK);
+        Expect(kCaption, L"変換するファイルが選択されていません。", MB_ICONWARNING, IDOK);
+        Click(dialog, kMarkAllButton);
+        grid.Click(1, 0);  // not "c", whatever its name
+        EXPECT_EQ(L"6 件のうち 5 件を選択しています。", Text(dialog, kDrawingCount));
+        grid.Click(1, kModel);
+        grid.Write(L"?");
+        const struct {
+            int row;
+            const wchar_t* name;
+            const wchar_t* message;
+        } kNames[] = {
+            {0, L"", L"モデル名が入力されていません。 1"},
+            {0, L"a b", L"モデル名に無効な文字が入力されています。 1 : a b"},
+            {4, L"B", L"モデル名が重複しています。 1 - 5"},
+            {5, L"CON", L"無効なモデル名です。 6 : CON"},
+        };
+        for (const auto& [row, name, message] : kNames) {
+            const std::wstring before = grid.Cell(row, kModel);
+            grid.Click(row, kModel);
+            grid.Write(name);
+            Click(dialog, IDOK);
+            Expect(kCaption, L"設定内容に誤りがあります。", MB_ICONERROR, IDOK);
+            EXPECT_EQ(message, Guidance(dialog));
+            grid.Click(row, kModel);
+            grid.Write(before);
+        }
+        for (const int answer : {IDNO, IDYES}) {
+            Click(dialog, kNamesFromFilesButton);
+            const Box box = ReadBox();
+            EXPECT_EQ(IDNO, box.defaultButton);
+            Answer(box, answer);
+            EXPECT_EQ(answer == IDYES ? L"c" : L"?", grid.Cell(1, kModel));
+        }
+        Click(dialog, kNamesFromFilesButton);  // nothing to be lost: no question
+        EXPECT_EQ(dialog, Settle());
+    });
+    EXPECT_TRUE(calls.empty());
+}
+
+TEST_F(ImportBatch, GoesThroughTheMarkedDrawingsAndKeepsTheFailedOnesMarked) {
+    for (const wchar_t* name : {L"a.dxf", L"c.dxf", L"e.dxf"}) Write(std::wstring(L"DXF\\") + name, Drawing());
+    for (const wchar_t* name : {L"b.dxf", L"d.dxf"}) Write(std::wstring(L"DXF\\") + name, "memo\n");
+    KiroHostSetModified(true);
+    List("*.dxf", [&](HWND dialog, const Grid& grid) {
+        // Stopped at the first failure.
+        Click(dialog, kMarkAllButton);
+        Click(dialog, IDOK);
+        const HWND question = Asked(dialog);
+        EXPECT_EQ(IDYES, FocusId());
+        EXPECT_EQ(0u, Text(question, kGoOnText).find(L"b.dxf\nDXFファイルではありません。"));
+        EXPECT_EQ(L"2/5 b.dxf", Guidance(dialog));
+        Click(question, IDCANCEL);
+        Ended(dialog);
+        EXPECT_EQ((Texts{L"変換しました", L"DXFファイルではありません。", L"", L"", L""}), Cells(grid, kResult));
+        EXPECT_EQ(L"5 件のうち 4 件を選択しています。", Text(dialog, kDrawingCount));
+        EXPECT_EQ((GridPlace{1, kResult}), grid.Current());
+        EXPECT_EQ((Texts{L"DXF_Batch.lis", L"a.mdl"}), Models());
+        // The others, asked once for all.
+        Click(dialog, IDOK);
+        Click(Asked(dialog), kGoOnForAllCheck);
+        Click(Settle(), IDYES);
+        Ended(dialog);
+        EXPECT_EQ(L"5 件のうち 2 件を選択しています。", Text(dialog, kDrawingCount));
+    });
+    EXPECT_EQ(0u, summary.find("4 件中 2 件を変換しました。（失敗 2 件）"));
+    EXPECT_EQ((Texts{L"DXF_Batch.lis", L"a.mdl", L"c.mdl", L"e.mdl"}), Models());
+    std::ifstream in(home / L"MODEL" / L"DXF_Batch.lis", std::ios::binary);
+    const std::string list{std::istreambuf_iterator<char>(in), {}};
+    EXPECT_NE(std::string::npos, list.find("2 : b.dxf -> b.mdl : DXFファイルではありません。\r\n"));
+    EXPECT_NE(std::string::npos, list.find("3 : c.dxf -> c.mdl : 変換しました\r\n"));
+    EXPECT_TRUE(GetActiveModel()->IsModified());  // the user's own model is back
+    EXPECT_EQ("setdxfintblnam", calls.back());
+}
+
+TEST_F(ImportBatch, TellsOfEachDrawingWhyItFailsAndWritesNothingHalf) {
+    const struct {
+        const wchar_t* name;
+        std::string bytes;
+        const wchar_t* result;
+    } kFiles[] = {{L"1.dxf", Drawing(), L"変換しました"},
+                  {L"2.dxf", "", L"DXFファイルではありません。"},
+                  {L"3.dxf", Drawing().substr(0, 150), L"ファイルが途中で終わっています。"},
+                  {L"4.dxf", Drawing(), L"ファイルが見つかりません。"},
+                  {L"5.dxf", Drawing(), L"ファイルは他のプログラムで使用されています。"},
+                  {L"6.dxf", Drawing(), L"同じ名前のモデルファイルがあります。"},
+                  {L"7.dxf", Drawing(), L"同じ名前のモデルファイルがあります。"},
+                  {L"8.dxf", Drawing(), L"変換しました"}};
+    for (const auto& file : kFiles) Write(std::wstring(L"DXF\\") + file.name, file.bytes);
+    std::filesystem::create_directories(Model(L"6x"));
+    Write(L"MODEL\\8.mdl", "to be replaced");
+    List("*", [&](HWND dialog, const Grid& grid) {
+        std::filesystem::remove(home / L"DXF\\4.dxf");
+        const HANDLE locked =
+            CreateFileW((home / L"DXF\\5.dxf").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+        grid.Click(5, kModel);
+        grid.Write(L"6x");
+        Click(dialog, kMarkAllButton);
+        Click(dialog, IDOK);
+        Answer(ReadBox(), IDYES);
+        Click(Asked(dialog), kGoOnForAllCheck);
+        Write(L"MODEL\\7.mdl", "made by another program meanwhile");
+        Click(Settle(), IDYES);
+        Ended(dialog);
+        CloseHandle(locked);
+        for (int row = 0; row < 8; ++row)
+            EXPECT_EQ(0u, grid.Cell(row, kResult).find(kFiles[row].result))
+                << row << testing::PrintToString(grid.Cell(row, kResult));
+    });
+    EXPECT_EQ((Texts{L"1.mdl", L"6x.mdl", L"7.mdl", L"8.mdl", L"DXF_Batch.lis"}), Models());
+    EXPECT_EQ(33u, std::filesystem::file_size(Model(L"7")));
+}
+
+TEST_F(ImportBatch, ReplacesModelsOnlyWhenTheUserAgrees) {
+    for (const wchar_t* name : {L"a.dxf", L"b.dxf", L"c.dxf", L"d.dxf"})
+        Write(std::wstring(L"DXF\\") + name, Drawing());
+    for (const wchar_t* name : {L"B.mdl", L"c.mdl"}) Write(std::wstring(L"MODEL\\") + name, "old");
+    const auto protectedModel = Model(L"c");
+    SetFileAttributesW(protectedModel.c_str(), FILE_ATTRIBUTE_READONLY);
+    List("*", [&](HWND dialog, const Grid& grid) {
+        Click(dialog, kMarkAllButton);
+        for (const int answer : {IDNO, IDYES}) {
+            Click(dialog, IDOK);
+            const Box box = ReadBox();
+            EXPECT_EQ(L"同じ名前のモデルファイルが既に存在します。（2 件）\nb.mdl など\n\n上書きしますか。", box.text);
+            EXPECT_EQ(IDNO, box.defaultButton);
+            Answer(box, answer);
+            if (answer == IDYES) break;
+            EXPECT_EQ(L"同じ名前のモデルファイルがあります。 2 : b", Guidance(dialog));
+            EXPECT_EQ((GridPlace{1, kModel}), grid.Current());
+            EXPECT_FALSE(std::filesystem::exists(Model(L"a")));
+        }
+        Click(Asked(dialog), IDYES);
+        Ended(dialog);
+        EXPECT_EQ(L"書き込みが禁止されています。", grid.Cell(2, kResult));
+    });
+    SetFileAttributesW(protectedModel.c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(3u, std::filesystem::file_size(protectedModel));  // as it was
+    EXPECT_NE(3u, std::filesystem::file_size(Model(L"b")));
+}
+
+TEST_F(ImportBatch, EndsBetweenTwoDrawingsWhereverItIsStopped) {
+    for (int i = 0; i < 300; ++i) Write(L"DXF\\" + std::to_wstring(i) + L".dxf", Drawing());
+    Write(L"DXF\\000.dxf", "memo");  // the first of them
+    KiroHostSetModified(true);
+    const struct {
+        const char* what;
+        std::function<void(HWND)> deed;
+        bool starts;
+    } kWays[] = {
+        {"cancel", [](HWND dialog) { Click(dialog, IDCANCEL); }, true},
+        {"quit", [](HWND) { PostThreadMessageW(UiThread(), WM_QUIT, 0, 0); }, true},
+        {"owner", [this](HWND) { PostMessageW(owner, WM_CLOSE, 0, 0); }, true},
+        {"cancel the list", [](HWND dialog) { Click(dialog, IDCANCEL); }, false},
+        {"quit the list", [](HWND) { PostThreadMessageW(UiThread(), WM_QUIT, 0, 0); }, false},
+    };
+    for (const auto& way : kWays) {
+        SCOPED_TRACE(way.what);
+        if (!IsWindow(owner)) owner = nullptr;
+        WriteFixedText(block.pattern, "*");
+        const LibraryResources resources;
+        const auto open = [&] {
+            KrDxfInList list(block);
+            EXPECT_EQ(DrawingSearch::Start::kFound, list.Search());
+            return list.DoModal(owner);
+        };
+        EXPECT_EQ(IDCANCEL, Drive(open, [&] {
+                      const HWND dialog = Settle();
+                      if (!way.starts) return way.deed(dialog);
+                      const Grid grid(dialog, kGrid);
+                      Until("the rows are there", [&] { return grid.Rows() == 301; });
+                      Click(dialog, kMarkAllButton);
+                      Click(dialog, IDOK);
+                      if (IsBox(Settle())) Answer(ReadBox(), IDYES);
+                      Click(Asked(dialog), IDYES);
+                      way.deed(dialog);
+                      if (IsWindow(dialog) && Settle()) {
+                          Ended(dialog);
+                          EXPECT_NE(std::wstring::npos, Guidance(dialog).find(L"（失敗 1 件）（中止、残り "));
+                          Click(dialog, IDCANCEL);
+                      }
+                  }));
+        EXPECT_TRUE(GetActiveModel()->IsModified());
+        for (const std::wstring& name : Models()) EXPECT_TRUE(name.ends_with(L".mdl") || name.ends_with(L".lis"));
+    }
+}
+
+TEST_F(ImportBatch, ListsDwgFilesToo) {
+    Write(L"DWG\\1.dwg", "AC1027" + std::string(100, ' '));
+    block.inputIsDwg = 1;
+    List("*", [&](HWND dialog, const Grid& grid) {
+        EXPECT_EQ(L"ＤＷＧ読込み一括変換", Text(dialog));
+        EXPECT_EQ(L"AC1027(2013)", grid.Cell(0, kVersion));
+        Click(dialog, kMarkAllButton);
+        Click(dialog, IDOK);
+        Ended(dialog);  // the host reads none
+        EXPECT_EQ(L"1 件のうち 1 件を選択しています。", Text(dialog, kDrawingCount));
+        EXPECT_NE(L"", grid.Cell(0, kResult));
+    });
+}
