@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "hostlayer/kirodlglib/KrFileHandle.h"
-#include "hostlayer/kirodxf/ByteSource.h"
+#include "drawing/ByteSource.h"
 
 namespace kirobc {
 
