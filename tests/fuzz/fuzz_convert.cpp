@@ -5,6 +5,7 @@
 
 #include "convert/Convert.h"
 #include "entry/host/kirodxf.h"
+#include "hostlayer/kiromdl/ModelStore.h"
 #include "tests/fuzz/DxfReading.h"
 
 namespace {
@@ -53,6 +54,17 @@ void Check(const ModelContent& content) {
     }
 }
 
+// The model's bytes come back as they are; with something else in their middle they are refused, or are those of
+// another model.
+void CheckStore(const ModelContent& content, std::string_view noise, std::size_t place) {
+    std::string bytes = FormatModelContent(content);
+    ModelContent again;
+    Require(ParseModelContent(bytes, again) && FormatModelContent(again) == bytes);
+    place = bytes.size() * place / 256;
+    bytes.replace(place, 16, noise.substr(0, 16));
+    if (ParseModelContent(bytes, again)) Check(again), Require(FormatModelContent(again) == bytes);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -84,6 +96,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(result <= 0 && (result == 0 || content.items.empty()));
     if (result != 0) return 0;
     Check(content);
+    CheckStore(content, bytes, data[0]);
     Sink sink;
     const Target target = {static_cast<int>(!content.layouts.empty()), content.modelPicture};
     const int written = WriteDrawing(content, target, output, sink, summary);
