@@ -23,9 +23,9 @@ int FileSource::Read(char* buffer, unsigned size) {
     return count == 0 && std::ferror(file_.get()) ? -1 : static_cast<int>(count);
 }
 
-std::string TextOf(drawing::Result result) {
+std::string TextOf(int error) {
     char text[256];
-    const std::size_t length = DxfErrorText(result, text, sizeof text);
+    const std::size_t length = DxfErrorText(error, text, sizeof text);
 #ifdef _WIN32
     return FromCp932({text, length});  // the messages of the host's libraries are code page 932 there
 #else

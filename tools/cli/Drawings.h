@@ -19,6 +19,6 @@ class FileSource final : public ByteSource {
     OwnedFile file_;
 };
 
-std::string TextOf(drawing::Result result);
+std::string TextOf(int error);
 
 }  // namespace cli

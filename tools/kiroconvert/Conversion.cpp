@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "entry/host/kirodxf.h"
 #include "tables/FileReplace.h"
 #include "tools/cli/Drawings.h"
 #include "tools/cli/Files.h"
@@ -13,7 +14,7 @@ namespace kiroconvert {
 
 namespace {
 
-class MemorySink final : public convert::ByteSink {
+class MemorySink final : public ByteSink {
   public:
     bool Write(std::string_view more) override {
         bytes.append(more);
@@ -37,7 +38,7 @@ std::vector<Job> PlanJobs(const std::vector<std::string>& inputs, const std::str
         const fs::path target = folder ? out / cli::PathOf(name).filename().replace_extension(".dxf") : out;
         const std::string text = cli::NameOf(target);
         if (cli::FileKey(cli::NameOf(target.extension())) == ".dwg")
-            throw cli::Failure(text + ": " + cli::TextOf(convert::kVersionNotWritten));
+            throw cli::Failure(text + ": " + cli::TextOf(kDxfNotThatVersion));
         if (!taken.insert(cli::FileKey(text)).second)
             throw cli::Failure(text + ": 同じ名前になる図面が 2 つ以上あります");
         if (fs::equivalent(cli::PathOf(name), target, error))
@@ -51,17 +52,17 @@ Outcome RunJob(const Job& job, const Settings& settings) {
     Outcome outcome = {job, {}, {}, {}};
     cli::FileSource source;
     convert::ModelContent content;
-    convert::Result result = source.Open(job.input);
-    if (result == convert::kDone) result = ReadDrawing(source, settings.import, content, outcome.read);
+    int result = source.Open(job.input);
+    if (result == 0) result = ReadDrawing(source, settings.import, content, outcome.read);
     MemorySink sink;
-    if (result == convert::kDone) {
+    if (result == 0) {
         const convert::Target target = {static_cast<int>(!content.layouts.empty()), content.modelPicture};
         result = WriteDrawing(content, target, settings.output, sink, outcome.written);
     }
     content = {};
-    if (result == convert::kDone && !ReplaceWholeFile(cli::PathOf(job.output).native(), sink.bytes))
-        result = convert::kCannotWrite;
-    if (result != convert::kDone) outcome.failure = cli::TextOf(result);
+    if (result == 0 && !ReplaceWholeFile(cli::PathOf(job.output).native(), sink.bytes))
+        result = kDxfCannotWrite;
+    if (result != 0) outcome.failure = cli::TextOf(result);
     return outcome;
 }
 

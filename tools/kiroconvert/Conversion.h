@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "convert/ReadDrawing.h"
-#include "convert/WriteDrawing.h"
+#include "convert/Convert.h"
 #include "tools/cli/Status.h"
 
 namespace kiroconvert {
