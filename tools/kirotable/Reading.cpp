@@ -89,7 +89,10 @@ class FindingSink final : public ListingSink {
     }
     void OnError(std::string_view message) override {
         good_ = false;
-        reading_.errors.Add(line_, Printable(FromCp932(Trim(message))));
+        // A reader has few messages, and a bad file millions of them.
+        auto found = messages_.find(message);
+        if (found == messages_.end()) found = messages_.emplace(message, Printable(FromCp932(Trim(message)))).first;
+        reading_.errors.Add(line_, found->second);
     }
     void OnCut() override { cut_ = true; }
     void Unknown() {
@@ -112,6 +115,7 @@ class FindingSink final : public ListingSink {
 
   private:
     Reading& reading_;
+    std::map<std::string, std::string, std::less<>> messages_;  // in UTF-8
     std::size_t line_ = 0, long_ = 0;
     std::string text_;
     bool good_ = false, cut_ = false;
