@@ -141,9 +141,11 @@ int RunDemo(const std::vector<std::wstring>& arguments) {
     const kiro::CallResult import = kiro::DemoImport(arguments[1], picture);
     const kiro::CallResult output =
         kiro::DemoExport(L"平面図.dxf", std::filesystem::path(picture).replace_filename(L"demo-export.png"));
-    const std::string text = kiro::Print({import.json, output.json});
+    const kiro::CallResult drawings =
+        kiro::DemoDrawings(L"pump.dos", std::filesystem::path(picture).replace_filename(L"demo-drawings.png"));
+    const std::string text = kiro::Print({import.json, output.json, drawings.json});
     std::fwrite(text.data(), 1, text.size(), stdout);
-    return import.exitStatus ? import.exitStatus : output.exitStatus;
+    return import.exitStatus || output.exitStatus || drawings.exitStatus;
 }
 
 int Run(const std::vector<std::wstring>& arguments) {
