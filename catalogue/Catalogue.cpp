@@ -164,12 +164,12 @@ const CatalogueDialog kDialogs[] = {
     {"export-table-fonts", kDxfOutTextFontDialog, ExportTextFonts, kHasGrid, L"KIRODXF_STYLE"},
     {"export-table-fonts-help", kDxfOutTextFontHelpDialog, Plain<KrDxfOutTbl_TFont2>},
     // The databases.
-    {"pelion-input", kPlInDialog, [] { return DatabaseInput(DatabaseKind::kPelion); }, kSlower},
-    {"pelion-input-plw", kPlInDialog, [] { return DatabaseInput(DatabaseKind::kPlw); }, kSlower},
-    {"pelion-output", kPlOutDialog, [] { return DatabaseOutput(DatabaseKind::kPelion); }, kSlower},
-    {"pelion-output-plw", kPlOutDialog, [] { return DatabaseOutput(DatabaseKind::kPlw); }, kSlower},
-    {"varos-input", kVrInDialog, [] { return DatabaseInput(DatabaseKind::kVaros); }, kSlower},
-    {"varos-output", kVrOutDialog, [] { return DatabaseOutput(DatabaseKind::kVarosFacom); }, kSlower},
+    {"pelion-input", kPlInDialog, [] { return DatabaseInput(DatabaseKind::kPelion); }, kForms},
+    {"pelion-input-plw", kPlInDialog, [] { return DatabaseInput(DatabaseKind::kPlw); }, kForms},
+    {"pelion-output", kPlOutDialog, [] { return DatabaseOutput(DatabaseKind::kPelion); }, kForms},
+    {"pelion-output-plw", kPlOutDialog, [] { return DatabaseOutput(DatabaseKind::kPlw); }, kForms},
+    {"varos-input", kVrInDialog, [] { return DatabaseInput(DatabaseKind::kVaros); }, kForms},
+    {"varos-output", kVrOutDialog, [] { return DatabaseOutput(DatabaseKind::kVarosFacom); }, kForms},
     // What the commands of the databases open on their way.
     {"pelion-drives", kPlInDriveDialog, PelionDrives, kHasGrid},
     {"pelion-users", kPlInDriveDialog, PelionUsers, kHasGrid},

@@ -31,6 +31,7 @@ struct DialogFigures {
 };
 constexpr DialogFigures kSimple{1.3, 100, 1000};
 constexpr DialogFigures kSlower{1.5, 50, 200};  // many controls, or a file that is read
+constexpr DialogFigures kForms{1.2, 100, 200};  // long lists and many fields, but nothing to read
 // The bare grid has no guidance line, and neither marks, lines nor a current cell.
 constexpr DialogFigures kHasGrid{3.5, 30, 200};
 

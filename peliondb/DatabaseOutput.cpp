@@ -83,7 +83,6 @@ void DatabaseOutput::OnInit() {
     info_.dbMode = 0;
     info_.dbModelByName = 0;
     ModelChosen(0);
-    Item<Edit>(form_.drawingEdit).Enable(true);
     file_.Init();
 }
 
@@ -273,8 +272,9 @@ void DatabaseOutput::StoreText(char* field, std::size_t size, int editId) const 
 }
 
 void DatabaseOutput::Store() {
-    // The pattern of the models' names behind it stays.
-    WriteFixedText(info_.patternSlot.dbOutFileName, IsToFile() ? file_.InternalPath() : std::string());
+    // The pattern of the models' names behind it stays. A name that is not written to may be one that has no room.
+    const std::string file = file_.HasName() ? file_.InternalPath() : std::string();
+    if (!WriteFixedText(info_.patternSlot.dbOutFileName, file)) WriteFixedText(info_.patternSlot.dbOutFileName, "");
     StoreText(info_.plGroup, form_.groupEdit);
     StoreText(info_.plUser, form_.userEdit);
     StoreText(info_.dbDrawingName, form_.drawingEdit);

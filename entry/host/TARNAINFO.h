@@ -56,7 +56,7 @@ typedef struct TarnaDrawing {
 
 // Output has a pattern of model names in the second half of what is the file name of input.
 typedef struct TarnaModelPatternSlot {
-    char dbOutFileName[256];   // internal path form; "" when the drawings go into no file
+    char dbOutFileName[256];   // internal path form; "" when none is named
     char dbModelPattern[256];  // Shift-JIS, as typed
 } TarnaModelPatternSlot;
 

@@ -1,10 +1,12 @@
 #include "Demo.h"
 
-#include "driver/Driver.h"
+#include "driver/GridDriver.h"
 #include "driver/Picture.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
 #include "resources/dxfout/KrDxfOut.ids.h"
 #include "resources/dxfout/KrDxfOutParam.ids.h"
+#include "resources/grid.ids.h"
+#include "resources/peliondb/KrPlIn.ids.h"
 
 namespace kiro {
 namespace {
@@ -86,6 +88,22 @@ CallResult DemoExport(const std::wstring& drawing, const std::filesystem::path& 
             Click(dialog, IDOK);
             AgreeToQuestions();
         });
+}
+
+CallResult DemoDrawings(const std::wstring& dosFile, const std::filesystem::path& picture) {
+    return Drive([] { return CallExport(*FindExport("PlInputDlg"), Json::object()); },
+                 [&] {
+                     const HWND dialog = Settle();
+                     Click(dialog, kPlInSecondSourceRadio);
+                     Focus(dialog, kPlInFileEdit);
+                     Type(dialog, kPlInFileEdit, dosFile);
+                     Click(dialog, IDOK);
+                     const HWND list = Settle();
+                     if (list == dialog || IsBox(list)) throw Failure("the drawings are not listed");
+                     for (int row = 0; row < 2; ++row) Grid(list, kGrid).Click(row, 0);
+                     Picture(list, picture);
+                     Click(list, IDOK);
+                 });
 }
 
 }  // namespace kiro

@@ -14,4 +14,7 @@ CallResult DemoImport(const std::wstring& drawing, const std::filesystem::path& 
 // Exports picture 2 of the model in version 2010, which is chosen among the parameters; a picture of the export dialog.
 CallResult DemoExport(const std::wstring& drawing, const std::filesystem::path& picture);
 
+// Reads the first drawings of a DOS file of Pelion into new models; a picture of their list.
+CallResult DemoDrawings(const std::wstring& dosFile, const std::filesystem::path& picture);
+
 }  // namespace kiro

@@ -151,6 +151,10 @@ int RunDemo(const std::vector<std::wstring>& arguments) {
     };
     tell(kiro::DemoImport(arguments[1], picture));
     tell(kiro::DemoExport(L"平面図.dxf", std::filesystem::path(picture).replace_filename(L"demo-export.png")));
+    kiro::CallResult drawings =
+        kiro::DemoDrawings(L"pump.dos", std::filesystem::path(picture).replace_filename(L"demo-drawings.png"));
+    if (status == 0) status = drawings.exitStatus;
+    story.push_back(std::move(drawings.json));
     const std::string text = kiro::Print(story);
     std::fwrite(text.data(), 1, text.size(), stdout);
     return status;
