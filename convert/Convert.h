@@ -76,6 +76,8 @@ struct ImportSettings {
 int ReadDrawing(ByteSource& source, const ImportSettings& settings, ModelContent& content, Summary& summary);
 
 inline constexpr int kFirstVersion = 1, kLastVersion = 7;  // R13 to 2013, as DxfOutParamBlock counts
+inline constexpr const char* kVersionCodes[] = {"",       "AC1012", "AC1014", "AC1015",
+                                                "AC1018", "AC1021", "AC1024", "AC1027"};
 
 struct ExportSettings {
     DxfOutParamBlock params = {};

@@ -10,8 +10,6 @@ namespace convert {
 
 namespace {
 
-constexpr const char* kVersionCodes[] = {"", "AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027"};
-
 // What of a header is the drawing's own and means the same in every version.
 struct Variable {
     std::string_view name;
@@ -190,10 +188,6 @@ void DrawingFrame::BeginBlock(int block, const std::string& name, const std::str
     out_.PutNumber(70, ReadInteger(own(70, "0")).value_or(0) & kFlagsToKeep);
     for (const int code : {10, 20, 30}) out_.Put(code, own(code, "0.0"));
     out_.Put({{3, name}, {1, own(1, "")}});
-}
-
-void DrawingFrame::EndBlock(int block, const std::string& layer) {
-    PutPartOfBlock(block, "ENDBLK", layer, "AcDbBlockEnd");
 }
 
 // The dictionary that every drawing has, with the one of groups, which is empty.

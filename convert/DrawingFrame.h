@@ -16,7 +16,7 @@ class DrawingFrame {
     // block: index, or kModelSpace, kPaperSpace.
     std::uint64_t RecordOf(int block) const { return records_.at(block); }
     void BeginBlock(int block, const std::string& name, const std::string& layer, const PairRun* pairs);
-    void EndBlock(int block, const std::string& layer);
+    void EndBlock(int block, const std::string& layer) { PutPartOfBlock(block, "ENDBLK", layer, "AcDbBlockEnd"); }
     void PutObjects();
 
     static constexpr int kModelSpace = -1, kPaperSpace = -2;

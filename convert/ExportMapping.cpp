@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <iterator>
 
 #include "text/SlotText.h"
 
@@ -91,8 +90,9 @@ const std::string& ExportMapping::LayerOf(const Attributes& attributes, int pict
                                     : std::clamp<int>(attributes.itemClass, 0, kNumbers - 1);
     std::optional<std::string>& known = layerNames_[number];
     if (known) return *known;
-    known = byPicture_ ? LayerByPicture(number) : LayerByNumber(number);
+    known = byPicture_ ? NameFrom(SlotText(layerTable_->pictureLayer[number]), Encoding::kSjis) : LayerByNumber(number);
     if (known->empty()) known = "0";
+    if (byPicture_ && *known == "0") summary_.Note(Fate::kNumberNotInTable, "picture " + std::to_string(number));
     AddLayer(*known);
     return *known;
 }
@@ -111,12 +111,6 @@ std::string ExportMapping::LayerByNumber(int number) const {
     };
     if (name == "0" && std::any_of(content_.layers.begin(), content_.layers.end(), isOfNamed))
         summary_.Note(Fate::kNumberNotInTable, std::to_string(number));
-    return name;
-}
-
-std::string ExportMapping::LayerByPicture(int picture) const {
-    std::string name = NameFrom(SlotText(layerTable_->pictureLayer[picture]), Encoding::kSjis);
-    if (name.empty() || name == "0") summary_.Note(Fate::kNumberNotInTable, "picture " + std::to_string(picture));
     return name;
 }
 

@@ -16,11 +16,8 @@ namespace convert {
 inline constexpr int kVersion2000 = 3, kVersion2004 = 4, kVersion2007 = 5;
 
 struct LayerOut {
-    std::string name;
-    int color = 7;
-    std::string lineType = "Continuous";
-    int lineWidth = -3;
-    int flags = 0;
+    std::string name, lineType = "Continuous";
+    int color = 7, lineWidth = -3, flags = 0;
     bool off = false;
 };
 
@@ -54,7 +51,6 @@ class ExportMapping {
   private:
     std::string NameFrom(std::string_view name, Encoding encoding) const;
     std::string LayerByNumber(int number) const;
-    std::string LayerByPicture(int picture) const;
     void AddLayer(const std::string& name);
     void AddLineTypes();
 

@@ -35,16 +35,16 @@ void ImportMapping::Start() {
     const auto add = [](auto& map, std::string_view name, int value) {
         map.emplace(Folded(name, Encoding::kSjis), value);  // of two rows with one name the first counts
     };
-    if (layerTable_) {
-        const int count = revisions ? layerTable_->layerRevisionCount : layerTable_->layerClassCount;
+    const auto addLayers = [&](int count, const auto& names, const auto& numbers) {
         for (int i = 1; i <= std::min(count, kDxfInLayerSlots - 1); ++i) {
-            const int number = revisions ? layerTable_->layerRevision[i] : layerTable_->layerClass[i];
-            add(layerNumbers_,
-                revisions ? SlotText(layerTable_->layerRevisionName[i]) : SlotText(layerTable_->layerClassName[i]),
-                number);
-            numberIsTaken_[std::clamp(number, 0, kNumbers)] = true;
+            add(layerNumbers_, SlotText(names[i]), numbers[i]);
+            numberIsTaken_[std::clamp<int>(numbers[i], 0, kNumbers)] = true;
         }
-    }
+    };
+    if (const DxfInLayerTable* const table = layerTable_; table && revisions)
+        addLayers(table->layerRevisionCount, table->layerRevisionName, table->layerRevision);
+    else if (table)
+        addLayers(table->layerClassCount, table->layerClassName, table->layerClass);
     if (const DxfInLineTable* const table = typeTable_ ? typeTable_ : widthTable_) {
         for (int i = 0; i < std::min(table->lineTypeCount, kDxfInLineTypes); ++i) {
             add(typeRows_, SlotText(table->lineTypeName[i]), i);

@@ -1,8 +1,6 @@
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <new>
-#include <unordered_map>
 
 #include "convert/ImportMapping.h"
 #include "entry/host/kirodxf.h"
@@ -14,14 +12,13 @@ namespace convert {
 namespace {
 
 constexpr int kSubclassCode = 100, kFirstExtendedCode = 1000, kApplicationCode = 1001;
-constexpr const char* kVersions[] = {"AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027"};
 constexpr int kFirstUtf8 = 5, kNewer = 8;
 constexpr int kWidest = 10000;  // hundredths of a millimetre
 
 int VersionOf(std::string_view code) {
-    const auto* found = std::find(std::begin(kVersions), std::end(kVersions), code);
-    if (found != std::end(kVersions)) return 1 + static_cast<int>(found - kVersions);
-    return code > kVersions[std::size(kVersions) - 1] ? kNewer : 0;
+    const auto* found = std::find(std::begin(kVersionCodes), std::end(kVersionCodes), code);
+    if (found != std::end(kVersionCodes)) return static_cast<int>(found - kVersionCodes);
+    return code > kVersionCodes[kLastVersion] ? kNewer : 0;
 }
 
 int Integer(std::string_view text) { return ReadInteger(text).value_or(0); }
@@ -105,9 +102,8 @@ class Reader {
     Drawn drawn_;
     bool common_ = false;    // the pairs that all items have, before those of the item's own class
     bool extended_ = false;  // the data of applications, behind all others
-    bool inBlock_ = false, keepsBlock_ = false;
-    bool sawViews_ = false;
-    bool ownerIsHidden_ = false;
+    bool inBlock_ = false, keepsBlock_ = false, sawViews_ = false, ownerIsHidden_ = false;
+    int renamings_ = 0;
     char parts_ = 0;          // the item that is open takes: 'V' vertices, 'A' attributes
     bool dimension_ = false;  // its code 3 names a style
     bool names_ = false;      // its code 2 names a block
@@ -147,31 +143,18 @@ int Reader::BeginRecord() {
         kind_ = type == "SECTION" ? Kind::kHeader : Kind::kNone;
         return 0;
     }
-    switch (section_) {
-        case Section::kOutside:
-            return kDxfNoDrawing;
-        case Section::kHeader:
-            return kDxfBroken;
-        case Section::kTables:
-            table_ = type == "STYLE"      ? &styles_
-                     : type == "DIMSTYLE" ? &dimensionStyles_
-                     : type == "APPID"    ? &applications_
-                                          : nullptr;
-            kind_ = table_                                ? Kind::kEntry
-                    : type == "LAYER"                     ? Kind::kLayer
-                    : type == "LTYPE"                     ? Kind::kLineType
-                    : type == "TABLE" || type == "ENDTAB" ? Kind::kNone
-                                                          : Kind::kSkipped;
-            break;
-        case Section::kBlocks:
-            return BeginOfBlocks(type);
-        case Section::kEntities:
-            BeginItem(type);
-            break;
-        case Section::kOther:
-            kind_ = Kind::kSkipped;
-            break;
-    }
+    if (section_ == Section::kOutside) return kDxfNoDrawing;
+    if (section_ == Section::kHeader) return kDxfBroken;
+    if (section_ == Section::kBlocks) return BeginOfBlocks(type);
+    if (section_ == Section::kEntities) return BeginItem(type), 0;
+    table_ = type == "STYLE" ? &styles_ : type == "DIMSTYLE" ? &dimensionStyles_ : &applications_;
+    const bool named = type == "STYLE" || type == "DIMSTYLE" || type == "APPID";
+    kind_ = section_ != Section::kTables          ? Kind::kSkipped
+            : named                               ? Kind::kEntry
+            : type == "LAYER"                     ? Kind::kLayer
+            : type == "LTYPE"                     ? Kind::kLineType
+            : type == "TABLE" || type == "ENDTAB" ? Kind::kNone
+                                                  : Kind::kSkipped;
     if (kind_ == Kind::kSkipped) summary_.Note(Fate::kMadeAnew, std::string(type));
     return 0;
 }
@@ -262,31 +245,15 @@ void Reader::TakeDrawn(int code, std::string_view text) {
 }
 
 void Reader::TakeCommon(int code, std::string_view text) {
-    switch (code) {
-        case 8:
-            drawn_.layer = layers_.IndexOf(text);
-            break;
-        case 6: {
-            const std::string folded = Folded(text, content_.encoding);
-            drawn_.lineTypeFrom = folded == "BYLAYER" ? From::kLayer : folded == "BYBLOCK" ? From::kBlock : From::kItem;
-            drawn_.lineType = drawn_.lineTypeFrom == From::kItem ? lineTypes_.IndexOf(text) : -1;
-            break;
-        }
-        case 62: {
-            const int color = Integer(text);
-            drawn_.color = color >= 0 && color <= kByLayer ? color : kByLayer;
-            break;
-        }
-        case 370:
-            drawn_.lineWidth = std::clamp(Integer(text), -3, kWidest);
-            break;
-        case 60:
-            item_.hidden = Integer(text) != 0;
-            break;
-        case 67:
-            item_.paper = Integer(text) != 0;
-            break;
-    }
+    if (code == 8) drawn_.layer = layers_.IndexOf(text);
+    if (code == 62) drawn_.color = ReadInteger(text, kByBlock, kByLayer).value_or(kByLayer);
+    if (code == 370) drawn_.lineWidth = std::clamp(Integer(text), -3, kWidest);
+    if (code == 60) item_.hidden = Integer(text) != 0;
+    if (code == 67) item_.paper = Integer(text) != 0;
+    if (code != 6) return;
+    const std::string folded = Folded(text, content_.encoding);
+    drawn_.lineTypeFrom = folded == "BYLAYER" ? From::kLayer : folded == "BYBLOCK" ? From::kBlock : From::kItem;
+    drawn_.lineType = drawn_.lineTypeFrom == From::kItem ? lineTypes_.IndexOf(text) : -1;
 }
 
 int Reader::EndRecord() {
@@ -307,7 +274,7 @@ int Reader::EndRecord() {
 void Reader::EndBlock() {
     std::string name = name_;
     if (blocks_.Has(name) && !IsSpace(name) && name.starts_with('*')) {
-        for (int i = 1; blocks_.Has(name); ++i) name = name_.substr(0, 2) + std::to_string(i);
+        while (blocks_.Has(name)) name = name_.substr(0, 2) + std::to_string(++renamings_);
         renamed_[Folded(name_, content_.encoding)] = name;
     }
     keepsBlock_ = blocks_.Has(name) && !IsSpace(name);
