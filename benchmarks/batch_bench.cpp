@@ -34,6 +34,7 @@ constexpr int kFew = 50;
 constexpr int kHalf = 2500;
 constexpr int kMany = 5000;
 constexpr int kConverted = 100;
+constexpr int kSmallDrawing = 1000;  // lines; some 50 KB
 constexpr int kVersionColumn = 3;
 constexpr double kKeyLimit = 50;  // milliseconds: what a user does not notice
 
@@ -41,10 +42,10 @@ void Require(bool holds, const char* what) {
     if (!holds) throw Failure(what);
 }
 
-std::string SmallDrawing() {
+std::string Drawing(int lines) {
     std::string text =
         "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1015\n  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n";
-    for (int i = 0; i < 100; ++i) text += "  0\nLINE\n  8\nWALLS\n 10\n0.0\n 20\n0.0\n 11\n1.0\n 21\n2.0\n";
+    for (int i = 0; i < lines; ++i) text += "  0\nLINE\n  8\nWALLS\n 10\n0.0\n 20\n0.0\n 11\n1.0\n 21\n2.0\n";
     return text + "  0\nENDSEC\n  0\nEOF\n";
 }
 
@@ -54,7 +55,7 @@ class Bench {
         WriteDrawings(L"FEW", kFew);
         WriteDrawings(L"HALF", kHalf);
         WriteDrawings(L"MANY", kMany);
-        WriteDrawings(L"RUN", kConverted);
+        WriteDrawings(L"RUN", kConverted, kSmallDrawing);
     }
 
     // From the button "一覧" to the painted list, and its end in the middle of the reading.
@@ -116,10 +117,10 @@ class Bench {
     }
 
   private:
-    void WriteDrawings(const wchar_t* folder, int count) const {
+    void WriteDrawings(const wchar_t* folder, int count, int lines = 1) const {
         const auto path = host_.Home() / L"DXF" / folder;
         std::filesystem::create_directories(path);
-        const std::string text = SmallDrawing();
+        const std::string text = Drawing(lines);
         for (int i = 0; i < count; ++i)
             std::ofstream(path / (L"図面" + std::to_wstring(i) + L".dxf"), std::ios::binary) << text;
     }
