@@ -1,18 +1,13 @@
 // What a drawing has around its items: header, tables, the heads of blocks, objects.
 #pragma once
 
-#include <cstdint>
-#include <map>
-#include <string>
-
 #include "convert/ExportMapping.h"
-#include "convert/PairOutput.h"
 
 namespace convert {
 
 class DrawingFrame {
   public:
-    DrawingFrame(const ModelContent& content, ExportMapping& mapping, int version, PairOutput& out)
+    DrawingFrame(const ModelContent& content, ExportMapping& mapping, int version, DxfWriter& out)
         : content_(content), mapping_(mapping), version_(version), out_(out) {}
 
     std::uint64_t NewHandle() { return next_++; }
@@ -27,20 +22,22 @@ class DrawingFrame {
     static constexpr int kModelSpace = -1, kPaperSpace = -2;
 
   private:
-    void BeginTable(const char* name, std::size_t count);
-    void BeginEntry(const char* type, const char* marker, const std::string& name, int flags);
-    void PutLineType(const char* name, const LineTypeOut& type);
+    void BeginTable(std::string_view name, std::size_t count);
+    void BeginEntry(std::string_view type, std::string_view marker, std::string_view name, int flags);
+    void PutPartOfBlock(int block, std::string_view type, std::string_view layer, std::string_view marker);
+    void PutLineType(const LineTypeOut& type);
+    void PutLayer(const LayerOut& layer);
     void PutStyle(const Entry& style);
     void PutDimensionStyle(const Entry& style);
+    void PutBlockRecords();
 
     const ModelContent& content_;
     ExportMapping& mapping_;
     int version_;
-    PairOutput& out_;
-    std::uint64_t next_ = 0x20;
-    std::uint64_t table_ = 0;
+    DxfWriter& out_;
+    std::uint64_t next_ = 0x20, table_ = 0;
     std::map<int, std::uint64_t> records_;
-    std::map<std::string, std::uint64_t> styleHandles_;  // by those of the drawing
+    std::map<std::string, std::uint64_t, std::less<>> styleHandles_;  // by those of the drawing
 };
 
 }  // namespace convert

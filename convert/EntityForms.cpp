@@ -56,12 +56,12 @@ constexpr CodeRange kCodeRanges[] = {
     {"VIEWPORT", 36, 37, k2000},   {"VIEWPORT", 42, 59, k2000},
 };
 
+bool Precedes(const EntityForm& form, std::string_view type) { return form.type < type; }
+
 }  // namespace
 
 const EntityForm* FormOf(std::string_view type) {
-    const auto* found =
-        std::lower_bound(std::begin(kForms), std::end(kForms), type,
-                         [](const EntityForm& form, std::string_view name) { return form.type < name; });
+    const auto* found = std::lower_bound(std::begin(kForms), std::end(kForms), type, Precedes);
     return found != std::end(kForms) && found->type == type ? found : nullptr;
 }
 
@@ -92,12 +92,17 @@ void SubclassesByFlags(std::string_view type, int flags, SubclassForm (&subclass
     }
 }
 
-bool HasCode(const char* codes, int code) {
-    char text[16] = ",";
-    char* const end = std::to_chars(text + 1, text + sizeof text - 1, code).ptr;
-    *end = ',';
-    return std::string_view(codes).find(std::string_view(text, static_cast<std::size_t>(end + 1 - text))) !=
-           std::string_view::npos;
+int SubclassOf(const SubclassForm (&subclasses)[3], int code) {
+    char digits[16] = ",";
+    *std::to_chars(digits + 1, digits + sizeof digits - 1, code).ptr = ',';
+    int rest = -1;
+    for (int i = 0; i < 3 && subclasses[i].marker; ++i) {
+        if (!subclasses[i].codes)
+            rest = i;
+        else if (std::string_view(subclasses[i].codes).find(digits) != std::string_view::npos)
+            return i;
+    }
+    return rest;
 }
 
 int FirstVersionOf(std::string_view type, int code) {

@@ -24,7 +24,8 @@ const EntityForm* FormOf(std::string_view type);
 // The markers of the kinds whose classes go by their flags (code 70; of an INSERT: 1 when it is an array).
 void SubclassesByFlags(std::string_view type, int flags, SubclassForm (&subclasses)[3]);
 
-bool HasCode(const char* codes, int code);
+// To which of the classes the code belongs; -1: none.
+int SubclassOf(const SubclassForm (&subclasses)[3], int code);
 
 // The first version that has a pair with that code in an item of that type.
 int FirstVersionOf(std::string_view type, int code);

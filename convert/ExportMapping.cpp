@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <iterator>
 
-#include "dxfin_tables/DxfInLineTable.h"
 #include "text/SlotText.h"
 
 namespace convert {
@@ -85,46 +84,39 @@ std::string ExportMapping::NameFrom(std::string_view name, Encoding encoding) co
 // ---- Layers ----
 
 const std::string& ExportMapping::LayerOf(const Attributes& attributes, int picture) {
-    if (byPicture_) return LayerByPicture(picture);
-    return LayerByNumber(revisions_, revisions_ ? attributes.revision : attributes.itemClass);
+    // What lies in a layout itself and in none of its pictures has the layer of the drawing frame.
+    const int number = byPicture_   ? (picture > 0 ? std::min(picture, kDxfOutFrame) : kDxfOutFrame)
+                       : revisions_ ? std::clamp<int>(attributes.revision, 0, kNumbers - 1)
+                                    : std::clamp<int>(attributes.itemClass, 0, kNumbers - 1);
+    std::optional<std::string>& known = layerNames_[number];
+    if (known) return *known;
+    known = byPicture_ ? LayerByPicture(number) : LayerByNumber(number);
+    if (known->empty()) known = "0";
+    AddLayer(*known);
+    return *known;
 }
 
-const std::string& ExportMapping::LayerByNumber(bool revision, int number) {
-    number = std::clamp(number, 0, kNumbers - 1);
-    std::optional<std::string>& known = layerNames_[revision][number];
-    if (known) return *known;
-    const std::string& own = (revision ? content_.revisionNames : content_.classNames)[number];
-    if (layerTable_) {
-        known = NameFrom(
-            revision ? SlotText(layerTable_->revisionLayer[number]) : SlotText(layerTable_->classLayer[number]),
-            Encoding::kSjis);
-        if (*known == "0" && IsOfNamedLayer(revision, number))
-            summary_.Note(Fate::kNumberNotInTable, std::to_string(number));
-    } else {
-        known = own.empty() ? std::to_string(number) : Name(own);
+std::string ExportMapping::LayerByNumber(int number) const {
+    if (!layerTable_) {
+        const std::string& own = (revisions_ ? content_.revisionNames : content_.classNames)[number];
+        return own.empty() ? std::to_string(number) : Name(own);
     }
-    if (known->empty()) known = "0";
-    AddLayer(*known);
-    return *known;
+    std::string name =
+        NameFrom(revisions_ ? SlotText(layerTable_->revisionLayer[number]) : SlotText(layerTable_->classLayer[number]),
+                 Encoding::kSjis);
+    // "0" is what the table has for numbers that it does not name.
+    const auto isOfNamed = [&](const Layer& layer) {
+        return (revisions_ ? layer.revision : layer.itemClass) == number && layer.name != "0";
+    };
+    if (name == "0" && std::any_of(content_.layers.begin(), content_.layers.end(), isOfNamed))
+        summary_.Note(Fate::kNumberNotInTable, std::to_string(number));
+    return name;
 }
 
-// "0" is what the table has for numbers that it does not name.
-bool ExportMapping::IsOfNamedLayer(bool revision, int number) const {
-    return std::any_of(content_.layers.begin(), content_.layers.end(), [&](const Layer& layer) {
-        return (revision ? layer.revision : layer.itemClass) == number && layer.name != "0";
-    });
-}
-
-// What lies in a layout itself and in none of its pictures has the layer of the drawing frame.
-const std::string& ExportMapping::LayerByPicture(int picture) {
-    const int number = picture > 0 ? std::min(picture, kDxfOutFrame) : kDxfOutFrame;
-    std::optional<std::string>& known = layerNames_[0][number];
-    if (known) return *known;
-    known = NameFrom(SlotText(layerTable_->pictureLayer[number]), Encoding::kSjis);
-    if (known->empty()) known = "0";
-    if (*known == "0") summary_.Note(Fate::kNumberNotInTable, "picture " + std::to_string(number));
-    AddLayer(*known);
-    return *known;
+std::string ExportMapping::LayerByPicture(int picture) const {
+    std::string name = NameFrom(SlotText(layerTable_->pictureLayer[picture]), Encoding::kSjis);
+    if (name.empty() || name == "0") summary_.Note(Fate::kNumberNotInTable, "picture " + std::to_string(picture));
+    return name;
 }
 
 void ExportMapping::AddLayer(const std::string& name) {

@@ -7,28 +7,13 @@
 // own, and a colour that is not "by layer".
 #pragma once
 
-#include <map>
 #include <optional>
-#include <string>
-#include <string_view>
 
-#include "convert/ModelContent.h"
-#include "convert/Summary.h"
-#include "dxfout_tables/DxfOutLayerTable.h"
-#include "dxfout_tables/DxfOutLineTable.h"
-#include "entry/host/ParamBlocks.h"
+#include "convert/Convert.h"
 
 namespace convert {
 
-inline constexpr int kFirstVersion = 1, kLastVersion = 7;  // R13 to 2013, as DxfOutParamBlock counts
 inline constexpr int kVersion2000 = 3, kVersion2004 = 4, kVersion2007 = 5;
-
-struct ExportSettings {
-    DxfOutParamBlock params = {};
-    const DxfOutLayerTable* layers = nullptr;  // null: automatic
-    const DxfOutLineTable* lines = nullptr;
-    Unicode unicode = {};
-};
 
 struct LayerOut {
     std::string name;
@@ -40,8 +25,7 @@ struct LayerOut {
 };
 
 struct LineTypeOut {
-    std::string name;
-    std::string comment;
+    std::string name, comment;
     std::vector<double> pitches;
 };
 
@@ -69,9 +53,8 @@ class ExportMapping {
 
   private:
     std::string NameFrom(std::string_view name, Encoding encoding) const;
-    const std::string& LayerByNumber(bool revision, int number);
-    const std::string& LayerByPicture(int picture);
-    bool IsOfNamedLayer(bool revision, int number) const;
+    std::string LayerByNumber(int number) const;
+    std::string LayerByPicture(int picture) const;
     void AddLayer(const std::string& name);
     void AddLineTypes();
 
@@ -82,9 +65,8 @@ class ExportMapping {
     const DxfOutLineTable* lineTable_;
     int version_;
     Encoding encoding_;
-    bool revisions_;
-    bool byPicture_;
-    std::optional<std::string> layerNames_[2][kNumbers + 1];
+    bool revisions_, byPicture_;
+    std::optional<std::string> layerNames_[kNumbers + 1];
     std::map<std::string, LayerOut> layers_;
     std::map<std::string, LineTypeOut> lineTypes_;
     std::string fontNames_[kFonts];

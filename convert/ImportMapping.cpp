@@ -13,14 +13,7 @@ namespace {
 
 constexpr int kLastNumber = kNumbers - 1;
 constexpr const char* kHostLineTypes[] = {"CONTINUOUS", "DASHED", "CENTER", "PHANTOM"};
-
-enum Words : int {
-    kLayersByTable = 2,
-    kTypesByTable = 2,
-    kWidthsByColor = 1,
-    kByTable = 2,
-    kColorAsSeen = 1
-};  // of the parameters
+constexpr int kByTable = 2, kByColor = 1, kAsSeen = 1;  // words of the parameters
 
 }  // namespace
 
@@ -36,13 +29,13 @@ ImportMapping::ImportMapping(const ImportSettings& settings, ModelContent& conte
 // Once the drawing's encoding is known.
 void ImportMapping::Start() {
     started_ = true;
-    layersAreRevisions_ = layerTable_ ? layerTable_->layerSwitch != 0 : settings_.params.layerTarget != 0;
-    content_.layersAreRevisions = layersAreRevisions_;
+    const bool revisions = layerTable_ ? layerTable_->layerSwitch != 0 : settings_.params.layerTarget != 0;
+    content_.layersAreRevisions = revisions;
+    if (revisions) number_ = &Layer::revision;
     const auto add = [](auto& map, std::string_view name, int value) {
         map.emplace(Folded(name, Encoding::kSjis), value);  // of two rows with one name the first counts
     };
     if (layerTable_) {
-        const bool revisions = layersAreRevisions_;
         const int count = revisions ? layerTable_->layerRevisionCount : layerTable_->layerClassCount;
         for (int i = 1; i <= std::min(count, kDxfInLayerSlots - 1); ++i) {
             const int number = revisions ? layerTable_->layerRevision[i] : layerTable_->layerClass[i];
@@ -58,6 +51,10 @@ void ImportMapping::Start() {
             if (typeTable_) fontIsTaken_[std::clamp(table->lineTypes[i].lineFont, 0, kFonts)] = true;
         }
     }
+    for (const Layer& layer : content_.layers) numberIsTaken_[layer.*number_] = true;
+    for (int font = 1; font < kFonts; ++font) fontIsTaken_[font] |= content_.fontLineType[font] != 0;
+    for (int weight = 1; weight < kWeights; ++weight)
+        if (content_.weightWidth[weight]) weights_.emplace(content_.weightWidth[weight] - 1, weight);
 }
 
 std::string ImportMapping::TableName(std::string_view name) const {
@@ -76,18 +73,19 @@ void ImportMapping::Note(Fate fate, std::string_view detail, int number) {
 
 void ImportMapping::AssignLayers() {
     if (!started_) Start();
-    while (assigned_ < content_.layers.size()) AssignLayer(content_.layers[assigned_++]);
+    for (; assigned_ < content_.layers.size(); ++assigned_)
+        if (content_.layers[assigned_].*number_ == 0) AssignLayer(content_.layers[assigned_]);
 }
 
 void ImportMapping::AssignLayer(Layer& layer) {
+    const bool revisions = content_.layersAreRevisions;
     int number = 0;
     Fate fate = Fate::kLayerByTable;
-    const auto row = layerNumbers_.find(TableName(layer.name));
-    if (row != layerNumbers_.end()) {
+    if (const auto row = layerNumbers_.find(TableName(layer.name)); row != layerNumbers_.end()) {
         number = row->second;
-    } else if (layerTable_ && settings_.params.layerConversion == kLayersByTable) {
+    } else if (layerTable_ && settings_.params.layerConversion == kByTable) {
         fate = Fate::kLayerNotInTable;
-        number = layersAreRevisions_ ? layerTable_->layerRevision[0] : layerTable_->layerClass[0];
+        number = revisions ? layerTable_->layerRevision[0] : layerTable_->layerClass[0];
     } else {
         while (nextNumber_ < kLastNumber && numberIsTaken_[nextNumber_]) ++nextNumber_;
         fate = nextNumber_ < kNumbers ? Fate::kLayerAutomatic : Fate::kLayersMerged;
@@ -95,8 +93,8 @@ void ImportMapping::AssignLayer(Layer& layer) {
     }
     number = std::clamp(number, 1, kLastNumber);
     Note(fate, layer.name, number);
-    (layersAreRevisions_ ? layer.revision : layer.itemClass) = number;
-    std::string& name = (layersAreRevisions_ ? content_.revisionNames : content_.classNames)[number];
+    layer.*number_ = number;
+    std::string& name = (revisions ? content_.revisionNames : content_.classNames)[number];
     if (settings_.params.convertLayerNames && name.empty()) name = layer.name;
 }
 
@@ -115,21 +113,25 @@ int ImportMapping::AssignFont(int lineType) {
     const std::string folded = TableName(name);
     const auto row = typeRows_.find(folded);
     const auto* known = std::find(std::begin(kHostLineTypes), std::end(kHostLineTypes), folded);
+    const int* same = std::find(std::begin(content_.fontLineType), std::end(content_.fontLineType), lineType + 1);
     int font = 1;
-    Fate fate = Fate::kLineTypeByTable;
+    Fate fate = Fate::kLineTypeAutomatic;
     if (typeTable_ && row != typeRows_.end()) {
-        font = typeTable_->lineTypes[row->second].lineFont;
-    } else if (typeTable_ && settings_.params.lineTypeConversion == kTypesByTable) {
+        fate = Fate::kLineTypeByTable;
+        font = std::clamp(typeTable_->lineTypes[row->second].lineFont, 1, kFonts - 1);
+    } else if (typeTable_ && settings_.params.lineTypeConversion == kByTable) {
         fate = Fate::kLineTypeNotInTable;
     } else if (known != std::end(kHostLineTypes)) {
         font = 1 + static_cast<int>(known - kHostLineTypes);
-        fate = Fate::kLineTypeAutomatic;
+    } else if (same != std::end(content_.fontLineType)) {
+        font = static_cast<int>(same - content_.fontLineType);
     } else {
         while (nextFont_ < kFonts && fontIsTaken_[nextFont_]) ++nextFont_;
-        fate = nextFont_ < kFonts ? Fate::kLineTypeAutomatic : Fate::kLineTypesMerged;
-        font = nextFont_ < kFonts ? nextFont_++ : 1;
+        if (nextFont_ < kFonts)
+            font = nextFont_++;
+        else
+            fate = Fate::kLineTypesMerged;
     }
-    font = std::clamp(font, 1, kFonts - 1);
     Note(fate, name, font);
     if (content_.fontLineType[font] == 0) content_.fontLineType[font] = lineType + 1;
     return font;
@@ -141,7 +143,7 @@ int ImportMapping::WeightOf(const Drawn& drawn, int lineType, int color, From& f
     int width = drawn.lineWidth;
     from = width == -1 ? From::kLayer : width == -2 ? From::kBlock : width < 0 ? From::kDefault : From::kItem;
     if (from == From::kLayer) width = content_.layers[static_cast<std::size_t>(drawn.layer)].lineWidth;
-    if (settings_.params.lineWidthConversion == kWidthsByColor)
+    if (settings_.params.lineWidthConversion == kByColor)
         return color >= 1 && color < kWeights ? color : defaultWeight_;
     if (!widthTable_) return width >= 0 ? AutomaticWeight(width) : defaultWeight_;
     const DxfInLineTable& table = *widthTable_;
@@ -151,18 +153,15 @@ int ImportMapping::WeightOf(const Drawn& drawn, int lineType, int color, From& f
                 return table.polyWidthWeight[i];
     if (table.widWidthSwitch && width >= 0) return WeightOfWidth(width);
     if (table.colWidthSwitch && color < kDxfInWeightColors) return table.colorWeight[color];
-    const auto row = lineType >= 0
-                         ? typeRows_.find(TableName(content_.lineTypes[static_cast<std::size_t>(lineType)].name))
-                         : typeRows_.find(kHostLineTypes[0]);
+    const auto row = typeRows_.find(
+        lineType >= 0 ? TableName(content_.lineTypes[static_cast<std::size_t>(lineType)].name) : kHostLineTypes[0]);
     return row != typeRows_.end() ? table.lineTypes[row->second].lineWeight : defaultWeight_;
 }
 
 int ImportMapping::WeightOfWidth(int width) {
-    const auto* known = std::find_if(std::begin(kDxfInLineWidths), std::end(kDxfInLineWidths),
-                                     [width](double value) { return std::lround(value * 100) == width; });
-    const auto index = known - std::begin(kDxfInLineWidths);
-    if (known != std::end(kDxfInLineWidths) && widthTable_->lineWidthWeight[index] > 0)
-        return widthTable_->lineWidthWeight[index];
+    for (std::size_t i = 0; i < std::size(kDxfInLineWidths); ++i)
+        if (std::lround(kDxfInLineWidths[i] * 100) == width && widthTable_->lineWidthWeight[i] > 0)
+            return widthTable_->lineWidthWeight[i];
     Note(Fate::kWidthNotAssigned, Formatted("%4.2f", width / 100.0));
     return defaultWeight_;
 }
@@ -170,7 +169,8 @@ int ImportMapping::WeightOfWidth(int width) {
 int ImportMapping::AutomaticWeight(int width) {
     const auto [row, isNew] = weights_.emplace(width, defaultWeight_);
     if (!isNew) return row->second;
-    if (nextWeight_ == defaultWeight_) ++nextWeight_;
+    while (nextWeight_ < kWeights && (nextWeight_ == defaultWeight_ || content_.weightWidth[nextWeight_]))
+        ++nextWeight_;
     if (nextWeight_ < kWeights)
         row->second = nextWeight_++;
     else
@@ -184,16 +184,17 @@ Attributes ImportMapping::Map(const Drawn& drawn) {
     AssignLayers();
     const Layer& layer = content_.layers[static_cast<std::size_t>(drawn.layer)];
     const DxfInParamBlock& params = settings_.params;
+    const bool revisions = content_.layersAreRevisions;
     const int seen = drawn.color == kByLayer ? layer.color : drawn.color;
     const int lineType = drawn.lineTypeFrom == From::kLayer ? layer.lineType : drawn.lineType;
     Attributes result;
     result.layer = drawn.layer;
     int number = 1;
     if (params.colorConversion == kByTable && settings_.layers)
-        number = layersAreRevisions_ ? settings_.layers->colorClass[seen] : settings_.layers->colorRevision[seen];
-    result.itemClass = static_cast<std::int16_t>(layersAreRevisions_ ? number : layer.itemClass);
-    result.revision = static_cast<std::int16_t>(layersAreRevisions_ ? layer.revision : number);
-    result.color = static_cast<std::int16_t>(params.colorConversion >= kColorAsSeen ? seen : drawn.color);
+        number = revisions ? settings_.layers->colorClass[seen] : settings_.layers->colorRevision[seen];
+    result.itemClass = static_cast<std::int16_t>(revisions ? number : layer.itemClass);
+    result.revision = static_cast<std::int16_t>(revisions ? layer.revision : number);
+    result.color = static_cast<std::int16_t>(params.colorConversion >= kAsSeen ? seen : drawn.color);
     result.font = static_cast<std::uint8_t>(FontOf(lineType));
     result.fontFrom = drawn.lineTypeFrom;
     const int weight = std::clamp(WeightOf(drawn, lineType, seen, result.weightFrom), 1, kWeights - 1);

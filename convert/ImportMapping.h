@@ -11,28 +11,16 @@
 // - Line widths: 1 gives every width of the drawing a line weight, in the order in which they are met: 1, 2, 3 ...
 //   without the default one, which has what has no width and what comes after 16. 2 takes the colour: 1 to 16 are the
 //   line weights of these numbers, all others have the default one.
-// Names are compared without regard to the case of ASCII letters, and without blanks, which tables cannot hold.
+// What the model has already keeps its numbers, and what is new takes others. Names are compared without regard to the
+// case of ASCII letters, and without blanks, which tables cannot hold.
 #pragma once
 
 #include <string_view>
 #include <unordered_map>
 
-#include "convert/ModelContent.h"
-#include "convert/Summary.h"
-#include "dxfin_tables/DxfInLayerTable.h"
-#include "dxfin_tables/DxfInLineTable.h"
-#include "entry/host/ParamBlocks.h"
+#include "convert/Convert.h"
 
 namespace convert {
-
-struct ImportSettings {
-    DxfInParamBlock params = {};
-    const DxfInLayerTable* layers = nullptr;  // null: where a table is to be used, the conversion is automatic
-    const DxfInLineTable* lines = nullptr;
-    int pictureNumber = 1;  // -256 to 256
-    double scale = 1.0;     // of the picture: what is in the drawing keeps its coordinates
-    Unicode unicode = {};
-};
 
 // An item's attributes as they are drawn.
 struct Drawn {
@@ -67,16 +55,14 @@ class ImportMapping {
     const DxfInLayerTable* layerTable_;  // null: automatic
     const DxfInLineTable* typeTable_;
     const DxfInLineTable* widthTable_;
-    bool started_ = false;
-    bool layersAreRevisions_ = false;
     int defaultWeight_;
+    int Layer::*number_ = &Layer::itemClass;  // what layers become
+    bool started_ = false;
     std::unordered_map<std::string, int> layerNumbers_, typeRows_;
     bool numberIsTaken_[kNumbers + 1] = {};
     bool fontIsTaken_[kFonts + 1] = {true, true, true, true, true};
     std::size_t assigned_ = 0;
-    int nextNumber_ = 1;
-    int nextFont_ = 5;
-    int nextWeight_ = 1;
+    int nextNumber_ = 1, nextFont_ = 5, nextWeight_ = 1;
     std::vector<int> fonts_;  // by line type; 0: not assigned yet
     std::unordered_map<int, int> weights_;
 };

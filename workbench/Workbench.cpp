@@ -4,6 +4,7 @@
 #include <string>
 
 #include "CallWatch.h"
+#include "HostConversion.h"
 #include "WorkbenchMenu.h"
 #include "hostlayer/include/KiroHost.h"
 
@@ -293,7 +294,10 @@ void Workbench::CallShown() {
     calling_ = true;
     const std::string text = Utf8FromWide(Text(panes_[kBefore]));
     try {
-        Call(*shown_, Json::parse(text));
+        const CallResult result = Call(*shown_, Json::parse(text));
+        if (const auto conversion = ConvertAsHost(result))
+            Note(Text(panes_[kMessages]) + L"変換: " + WideFromUtf8((*conversion)["message"].get<std::string>()) +
+                 L"\r\n");
     } catch (const Json::parse_error& error) {
         PointAtError(text, error.byte);
     } catch (const std::exception& error) {

@@ -3,9 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "convert/ExportMapping.h"
-#include "convert/ImportMapping.h"
-#include "convert/PairOutput.h"
+#include "convert/Convert.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirodxf.h"
 #include "hostlayer/kirobc/Guarded.h"
@@ -85,7 +83,7 @@ int Import(const char* path, const TARNAINFO* info) {
 
 // ---- Export ----
 
-class MemorySink final : public convert::ByteSink {
+class MemorySink final : public ByteSink {
   public:
     bool Write(std::string_view more) override {
         bytes.append(more);

@@ -52,9 +52,8 @@ class KeptParams {
         return kirobc::Guarded(kFailure, [=, this] { return params && ReadKept(*params) ? kSuccess : kFailure; });
     }
 
-    // Those of the next conversion: those given last, else the kept ones.
-    Block Current() const {
-        Block params = params_.value_or(Block{});
+    Block Current(const Block& otherwise) const {
+        Block params = params_.value_or(otherwise);
         if (!params_) Read(&params);
         return params;
     }
@@ -126,6 +125,10 @@ void d161907cnsout() { NoteCall("d161907cnsout", {}); }
 
 int DxfOutReadParam(DxfOutParamBlock* params) { return exportParams.Read(params); }
 
-DxfInParamBlock CurrentImportParams() { return importParams.Current(); }
+DxfInParamBlock CurrentImportParams() { return importParams.Current({}); }
 
-DxfOutParamBlock CurrentExportParams() { return exportParams.Current(); }
+DxfOutParamBlock CurrentExportParams() {
+    DxfOutParamBlock newest{};
+    newest.outputVersion = 7;
+    return exportParams.Current(newest);
+}

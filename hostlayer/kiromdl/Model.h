@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "convert/ModelContent.h"
+#include "hostlayer/kiromdl/ModelContent.h"
 
 constexpr int kPictures = 256;  // numbered from 1
 constexpr int kLayouts = 256;   // the same

@@ -5,8 +5,7 @@
 #include "Model.h"
 #include "ModelFacts.h"
 #include "ModelText.h"
-#include "convert/ReadDrawing.h"
-#include "convert/WriteDrawing.h"
+#include "convert/Convert.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirodxf.h"
 #include "hostlayer/kirobc/EucCodec.h"
@@ -154,7 +153,7 @@ int KiroModelImport(ByteSource* source, convert::ImportSettings* settings, int a
     });
 }
 
-int KiroModelExport(convert::ByteSink* sink, convert::ExportSettings* settings, int layout, int picture) {
+int KiroModelExport(ByteSink* sink, convert::ExportSettings* settings, int layout, int picture) {
     return kirobc::Guarded(static_cast<int>(kDxfNoMemory), [=]() -> int {
         Model& model = ActiveModel();
         TakeEdits(model);

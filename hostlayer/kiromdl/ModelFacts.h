@@ -3,9 +3,9 @@
 
 #include "entry/host/kiromdl.h"
 
+class ByteSink;
 class ByteSource;
 namespace convert {
-class ByteSink;
 struct ExportSettings;
 struct ImportSettings;
 }  // namespace convert
@@ -25,7 +25,7 @@ KIROMDL_API int KiroModelWriterError(int layout, int picture);
 // drawing. 0, or an error code (entry/host/kirodxf.h); after one the model is as it was. The settings' characters are
 // set here.
 KIROMDL_API int KiroModelImport(ByteSource* source, convert::ImportSettings* settings, int add);
-KIROMDL_API int KiroModelExport(convert::ByteSink* sink, convert::ExportSettings* settings, int layout, int picture);
+KIROMDL_API int KiroModelExport(ByteSink* sink, convert::ExportSettings* settings, int layout, int picture);
 KIROMDL_API int KiroModelInit(int option);  // of SxfModelInit
 
 // The model's own wording of a host message, Shift-JIS; null when it has none.

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "convert/ModelContent.h"
+#include "hostlayer/kiromdl/ModelContent.h"
 
 std::string FormatModelContent(const convert::ModelContent& content);
 // False, and what is in content then is of no use, when the bytes are not exactly what can come of a content.

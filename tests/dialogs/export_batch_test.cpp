@@ -4,6 +4,7 @@
 #include "dxfout/KrDxfOutFiles.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/ParamBlocks.h"
+#include "entry/host/kirodxf.h"
 #include "resources/dxfout/KrDxfOutAll.ids.h"
 #include "resources/dxfout/KrDxfOutFiles.ids.h"
 #include "resources/grid.ids.h"
@@ -30,16 +31,17 @@ class Batch : public CommandHost {
         info.output.exportParams = &params;
         WriteFixedText(info.output.layerTableFileName, "C:\\\x95\x5C");
         KiroHostObserveCalls(
-            [](void* told, const KiroHostCall* call) {
+            [](void* batch, const KiroHostCall* call) {
                 std::string text = call->name;
                 for (std::size_t i = 0; i < call->count; ++i) {
                     const KiroHostValue& value = call->arguments[i];
                     text += value.kind == kKiroHostText ? std::string(" ") + static_cast<const char*>(value.pointer)
                                                         : " " + std::to_string(value.integer);
                 }
-                static_cast<std::vector<std::string>*>(told)->push_back(text);
+                static_cast<Batch*>(batch)->calls.push_back(text);
+                if (static_cast<Batch*>(batch)->onCall) static_cast<Batch*>(batch)->onCall(call);
             },
-            &calls);
+            this);
     }
     ~Batch() override { KiroHostObserveCalls(nullptr, nullptr); }
 
@@ -68,6 +70,7 @@ class Batch : public CommandHost {
     TARNAINFO info;
     DxfOutParamBlock params{};
     std::vector<std::string> calls;
+    std::function<void(const KiroHostCall*)> onCall;
     std::string summary;
 };
 
@@ -135,7 +138,7 @@ TEST_F(Batch, RefusesNamesThatAreNoneOrTheSame) {
     });
     EXPECT_EQ(IDCANCEL, result);
     EXPECT_EQ("", summary);
-    EXPECT_EQ(std::vector<std::string>{"setdxfottblnam C:\\\x95\x5C"}, calls);
+    EXPECT_EQ((std::vector<std::string>{"setdxfottblnam C:\\\x95\x5C", "setdxfotparam 0"}), calls);
 }
 
 TEST_F(Batch, GoesThroughTheMarkedRowsAndAsksAfterAFailure) {
@@ -154,9 +157,53 @@ TEST_F(Batch, GoesThroughTheMarkedRowsAndAsksAfterAFailure) {
             if (answer == IDYES) Answer(Asked(), IDNO);
         });
         EXPECT_EQ(IDOK, result);
-        std::vector<std::string> expected{"setdxfottblnam C:\\\x95\x5C", Written(2, "TEMP002")};
+        std::vector<std::string> expected{"setdxfottblnam C:\\\x95\x5C", "setdxfotparam 0", Written(2, "TEMP002")};
         if (answer == IDYES) expected.push_back(Written(256, "TEMP256"));
         EXPECT_EQ(expected, calls);
+    }
+}
+
+// The demonstration's drawing in two pictures, written for real.
+TEST_F(Batch, WritesEveryMarkedRowUntilItIsStopped) {
+    std::ifstream demo(KIRO_DEMO_DRAWING, std::ios::binary);
+    const auto drawing = Write(L"demo.dxf", {std::istreambuf_iterator<char>(demo), {}});
+    KiroHostLoadModel(nullptr, nullptr, 0);
+    DxfInParamBlock in{};
+    setdxfinparam(&in);
+    TARNAINFO target{};
+    target.input.scale = 1.0;
+    for (const int picture : {3, 5, 8}) {
+        target.input.pictureNumber = picture;
+        target.input.addMode = 1;
+        ASSERT_EQ(0, dxfin(drawing.generic_string().c_str(), &target));
+    }
+    params.outputVersion = 7;
+    for (const bool stops : {false, true}) {
+        calls.clear();
+        for (const wchar_t* name : {L"DXF\\TEMP003", L"DXF\\TEMP005", L"DXF\\TEMP008"})
+            std::filesystem::remove(home / name);
+        HWND list = nullptr;
+        const auto stop = [&](const KiroHostCall* call) {
+            if (stops && std::string_view(call->name) == "DxfOutFloppy") PostMessageW(list, WM_COMMAND, IDCANCEL, 0);
+        };
+        onCall = stop;
+        const INT_PTR result = Run<KrDxfOutPicture>([&](HWND dialog) {
+            list = dialog;
+            const Grid grid(dialog, kGrid);
+            grid.Click(0, 1);
+            for (const int row : {1, 2}) {
+                grid.Click(row, kName);
+                grid.Keys(L" ");
+            }
+            Click(dialog, IDOK);
+            Until("the end of the run", [&] { return !IsWindow(dialog); });
+        });
+        onCall = nullptr;
+        EXPECT_EQ(IDOK, result);
+        EXPECT_EQ(stops ? "3 件中 1 件を出力しました。" : "3 件中 3 件を出力しました。", summary);
+        EXPECT_TRUE(std::filesystem::exists(home / L"DXF\\TEMP003"));
+        EXPECT_EQ(!stops, std::filesystem::exists(home / L"DXF\\TEMP008"));
+        EXPECT_EQ(stops ? 3u : 5u, calls.size());
     }
 }
 

@@ -162,7 +162,7 @@ TEST_F(Utility, ConvertsInPlaceWithinTheBuffer) {
     EXPECT_EQ(0, utility->ToEUC(text, 6));
     EXPECT_STREQ("\x8E\xB1\x8E\xB2", text);
     char message[20] = "?";
-    EXPECT_EQ(1, utility->GetMessageText(9, message, 6));
+    EXPECT_EQ(1, utility->GetMessageText(80, message, 6));
     EXPECT_STREQ("メモ", message);
     EXPECT_EQ(0, utility->GetMessageText(-1, message, 20));
     EXPECT_STREQ("", message);

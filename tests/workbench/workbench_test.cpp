@@ -154,7 +154,7 @@ TEST(HostCallsTest, TellsInOrderWhatTheHostWasMadeToDo) {
             {"name": "setdxfottblnam", "arguments": {"name": "C:/表"}},
             {"name": "SxfModelCheck", "arguments": {"kind": 3, "report": false, "drawing": 0, "picture": 2}, "returned": 0},
             {"name": "DxfOutFloppy", "arguments": {"floppy": true, "path": "A:/a.dxf", "drawing": 1, "picture": 0},
-             "returned": -62}])"),
+             "returned": -84}])"),
               list);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "entry/host/kirodxf.h"
 #include "hostlayer/kirodxf/DxfErrorText.h"
 #include "tables/FileReplace.h"
 #include "tools/kirotable/Text.h"
@@ -26,7 +27,7 @@ class FileSource final : public ByteSource {
     OwnedFile file_;
 };
 
-class MemorySink final : public convert::ByteSink {
+class MemorySink final : public ByteSink {
   public:
     bool Write(std::string_view more) override {
         bytes.append(more);
@@ -35,7 +36,7 @@ class MemorySink final : public convert::ByteSink {
     std::string bytes;
 };
 
-std::string TextOf(convert::Result result) {
+std::string TextOf(int result) {
     char text[256];
     const std::size_t length = DxfErrorText(result, text, sizeof text);
 #ifdef _WIN32
@@ -113,7 +114,7 @@ std::vector<Job> PlanJobs(const std::vector<std::string>& inputs, const std::str
     for (const std::string& name : names) {
         const fs::path target = folder ? out / PathOf(name).filename().replace_extension(".dxf") : out;
         const std::string text = NameOf(target);
-        if (Key(NameOf(target.extension())) == ".dwg") throw Failure(text + ": " + TextOf(convert::kVersionNotWritten));
+        if (Key(NameOf(target.extension())) == ".dwg") throw Failure(text + ": " + TextOf(kDxfNotThatVersion));
         if (!taken.insert(Key(text)).second) throw Failure(text + ": 同じ名前になる図面が 2 つ以上あります");
         if (fs::equivalent(PathOf(name), target, error)) throw Failure(text + ": 読む図面と同じファイルには書きません");
         jobs.push_back({name, text});
@@ -127,20 +128,19 @@ Outcome RunJob(const Job& job, const Settings& settings) {
     const fs::path path = PathOf(job.input);
     FileSource source(path);
     if (!fs::is_regular_file(path, error) || !source.IsOpen()) {
-        outcome.failure = TextOf(fs::exists(path, error) ? convert::kCannotRead : convert::kNoFile);
+        outcome.failure = TextOf(fs::exists(path, error) ? kDxfCannotRead : kDxfNoFile);
         return outcome;
     }
     convert::ModelContent content;
-    convert::Result result = ReadDrawing(source, settings.import, content, outcome.read);
+    int result = ReadDrawing(source, settings.import, content, outcome.read);
     MemorySink sink;
-    if (result == convert::kDone) {
+    if (result == 0) {
         const convert::Target target = {static_cast<int>(!content.layouts.empty()), content.modelPicture};
         result = WriteDrawing(content, target, settings.output, sink, outcome.written);
     }
     content = {};
-    if (result == convert::kDone && !ReplaceWholeFile(PathOf(job.output).native(), sink.bytes))
-        result = convert::kCannotWrite;
-    if (result != convert::kDone) outcome.failure = TextOf(result);
+    if (result == 0 && !ReplaceWholeFile(PathOf(job.output).native(), sink.bytes)) result = kDxfCannotWrite;
+    if (result != 0) outcome.failure = TextOf(result);
     return outcome;
 }
 

@@ -7,8 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "convert/ReadDrawing.h"
-#include "convert/WriteDrawing.h"
+#include "convert/Convert.h"
 
 namespace kiroconvert {
 

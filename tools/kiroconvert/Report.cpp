@@ -42,6 +42,7 @@ constexpr struct {
     {"nameChanged", "変えた名前"},
     {"textCut", "長すぎて切った文字"},
     {"notExpanded", "展開しないブロック"},
+    {"blockKept", "同じ名前のあるブロック"},
 };
 static_assert(std::size(kFates) == static_cast<std::size_t>(Fate::kFates));
 

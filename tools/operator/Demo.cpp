@@ -56,14 +56,17 @@ void ChooseVersion(HWND dialog) {
 }  // namespace
 
 CallResult DemoImport(const std::wstring& drawing, const std::filesystem::path& picture) {
-    return Drive([] { return CallExport(*FindExport("DxfInputDlg"), Json::object()); },
-                 [&] {
-                     const HWND dialog = Settle();
-                     FillIn(dialog, drawing);
-                     Picture(dialog, picture);
-                     Click(dialog, IDOK);
-                     AgreeToQuestions();
-                 });
+    return Drive(
+        [] {
+            return CallExport(*FindExport("DxfInputDlg"), {{"params", {{"convertLayerNames", 1}}}});
+        },
+        [&] {
+            const HWND dialog = Settle();
+            FillIn(dialog, drawing);
+            Picture(dialog, picture);
+            Click(dialog, IDOK);
+            AgreeToQuestions();
+        });
 }
 
 CallResult DemoExport(const std::wstring& drawing, const std::filesystem::path& picture) {

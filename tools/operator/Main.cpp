@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "Demo.h"
+#include "HostConversion.h"
 #include "Play.h"
 #include "Scenes.h"
 #include "catalogue/DemoHome.h"
@@ -138,12 +139,21 @@ int RunDemo(const std::vector<std::wstring>& arguments) {
     const MainWindow window;
     kiro::MakeDemoHome(arguments[3]);
     const std::filesystem::path picture = arguments[2];
-    const kiro::CallResult import = kiro::DemoImport(arguments[1], picture);
-    const kiro::CallResult output =
-        kiro::DemoExport(L"平面図.dxf", std::filesystem::path(picture).replace_filename(L"demo-export.png"));
-    const std::string text = kiro::Print({import.json, output.json});
+    kiro::Json story = kiro::Json::array();
+    int status = 0;
+    // The command, and what the host makes of its record.
+    const auto tell = [&](kiro::CallResult call) {
+        const auto conversion = kiro::ConvertAsHost(call);
+        if (conversion) call.json["conversion"] = *conversion;
+        if (status == 0) status = call.exitStatus;
+        if (status == 0 && (!conversion || (*conversion)["returned"] != 0)) status = 1;
+        story.push_back(std::move(call.json));
+    };
+    tell(kiro::DemoImport(arguments[1], picture));
+    tell(kiro::DemoExport(L"平面図.dxf", std::filesystem::path(picture).replace_filename(L"demo-export.png")));
+    const std::string text = kiro::Print(story);
     std::fwrite(text.data(), 1, text.size(), stdout);
-    return import.exitStatus ? import.exitStatus : output.exitStatus;
+    return status;
 }
 
 int Run(const std::vector<std::wstring>& arguments) {

@@ -1,10 +1,8 @@
-#include "convert/DrawingPairs.h"
+#include "hostlayer/kirodxf/DxfPairs.h"
 
 #include <algorithm>
 
 #include "hostlayer/kirodxf/GroupCodes.h"
-
-namespace convert {
 
 namespace {
 
@@ -23,42 +21,40 @@ bool IsDwg(std::string_view start) {
 
 }  // namespace
 
-Result DrawingPairs::Open(ByteSource& source) {
+int DxfPairs::Open(ByteSource& source) {
     source_ = {};
     source_.source = &source;
     any_ = ended_ = false;
-    return error_ = reader_.Open(source_) ? kDone : kCannotRead;
+    return error_ = reader_.Open(source_) ? 0 : kDxfCannotRead;
 }
 
-bool DrawingPairs::Next() {
+bool DxfPairs::Next() {
     do {
-        if (ended_ || error_ != kDone || !ReadPair()) return false;
+        if (ended_ || error_ != 0 || !ReadPair()) return false;
     } while (code_ == kCommentCode);
-    if (!any_ && code_ != 0) return Fail(kNoDrawing);
+    if (!any_ && code_ != 0) return Fail(kDxfNoDrawing);
     any_ = true;
     ended_ = IsRecord("EOF");
     return !ended_;
 }
 
-bool DrawingPairs::ReadPair() {
+bool DxfPairs::ReadPair() {
     if (reader_.IsBinary()) {
         // A reader of binary pairs does not tell a file that ends from one that makes no sense.
-        if ((code_ = reader_.ReadPair()) < 0) return Fail(any_ ? kCutOff : kNoDrawing);
+        if ((code_ = reader_.ReadPair()) < 0) return Fail(any_ ? kDxfCutOff : kDxfNoDrawing);
     } else {
-        if (!reader_.ReadLine()) return Fail(any_ ? kCutOff : kNoDrawing);
+        if (!reader_.ReadLine()) return Fail(any_ ? kDxfCutOff : kDxfNoDrawing);
         code_ = reader_.LineAsCode();
-        if (!any_ && IsDwg(reader_.Value().Kept())) return Fail(kDwgDrawing);
-        if (code_ < 0 || code_ > kLargestCode) return Fail(any_ ? kBadPair : kNoDrawing);
-        if (!reader_.ReadLine()) return Fail(any_ ? kCutOff : kNoDrawing);
+        if (!any_ && IsDwg(reader_.Value().Kept())) return Fail(kDxfDwgDrawing);
+        if (code_ < 0 || code_ > kLargestCode) return Fail(any_ ? kDxfBadPair : kDxfNoDrawing);
+        if (!reader_.ReadLine()) return Fail(any_ ? kDxfCutOff : kDxfNoDrawing);
     }
     text_ = reader_.Value().Kept();
     if (code_ == 0 || KindOfGroupCode(code_) != ValueKind::kText) text_ = Trimmed(text_);
     return true;
 }
 
-bool DrawingPairs::Fail(Result error) {
-    error_ = source_.failed ? kCannotRead : error;
+bool DxfPairs::Fail(int error) {
+    error_ = source_.failed ? kDxfCannotRead : error;
     return false;
 }
-
-}  // namespace convert

@@ -2,10 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
-
-namespace convert {
+#include <utility>
 
 // Where the bytes of a drawing go.
 class ByteSink {
@@ -14,13 +14,15 @@ class ByteSink {
     virtual bool Write(std::string_view bytes) = 0;  // false: nothing more can be written
 };
 
-class PairOutput {
+class DxfWriter {
   public:
-    PairOutput(ByteSink& sink, bool binary);
+    DxfWriter(ByteSink& sink, bool binary);
     // A value as a text file has it. False, and nothing is written, when a binary file has no form for it.
     bool Put(int code, std::string_view text);
-    void Put(int code, const char* text) { Put(code, std::string_view(text)); }
-    void Put(int code, std::int64_t number) { Put(code, std::string_view(std::to_string(number))); }
+    void Put(std::initializer_list<std::pair<int, std::string_view>> pairs) {
+        for (const auto& [code, text] : pairs) Put(code, text);
+    }
+    void PutNumber(int code, std::int64_t number);
     void PutReal(int code, double number);
     void PutHandle(int code, std::uint64_t handle);
     bool Finish();  // whether everything was written
@@ -38,5 +40,3 @@ class PairOutput {
     bool good_ = true;
     std::string buffer_;
 };
-
-}  // namespace convert

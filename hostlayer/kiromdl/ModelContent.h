@@ -1,5 +1,5 @@
-// What a model holds of a drawing: its items in their order with all of their group pairs, and what the host knows them
-// by: class, revision, colour, line font, line weight and picture. Texts have the drawing's own encoding.
+// What a model holds of drawings: their items in their order with all of their group pairs, and what the host knows
+// them by: class, revision, colour, line font, line weight and picture. Texts have the encoding of the first drawing.
 #pragma once
 
 #include <cstdint>
@@ -7,29 +7,60 @@
 #include <string>
 #include <vector>
 
-#include "convert/Encoding.h"
-#include "convert/PairStore.h"
+#include "hostlayer/kirobc/DrawingText.h"
 
 namespace convert {
 
-inline constexpr int kNumbers = 257;  // classes and revisions: 1 to 256
-inline constexpr int kFonts = 64;     // line fonts: 1 to 63
-inline constexpr int kWeights = 17;   // line weights: 1 to 16
-inline constexpr int kByBlock = 0;
-inline constexpr int kByLayer = 256;  // as a colour
+struct Pair {
+    int code;
+    std::string_view text;  // lives as long as the store
+};
+
+// Pairs that were added one after the other.
+struct PairRun {
+    std::uint32_t block = 0, offset = 0, count = 0;
+};
+
+// Group pairs in memory: four bytes and the text for each, so that a drawing takes about the room of its file.
+class PairStore {
+  public:
+    PairRun Begin() const;
+    void Add(PairRun& run, int code, std::string_view text);  // to the run that was begun last
+    void CutAt(const PairRun& run);                           // what was added since that was begun
+
+    class Cursor {
+      public:
+        Cursor(const PairStore& store, const PairRun& run) : store_(store), rest_(run) {}
+        bool Next(Pair& pair);
+
+      private:
+        const PairStore& store_;
+        PairRun rest_;
+    };
+    Cursor Read(const PairRun& run) const { return {*this, run}; }
+    // The text of the first pair with that code; empty when there is none. The same as a number.
+    std::string_view Find(const PairRun& run, int code) const;
+    int FindInteger(const PairRun& run, int code) const;
+
+  private:
+    static constexpr std::size_t kBlock = 64 * 1024;
+    std::deque<std::string> blocks_;  // each with its room from the start: what is in one never moves
+};
+
+inline constexpr int kNumbers = 257;                // classes, revisions and pictures: 1 to 256
+inline constexpr int kFonts = 64;                   // line fonts: 1 to 63
+inline constexpr int kWeights = 17;                 // line weights: 1 to 16
+inline constexpr int kByBlock = 0, kByLayer = 256;  // as a colour
 
 // Whose line type or line width an item has. kDefault: the width that lines have by default.
 enum class From : std::uint8_t { kItem, kLayer, kBlock, kDefault };
 
 struct Attributes {
     std::int32_t layer = 0;  // index
-    std::int16_t itemClass = 1;
-    std::int16_t revision = 1;
+    std::int16_t itemClass = 1, revision = 1;
     std::int16_t color = kByLayer;  // 0 by block, 256 by layer
-    std::uint8_t font = 1;
-    std::uint8_t weight = 1;
-    From fontFrom = From::kLayer;
-    From weightFrom = From::kLayer;
+    std::uint8_t font = 1, weight = 1;
+    From fontFrom = From::kLayer, weightFrom = From::kLayer;
 };
 
 struct Item {
@@ -50,14 +81,11 @@ struct Layer {
     int lineWidth = -3;
     int flags = 0;  // as in the drawing: 1 frozen, 4 locked
     bool off = false;
-    int itemClass = 0;  // 0: not assigned yet
-    int revision = 0;
-    bool IsHidden() const { return off || (flags & 1); }
+    int itemClass = 0, revision = 0;  // 0: not assigned yet
 };
 
 struct LineType {
-    std::string name;
-    std::string comment;
+    std::string name, comment;
     std::vector<double> pitches;  // as in the drawing: gaps are negative
     bool plain = true;            // without texts and shapes
 };
@@ -72,8 +100,7 @@ struct Block {
     std::string name;
     PairRun pairs;
     Attributes attributes;
-    std::size_t first = 0;  // of the items
-    std::size_t count = 0;
+    std::size_t first = 0, count = 0;  // of the items
 };
 
 bool IsSpace(std::string_view block);  // the block of a space or a layout, by its name
@@ -82,12 +109,11 @@ struct Layout {
     std::vector<int> windows;  // the pictures that they show
 };
 
-struct ModelContent {
+// All but the items and the pairs.
+struct ModelTables {
     Encoding encoding = Encoding::kSjis;
     int version = 0;  // as DxfOutParamBlock counts: 1 R13 ... 7 2013; 0 older, 8 newer
-    PairStore store;
     PairRun header;
-    std::deque<Item> items;  // of the blocks and of the drawing itself, with their parts
     std::vector<Block> blocks;
     std::vector<Layer> layers;  // 0: "0"
     std::vector<LineType> lineTypes;
@@ -100,6 +126,11 @@ struct ModelContent {
     std::string classNames[kNumbers], revisionNames[kNumbers];  // "": none
     int fontLineType[kFonts] = {};                              // index + 1; 0: the host's own line font
     int weightWidth[kWeights] = {};                             // hundredths of a millimetre + 1; 0: not known
+};
+
+struct ModelContent : ModelTables {
+    PairStore store;
+    std::deque<Item> items;  // of the blocks and of the drawings themselves, with their parts
 };
 
 }  // namespace convert

@@ -1,19 +1,17 @@
-// The pairs of group code and value of a drawing, text or binary, one after the other.
+// The pairs of group code and value of a drawing, text or binary, one after the other. Errors are codes of
+// entry/host/kirodxf.h.
 #pragma once
 
 #include <cstddef>
 #include <string_view>
 
-#include "convert/Results.h"
 #include "hostlayer/kirodxf/DxfReader.h"
 
-namespace convert {
-
-class DrawingPairs {
+class DxfPairs {
   public:
-    Result Open(ByteSource& source);  // the source must outlive this
-    bool Next();                      // false after "EOF" and on an error
-    Result Error() const { return error_; }
+    int Open(ByteSource& source);  // the source must outlive this
+    bool Next();                   // false after "EOF" and on an error
+    int Error() const { return error_; }
 
     int Code() const { return code_; }
     std::string_view Text() const { return text_; }  // numbers without blanks around; valid until the next call
@@ -36,7 +34,7 @@ class DrawingPairs {
     };
 
     bool ReadPair();
-    bool Fail(Result error);
+    bool Fail(int error);
 
     Source source_;
     DxfReader reader_;
@@ -44,7 +42,5 @@ class DrawingPairs {
     bool ended_ = false;
     int code_ = 0;
     std::string_view text_;
-    Result error_ = kDone;
+    int error_ = 0;
 };
-
-}  // namespace convert

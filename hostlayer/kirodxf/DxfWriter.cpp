@@ -1,12 +1,9 @@
-#include "convert/PairOutput.h"
+#include "hostlayer/kirodxf/DxfWriter.h"
 
 #include <bit>
 #include <charconv>
 
 #include "hostlayer/kirodxf/GroupCodes.h"
-#include "text/Numbers.h"
-
-namespace convert {
 
 namespace {
 
@@ -25,9 +22,10 @@ std::string_view Digits(T number, char (&out)[40], int base = 10) {
     return {out, static_cast<std::size_t>(end - out)};
 }
 
-// Beyond 32 bits too.
-std::int64_t LongInteger(std::string_view text) {
-    std::int64_t value = 0;
+// 0 when the text does not begin with one.
+template <class T>
+T Number(std::string_view text) {
+    T value = 0;
     text.remove_prefix(text.starts_with('+'));
     std::from_chars(text.data(), text.data() + text.size(), value);
     return value;
@@ -35,42 +33,47 @@ std::int64_t LongInteger(std::string_view text) {
 
 }  // namespace
 
-PairOutput::PairOutput(ByteSink& sink, bool binary) : sink_(sink), binary_(binary) {
+DxfWriter::DxfWriter(ByteSink& sink, bool binary) : sink_(sink), binary_(binary) {
     buffer_.reserve(kBuffer + 8192);
     if (binary) buffer_.assign(kMark, sizeof kMark);
 }
 
-bool PairOutput::Put(int code, std::string_view text) {
+bool DxfWriter::Put(int code, std::string_view text) {
     if (buffer_.size() >= kBuffer) Flush();
     if (binary_) return PutBinary(code, text);
     PutText(code, text);
     return true;
 }
 
-void PairOutput::PutReal(int code, double number) {
+void DxfWriter::PutNumber(int code, std::int64_t number) {
     char digits[40];
     Put(code, Digits(number, digits));
 }
 
-void PairOutput::PutHandle(int code, std::uint64_t handle) {
+void DxfWriter::PutReal(int code, double number) {
     char digits[40];
-    std::string text(Digits(handle, digits, 16));
-    for (char& digit : text)
-        if (digit >= 'a') digit = static_cast<char>(digit - 'a' + 'A');
-    Put(code, std::string_view(text));
+    Put(code, Digits(number, digits));
 }
 
-bool PairOutput::Finish() {
+void DxfWriter::PutHandle(int code, std::uint64_t handle) {
+    char digits[40] = {};
+    const std::string_view text = Digits(handle, digits, 16);
+    for (char& digit : digits)
+        if (digit >= 'a' && digit <= 'f') digit = static_cast<char>(digit - 'a' + 'A');
+    Put(code, text);
+}
+
+bool DxfWriter::Finish() {
     Flush();
     return good_;
 }
 
-void PairOutput::Flush() {
+void DxfWriter::Flush() {
     good_ = good_ && sink_.Write(buffer_);
     buffer_.clear();
 }
 
-void PairOutput::PutText(int code, std::string_view text) {
+void DxfWriter::PutText(int code, std::string_view text) {
     char digits[40];
     const std::string_view number = Digits(code, digits);
     buffer_.append(number.size() < 3 ? 3 - number.size() : 0, ' ').append(number).append("\r\n");
@@ -81,11 +84,11 @@ void PairOutput::PutText(int code, std::string_view text) {
 }
 
 template <class T>
-void PairOutput::Append(T value) {
+void DxfWriter::Append(T value) {
     buffer_.append(reinterpret_cast<const char*>(&value), sizeof value);
 }
 
-bool PairOutput::PutBinary(int code, std::string_view text) {
+bool DxfWriter::PutBinary(int code, std::string_view text) {
     const std::size_t start = buffer_.size();
     Append(static_cast<std::int16_t>(code));
     switch (KindOfGroupCode(code)) {
@@ -93,19 +96,19 @@ bool PairOutput::PutBinary(int code, std::string_view text) {
             buffer_.append(text).push_back('\0');
             return true;
         case ValueKind::kBool:
-            Append(static_cast<std::uint8_t>(LongInteger(text)));
+            Append(static_cast<std::uint8_t>(Number<std::int64_t>(text)));
             return true;
         case ValueKind::kInt16:
-            Append(static_cast<std::int16_t>(LongInteger(text)));
+            Append(static_cast<std::int16_t>(Number<std::int64_t>(text)));
             return true;
         case ValueKind::kInt32:
-            Append(static_cast<std::int32_t>(LongInteger(text)));
+            Append(static_cast<std::int32_t>(Number<std::int64_t>(text)));
             return true;
         case ValueKind::kInt64:
-            Append(LongInteger(text));
+            Append(Number<std::int64_t>(text));
             return true;
         case ValueKind::kDouble:
-            Append(ReadReal(text).value_or(0.0));
+            Append(Number<double>(text));
             return true;
         case ValueKind::kChunk:
             if (PutChunk(text)) return true;
@@ -117,7 +120,7 @@ bool PairOutput::PutBinary(int code, std::string_view text) {
     return false;
 }
 
-bool PairOutput::PutChunk(std::string_view digits) {
+bool DxfWriter::PutChunk(std::string_view digits) {
     if (digits.size() % 2 != 0 || digits.size() / 2 > 255) return false;
     buffer_.push_back(static_cast<char>(digits.size() / 2));
     for (std::size_t i = 0; i < digits.size(); i += 2) {
@@ -128,5 +131,3 @@ bool PairOutput::PutChunk(std::string_view digits) {
     }
     return true;
 }
-
-}  // namespace convert

@@ -1,4 +1,4 @@
-#include "convert/Encoding.h"
+#include "hostlayer/kirobc/DrawingText.h"
 
 #include <algorithm>
 #include <charconv>
