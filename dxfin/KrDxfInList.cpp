@@ -370,7 +370,7 @@ void KrDxfInList::TellResult(int row) {
 bool KrDxfInList::GoesOnAfter(int row, const std::string& reason) {
     if (!asks_ || run_.Done() == run_.Count()) return true;
     KrDxfInGoOn question(kind_.caption, rows_[row][kFileColumn] + "\n" + reason);
-    if (question.DoModal(Handle()) != IDYES) return false;
+    if (question.DoModal(Handle()) != IDOK) return false;
     asks_ = !question.IsForAll();
     return true;
 }
