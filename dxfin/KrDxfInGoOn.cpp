@@ -4,9 +4,7 @@
 #include "ui/MessageBoxes.h"
 
 KrDxfInGoOn::KrDxfInGoOn(std::string caption, std::string reason)
-    : Dialog(kDxfInGoOnDialog), caption_(std::move(caption)), reason_(std::move(reason)) {
-    On(IDYES, BN_CLICKED, &KrDxfInGoOn::GoOn);
-}
+    : Dialog(kDxfInGoOnDialog), caption_(std::move(caption)), reason_(std::move(reason)) {}
 
 void KrDxfInGoOn::OnInit() {
     kiro::ui::DefaultBeep();
@@ -15,10 +13,10 @@ void KrDxfInGoOn::OnInit() {
     const auto icon = reinterpret_cast<WPARAM>(LoadIconW(nullptr, IDI_WARNING));
     SendDlgItemMessageW(Handle(), kGoOnIcon, STM_SETICON, icon, 0);
     // As in a message box; the system itself would choose the check box, when this has returned.
-    PostMessageW(Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(Handle(), IDYES)), TRUE);
+    PostMessageW(Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(Handle(), IDOK)), TRUE);
 }
 
-void KrDxfInGoOn::GoOn() {
+void KrDxfInGoOn::OnOk() {
     forAll_ = Item<kiro::ui::Button>(kGoOnForAllCheck).IsChecked();
-    End(IDYES);
+    End(IDOK);
 }

@@ -8,13 +8,13 @@
 
 class KrDxfInGoOn final : public kiro::ui::Dialog {
   public:
-    // Shift-JIS. Its result is IDYES, or another one.
+    // Shift-JIS. Its result is IDOK for "はい".
     KrDxfInGoOn(std::string caption, std::string reason);
     bool IsForAll() const { return forAll_; }  // without a question after another failure
 
   private:
     void OnInit() override;
-    void GoOn();
+    void OnOk() override;
 
     std::string caption_;
     std::string reason_;

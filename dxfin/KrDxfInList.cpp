@@ -321,11 +321,7 @@ void KrDxfInList::EnableControls(bool on) const {
 
 bool KrDxfInList::Step(int row) {
     const std::string& file = rows_[row][kFileColumn];
-    const int done = static_cast<int>(run_.Done());
-    ShowGuidance(Formatted("%d/%d %s", done, static_cast<int>(run_.Count()), file).c_str());
-    ShowResult(row, "変換中", false);
-    ListView_EnsureVisible(grid_.List(), row, FALSE);
-    run_.Paint(rows_[row].size > kSmallDrawing);
+    if (rows_[row].size > kSmallDrawing || run_.IsPaintDue()) Announce(row);
     const std::string reason = Convert(row);
     const std::string files = std::to_string(row + 1) + " : " + file + " -> " + rows_[row].model.name + " : ";
     listing_->Add(files + (reason.empty() ? "変換しました" : reason));
@@ -336,8 +332,17 @@ bool KrDxfInList::Step(int row) {
         return true;
     }
     ++failed_;
+    Announce(row);
     ShowResult(row, reason, true);
     return GoesOnAfter(row, reason);
+}
+
+void KrDxfInList::Announce(int row) {
+    const int done = static_cast<int>(run_.Done());
+    ShowGuidance(Formatted("%d/%d %s", done, static_cast<int>(run_.Count()), rows_[row][kFileColumn]).c_str());
+    ShowResult(row, "変換中", false);
+    ListView_EnsureVisible(grid_.List(), row, FALSE);
+    run_.Paint();
 }
 
 // "" when it is done; otherwise why not.
@@ -365,7 +370,7 @@ void KrDxfInList::TellResult(int row) {
 bool KrDxfInList::GoesOnAfter(int row, const std::string& reason) {
     if (!asks_ || run_.Done() == run_.Count()) return true;
     KrDxfInGoOn question(kind_.caption, rows_[row][kFileColumn] + "\n" + reason);
-    if (question.DoModal(Handle()) != IDYES) return false;
+    if (question.DoModal(Handle()) != IDOK) return false;
     asks_ = !question.IsForAll();
     return true;
 }

@@ -88,6 +88,7 @@ class KrDxfInList final : public kiro::ui::HostDialog {
     // The run.
     void Start(std::vector<int> rows);
     bool Step(int row);
+    void Announce(int row);
     std::string Convert(int row);
     bool GoesOnAfter(int row, const std::string& reason);
     void ShowResult(int row, const std::string& result, bool failed);

@@ -9,8 +9,7 @@ namespace {
 
 constexpr UINT kNextStep = WM_APP + 0x4B;
 constexpr UINT_PTR kTimer = 0x4B;
-constexpr ULONGLONG kBetweenPaints = 100;  // milliseconds
-constexpr int kBarHeight = 4;              // dialog units; templates have that much room below their last controls
+constexpr int kBarHeight = 4;  // dialog units; templates have that much room below their last controls
 
 }  // namespace
 
@@ -57,8 +56,8 @@ void ListRun::ShowBar() {
     SendMessageW(bar_, PBM_SETRANGE32, 0, static_cast<LPARAM>(rows_.size()));
 }
 
-void ListRun::Paint(bool isLong) {
-    if (!isLong && GetTickCount64() - painted_ < kBetweenPaints) return;
+void ListRun::Paint() {
+    SendMessageW(bar_, PBM_SETPOS, next_, 0);
     RedrawWindow(dialog_.Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     painted_ = GetTickCount64();
 }
@@ -74,8 +73,7 @@ void ListRun::Continue() {
 void ListRun::Next() {
     if (!running_) return;
     if (!stop_ && next_ < rows_.size() && step_(rows_[next_++])) {
-        SendMessageW(bar_, PBM_SETPOS, next_, 0);
-        Paint(false);
+        if (IsPaintDue()) Paint();
         return Continue();
     }
     running_ = false;

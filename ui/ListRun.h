@@ -19,14 +19,17 @@ class ListRun {
     // asked for. What a step throws ends the dialog, as in any handler.
     void Start(std::vector<int> rows, std::function<bool(int row)> step, std::function<void()> ended);
     void Stop() { stop_ = true; }
-    // For a step that has said what it is about to do: the screen shows it, though not more often than ten times a
-    // second when the work is short.
-    void Paint(bool isLong = true);
+    // For a step that has said what it is about to do. When many steps take no time, a screen that is painted five times
+    // a second is enough; it is, after the steps, where they do not do it.
+    void Paint();
+    bool IsPaintDue() const { return GetTickCount64() - painted_ >= kBetweenPaints; }
     bool IsRunning() const { return running_; }
     std::size_t Done() const { return next_; }  // steps made
     std::size_t Count() const { return rows_.size(); }
 
   private:
+    static constexpr ULONGLONG kBetweenPaints = 200;  // milliseconds
+
     void ShowBar();
     void Continue();
     void Next();

@@ -224,7 +224,7 @@ TEST_F(ImportBatch, GoesThroughTheMarkedDrawingsAndKeepsTheFailedOnesMarked) {
         Click(dialog, kMarkAllButton);
         Click(dialog, IDOK);
         const HWND question = Asked(dialog);
-        EXPECT_EQ(IDYES, FocusId());
+        EXPECT_EQ(IDOK, FocusId());
         EXPECT_EQ(0u, Text(question, kGoOnText).find(L"b.dxf\nDXFファイルではありません。"));
         EXPECT_EQ(L"2/5 b.dxf", Guidance(dialog));
         Click(question, IDCANCEL);
@@ -236,7 +236,7 @@ TEST_F(ImportBatch, GoesThroughTheMarkedDrawingsAndKeepsTheFailedOnesMarked) {
         // The others, asked once for all.
         Click(dialog, IDOK);
         Click(Asked(dialog), kGoOnForAllCheck);
-        Click(Settle(), IDYES);
+        Click(Settle(), IDOK);
         Ended(dialog);
         EXPECT_EQ(L"5 件のうち 2 件を選択しています。", Text(dialog, kDrawingCount));
     });
@@ -250,7 +250,7 @@ TEST_F(ImportBatch, GoesThroughTheMarkedDrawingsAndKeepsTheFailedOnesMarked) {
     EXPECT_EQ("setdxfintblnam", calls.back());
 }
 
-TEST_F(ImportBatch, TellsOfEachDrawingWhyItFailsAndWritesNothingHalf) {
+TEST_F(ImportBatch, TellsOfEachDrawingWhyItFailsAndReplacesWhatItMay) {
     const struct {
         const wchar_t* name;
         std::string bytes;
@@ -262,10 +262,13 @@ TEST_F(ImportBatch, TellsOfEachDrawingWhyItFailsAndWritesNothingHalf) {
                   {L"5.dxf", Drawing(), L"ファイルは他のプログラムで使用されています。"},
                   {L"6.dxf", Drawing(), L"同じ名前のモデルファイルがあります。"},
                   {L"7.dxf", Drawing(), L"同じ名前のモデルファイルがあります。"},
-                  {L"8.dxf", Drawing(), L"変換しました"}};
+                  {L"8.dxf", Drawing(), L"書き込みが禁止されています。"},
+                  {L"9.dxf", Drawing(), L"変換しました"}};
     for (const auto& file : kFiles) Write(std::wstring(L"DXF\\") + file.name, file.bytes);
     std::filesystem::create_directories(Model(L"6x"));
-    Write(L"MODEL\\8.mdl", "to be replaced");
+    const auto isProtected = Write(L"MODEL\\8.mdl", "old");
+    SetFileAttributesW(isProtected.c_str(), FILE_ATTRIBUTE_READONLY);
+    Write(L"MODEL\\9.MDL", "old");
     List("*", [&](HWND dialog, const Grid& grid) {
         std::filesystem::remove(home / L"DXF\\4.dxf");
         const HANDLE locked =
@@ -274,46 +277,28 @@ TEST_F(ImportBatch, TellsOfEachDrawingWhyItFailsAndWritesNothingHalf) {
         grid.Write(L"6x");
         Click(dialog, kMarkAllButton);
         Click(dialog, IDOK);
+        Box box = ReadBox();
+        EXPECT_EQ(L"同じ名前のモデルファイルが既に存在します。（2 件）\n8.mdl など\n\n上書きしますか。", box.text);
+        EXPECT_EQ(IDNO, box.defaultButton);
+        Answer(box, IDNO);
+        EXPECT_EQ(L"同じ名前のモデルファイルがあります。 8 : 8", Guidance(dialog));
+        EXPECT_EQ((GridPlace{7, kModel}), grid.Current());
+        EXPECT_FALSE(std::filesystem::exists(Model(L"1")));
+        Click(dialog, IDOK);
         Answer(ReadBox(), IDYES);
         Click(Asked(dialog), kGoOnForAllCheck);
-        Write(L"MODEL\\7.mdl", "made by another program meanwhile");
-        Click(Settle(), IDYES);
+        Write(L"MODEL\\7.mdl", "new");
+        Click(Settle(), IDOK);
         Ended(dialog);
         CloseHandle(locked);
-        for (int row = 0; row < 8; ++row)
+        for (int row = 0; row < 9; ++row)
             EXPECT_EQ(0u, grid.Cell(row, kResult).find(kFiles[row].result))
                 << row << testing::PrintToString(grid.Cell(row, kResult));
     });
-    EXPECT_EQ((Texts{L"1.mdl", L"6x.mdl", L"7.mdl", L"8.mdl", L"DXF_Batch.lis"}), Models());
-    EXPECT_EQ(33u, std::filesystem::file_size(Model(L"7")));
-}
-
-TEST_F(ImportBatch, ReplacesModelsOnlyWhenTheUserAgrees) {
-    for (const wchar_t* name : {L"a.dxf", L"b.dxf", L"c.dxf", L"d.dxf"})
-        Write(std::wstring(L"DXF\\") + name, Drawing());
-    for (const wchar_t* name : {L"B.mdl", L"c.mdl"}) Write(std::wstring(L"MODEL\\") + name, "old");
-    const auto protectedModel = Model(L"c");
-    SetFileAttributesW(protectedModel.c_str(), FILE_ATTRIBUTE_READONLY);
-    List("*", [&](HWND dialog, const Grid& grid) {
-        Click(dialog, kMarkAllButton);
-        for (const int answer : {IDNO, IDYES}) {
-            Click(dialog, IDOK);
-            const Box box = ReadBox();
-            EXPECT_EQ(L"同じ名前のモデルファイルが既に存在します。（2 件）\nb.mdl など\n\n上書きしますか。", box.text);
-            EXPECT_EQ(IDNO, box.defaultButton);
-            Answer(box, answer);
-            if (answer == IDYES) break;
-            EXPECT_EQ(L"同じ名前のモデルファイルがあります。 2 : b", Guidance(dialog));
-            EXPECT_EQ((GridPlace{1, kModel}), grid.Current());
-            EXPECT_FALSE(std::filesystem::exists(Model(L"a")));
-        }
-        Click(Asked(dialog), IDYES);
-        Ended(dialog);
-        EXPECT_EQ(L"書き込みが禁止されています。", grid.Cell(2, kResult));
-    });
-    SetFileAttributesW(protectedModel.c_str(), FILE_ATTRIBUTE_NORMAL);
-    EXPECT_EQ(3u, std::filesystem::file_size(protectedModel));  // as it was
-    EXPECT_NE(3u, std::filesystem::file_size(Model(L"b")));
+    SetFileAttributesW(isProtected.c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(4, std::ranges::count_if(Models(), [](const std::wstring& name) { return name.size() == 5; }));
+    for (const int model : {1, 7, 8, 9})
+        EXPECT_EQ(model == 7 || model == 8, std::filesystem::file_size(Model(std::to_wstring(model))) == 3) << model;
 }
 
 TEST_F(ImportBatch, EndsBetweenTwoDrawingsWhereverItIsStopped) {
@@ -349,7 +334,7 @@ TEST_F(ImportBatch, EndsBetweenTwoDrawingsWhereverItIsStopped) {
                       Click(dialog, kMarkAllButton);
                       Click(dialog, IDOK);
                       if (IsBox(Settle())) Answer(ReadBox(), IDYES);
-                      Click(Asked(dialog), IDYES);
+                      Click(Asked(dialog), IDOK);
                       way.deed(dialog);
                       if (IsWindow(dialog) && Settle()) {
                           Ended(dialog);

@@ -106,7 +106,7 @@ Windows BatchAsks(const std::wstring&) {
 
 Windows BatchDone(const std::wstring& drawing) {
     const HWND dialog = BatchAsks(drawing).front();
-    Click(Settle(), IDYES);
+    Click(Settle(), IDOK);
     Until("the run has ended", [&] { return IsEnabled(dialog, kMarkAllButton); });
     return {dialog};
 }
