@@ -23,8 +23,8 @@ enum PitchColumn { kPairColumn, kDrawColumn, kGapColumn };
 constexpr GridColumn kPatternColumns[] = {
     {"番号", 1.0}, {"線種名", 3.0, 20, "線種名を入力してください"}, {"注釈", 6.0, 80, "注釈を入力してください"}};
 constexpr GridColumn kPitchColumns[] = {{"番号", 3.0},
-                                        {"描画長さ", 3.5, 10, "描画長さを入力してください"},
-                                        {"空白長さ", 3.5, 10, "空白長さを入力してください"}};
+                                        kiro::ui::OfNumbers({"描画長さ", 3.5, 10, "描画長さを入力してください"}),
+                                        kiro::ui::OfNumbers({"空白長さ", 3.5, 10, "空白長さを入力してください"})};
 
 constexpr char kTitle[] = "線種のカスタマイズ";
 constexpr int kShownPitches = 2 * kDxfOutShownPairs;
@@ -154,6 +154,7 @@ void KrDxfOutTbl_LStyle2::ShowPitches(int row) {
             pairs_.Control().SetErrorFlag(pair, column, 0);
         }
     }
+    pairs_.ForgetHistory();
     pairs_.Changed();
     pairs_.Control().DrawItem();
     EnableWindow(pairs_.List(), row >= 0);

@@ -20,7 +20,9 @@ namespace {
 enum Column { kNumberColumn, kNameColumn, kPitchColumn };
 
 constexpr char kNamePrompt[] = "線種名を入力して下さい";
-constexpr GridColumn Pitch(const char* title, const char* prompt) { return {title, 0.82, 12, prompt}; }
+constexpr GridColumn Pitch(const char* title, const char* prompt) {
+    return kiro::ui::OfNumbers({title, 0.82, 12, prompt});
+}
 constexpr GridColumn kColumns[] = {{"番号", 0.8},
                                    {"名前", 2.8, 128, kNamePrompt},
                                    Pitch("描画1", "描画ピッチ1を入力して下さい"),

@@ -21,9 +21,16 @@ struct GridColumn {
     const char* choicePrompt = "";
     const char* const* choices = nullptr;  // other choices, up to a null
     bool chosen = false;                   // the choices come when the dialog opens, by Grid::SetChoices
+    bool isNumber = false;                 // numbers are typed, though there are none to choose from
 
     constexpr bool CanEdit() const { return typed || numbers.Any() || choices || chosen; }
 };
+
+// A column of numbers that are typed.
+constexpr GridColumn OfNumbers(GridColumn column) {
+    column.isNumber = true;
+    return column;
+}
 
 using GridColumns = std::span<const GridColumn>;
 

@@ -234,7 +234,7 @@ KrCellEditor::Outcome KrCellEditor::Read() const {
         fault->from += static_cast<std::size_t>(text.data() - whole.data());
         return {std::nullopt, std::move(fault)};
     }
-    return {To932(text), std::nullopt};
+    return {To932(NormalCellText(text, editing_.kinds)), std::nullopt};
 }
 
 void KrCellEditor::Refuse(const CellTextFault& fault, bool takeFocus) {

@@ -23,7 +23,8 @@ struct CellEditing {
     bool typed = false;
     std::size_t limit = 0;  // characters
     std::string prompt;
-    GridComboPtr combo;  // null: nothing to choose from
+    GridComboPtr combo;      // null: nothing to choose from
+    unsigned int kinds = 0;  // kKrCell...
 
     bool Possible() const { return typed || combo; }
 };
@@ -64,8 +65,9 @@ class GridRows {
     bool HasRow(int row) const { return row >= 0 && row < Rows(); }
     bool Has(GridPlace place) const { return HasRow(place.row) && FindColumn(place.column); }
 
-    bool InsertRow(int at);  // false at the limit
-    void DeleteRow(int row);
+    bool InsertRows(int at, int count);  // all of them; false when there is no room
+    void DeleteRows(int at, int count);
+    int Room() const { return limit_ - Rows(); }
 
     const GridColumn* FindColumn(int column) const;  // null when it is not there
     GridColumn* FindColumn(int column) { return const_cast<GridColumn*>(std::as_const(*this).FindColumn(column)); }
@@ -77,8 +79,6 @@ class GridRows {
     bool IsAvailable(GridPlace place) const;
     CellEditing EditingOf(GridPlace place) const;  // not possible for a cell that is not available
     bool CanEdit(GridPlace place) const;
-    // The next cell that can be edited, row by row, forwards or backwards.
-    std::optional<GridPlace> NextEditable(GridPlace from, bool forwards) const;
     int FirstEditableColumn() const;  // by its column; 0 when there is none
 
     Marks MarkKind() const { return markKind_; }

@@ -1,7 +1,8 @@
 // The grid of a dialog, over a list view with virtual rows. Its operations never throw: one that runs out of memory
 // does nothing.
 //
-// KrListControlImpl.cpp holds the operations, KrListControlInput.cpp what windows and operator send. The rows, the list
+// KrListControlImpl.cpp holds the operations, KrListControlInput.cpp what windows and operator send,
+// KrListControlCells.cpp what is done with many cells at once. The rows, the list
 // view, the editor, the links and the rest have classes of their own; here they work together.
 #pragma once
 
@@ -12,7 +13,9 @@
 #include "KrCellEditor.h"
 #include "KrGridAccessible.h"
 #include "KrGridLinks.h"
+#include "KrGridOrder.h"
 #include "KrGridRows.h"
+#include "KrGridSelection.h"
 #include "KrGridView.h"
 #include "KrTextTip.h"
 #include "entry/host/KrListControl.h"
@@ -66,6 +69,17 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     int CheckClassNumber(int row, const char* text) override;
     int CheckRevisionNumber(int row, const char* text) override;
 
+    int InsertRows(int at, int count) override;
+    void DeleteRows(int at, int count) override;
+    int GetRoom() const override { return rows_.Room(); }
+    int GetSelectedRows(int* rows, int count) const override;
+    void GetSelectedColumns(int* first, int* last) const override;
+    void SelectCells(int firstRow, int firstColumn, int lastRow, int lastColumn) override;
+    int GetNextRow(int row) const override;
+    void SetColumnKinds(int column, unsigned int kinds) override;
+    int TakesText(int row, int column, const char16_t* wide, char* taken, int takenSize, char* reason,
+                  int reasonSize) const override;
+
   private:
     // While one of these lives the object does, also when the dialog releases it in the middle of a message.
     class Busy {
@@ -94,6 +108,19 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     bool MakeCurrent();
     void ShowWholeText();
     int Insert(int at);
+    bool AddRows(int at, int count);
+    bool RemoveRows(int at, int count);
+
+    // The cells that are selected with the current one.
+    GridArea Selected() const { return selection_.Area(Current(), order_); }
+    bool SelectsByShift() const { return rows_.MarkKind() != GridRows::Marks::kMultiple; }
+    void ExtendTo(GridPlace end);
+    void ExtendWithMouse(POINT point);
+    void SelectAll();
+    void ForgetSelection();
+    void Copy();
+    bool OnChord(WPARAM key);
+    bool Ask(int request);
 
     // Marks that the user gives.
     bool WantsRange() const;
@@ -105,6 +132,7 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     bool OpenEditor(KrCellEditor::Start start, bool prompts = true);
     bool Commit(bool takeFocus);
     void OnEditor(EditorEvent event) override;
+    std::optional<GridPlace> NextToEdit(GridPlace from, bool forwards) const;
     void OpenNext(bool forwards);
     void Taken(const KrStringList* choices, const char* prompt, GridComboPtr& combo) const;
 
@@ -113,6 +141,7 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     void DropEdits() override;
     const GridRows& Rows() const override { return rows_; }
     const KrGridView& View() const override { return view_; }
+    bool IsSelected(GridPlace place) const override { return Selected().Has(order_.IndexOf(place.row), place.column); }
     GridPlace Current() const override { return current_.row < 0 ? GridPlace{} : current_; }
     void GoTo(GridPlace place) override { ClickCell(place.row, place.column); }
 
@@ -122,12 +151,15 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     std::optional<LRESULT> OnList(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnListMouse(UINT message, WPARAM wParam, LPARAM lParam);
     void RelayToTip(UINT message, WPARAM wParam, LPARAM lParam);
+    bool Drag(UINT message, POINT point);
     std::optional<LRESULT> OnListText(UINT message, WPARAM wParam, LPARAM lParam);
     void AfterList(UINT message);
     std::optional<LRESULT> OnHeader(const NMHEADERW& header);
     bool OnKey(WPARAM key);
     void OnCharacter(wchar_t character);
-    bool Navigate(WPARAM key, bool marks = false);
+    std::optional<GridPlace> Target(WPARAM key, GridPlace from) const;
+    bool Navigate(WPARAM key, bool shift = false);
+    void GoOn();
     void MoveTo(GridPlace place, bool marks);
     bool Press(POINT point, bool right);
     std::optional<LRESULT> OnDialog(UINT message, WPARAM wParam, LPARAM lParam);
@@ -143,7 +175,9 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     int listId_ = 0;
     GridRows rows_;
     GridMarkRange range_{rows_};
-    KrGridView view_{rows_};
+    GridOrder order_;
+    GridSelection selection_;
+    KrGridView view_{rows_, order_};
     KrCellEditor editor_;
     KrGridLinks links_{*this};
     KrTextTip tip_;
@@ -154,6 +188,7 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     bool clickMarks_ = false;
     bool clickOpens_ = false;
     bool rightPressed_ = false;
+    bool dragging_ = false;    // the mouse selects cells
     bool shifting_ = false;    // the current cell got where it is with Shift held down
     bool errorShown_ = false;  // the last message that the dialog gave
     int busy_ = 0;

@@ -1,0 +1,240 @@
+// What is done with many cells and rows of the table editors at once: copied, pasted, filled, undone; and the keys by
+// which rows come and go.
+#include <algorithm>
+
+#include "tests/dialogs/ImportTables.h"
+#include "ui/GridBlock.h"
+
+using namespace kiro::drive;
+
+namespace {
+
+void Control(WORD key) { KeyHolding(VK_CONTROL, key); }
+void ControlShift(WORD key) { KeyHolding({VK_CONTROL, VK_SHIFT}, key); }
+void ShiftTimes(WORD key, int times) {
+    for (; times > 0; --times) KeyHolding(VK_SHIFT, key);
+}
+void PasteBlock(const std::wstring& text) {
+    PutOnClipboard(text);
+    Control('V');
+}
+
+constexpr char kLayers[] = "LAYER 壁 = 5\nLAYER 柱 = 6\nLAYER 窓 = 7\n";
+
+}  // namespace
+
+TEST(GridBlocks, AreReadAsSpreadsheetsWriteThem) {
+    using kiro::ui::GridBlock;
+    using kiro::ui::ReadGridBlock;
+    EXPECT_EQ((GridBlock{{L"a", L"", L"b"}, {L"c"}}), ReadGridBlock(L"a\t\tb\r\nc\r\n"));
+    EXPECT_EQ((GridBlock{{L"a\tb\nc", L"d\"e"}, {L"\"f", L"\"g\""}}),
+              ReadGridBlock(L"\"a\tb\nc\"\t\"d\"\"e\"\n\"f\t\"g\""));
+    EXPECT_EQ((GridBlock{{L""}}), ReadGridBlock(L""));
+    EXPECT_EQ((GridBlock{{L"a"}, {L""}}), ReadGridBlock(L"a\r\n\r\n"));
+}
+
+TEST(GridBlocks, NumbersGoOn) {
+    const struct {
+        const char* first;
+        const char* second;
+        const char* fifth;
+    } cases[] = {{"1", "2", "5"},          {"10", "8", "2"},        {"5", "3", "-3"},
+                 {"-1", "-2", "-5"},       {"0.5", "0.75", "1.50"}, {"01", "02", "05"},
+                 {"表08", "表09", "表12"}, {"3", "3", "3"},         {"L-1", "L-2", "L-5"}};
+    for (const auto& of : cases) {
+        const auto series = kiro::ui::GridSeries::From(of.first, of.second);
+        ASSERT_TRUE(series) << of.first;
+        EXPECT_EQ(of.fifth, series->At(4));
+    }
+    for (const char* other : {"", "x", "B2", "1234567890123"}) EXPECT_FALSE(kiro::ui::GridSeries::From("A1", other));
+}
+
+TEST_F(ImportTables, BlocksGoToASpreadsheetAndComeBack) {
+    WriteTable(kLayerFile, kLayers);
+    Edit(kClasses, true, [&](HWND dialog, const Grid& grid) {
+        const auto opened = AllRows(grid);
+        grid.Click(1, 1);
+        ShiftTimes(VK_DOWN, 1);
+        ShiftTimes(VK_RIGHT, 1);
+        EXPECT_EQ((GridPlace{1, 1}), grid.Current());
+        Control('C');
+        EXPECT_EQ(L"壁\t5\r\n柱\t6\r\n", TextOnClipboard());
+        Control('A');
+        Control('C');
+        EXPECT_TRUE(TextOnClipboard().starts_with(L"1\tOTHER\t"));
+        // From the first row on: the name of "OTHER" and the numbers of the rows stay; two rows are added.
+        grid.Click(0, 0);
+        PasteBlock(L"x\t別名\t２\r\n9\t 梁\t256\r\n9\t床\t1\r\n9\t\"a\"\"b\"\t7\r\n9\t屋根\r\n9\t表ソ\t12\r\n");
+        EXPECT_EQ(L"6 行に貼り付けました。編集できない列の値は除きました。", Guidance(dialog));
+        const std::vector<Cells> pasted = {{L"1", L"OTHER", L"2"}, {L"2", L"梁", L"256"}, {L"3", L"床", L"1"},
+                                           {L"4", L"a\"b", L"7"},  {L"5", L"屋根", L"1"}, {L"6", L"表ソ", L"12"}};
+        EXPECT_EQ(pasted, AllRows(grid));
+        EXPECT_EQ((GridPlace{0, 0}), grid.Current());
+        Control('Z');
+        EXPECT_EQ(opened, AllRows(grid));
+        Control('Z');
+        EXPECT_EQ(L"これより前には戻せません。", Guidance(dialog));
+        Control('Y');
+        EXPECT_EQ(pasted, AllRows(grid));
+        EXPECT_EQ(L"やり直しました。", Guidance(dialog));
+        Click(dialog, IDOK);
+    });
+    EXPECT_TRUE(Has(kLayerFile, "LAYER 屋根 = 1\r\nLAYER 表ソ = 12\r\n")) << Bytes(kLayerFile);
+}
+
+TEST_F(ImportTables, WhatCannotBePastedIsAskedFor) {
+    WriteTable(kLayerFile, kLayers);
+    Edit(kClasses, false, [&](HWND dialog, const Grid& grid) {
+        const auto opened = AllRows(grid);
+        const auto paste = [&](const std::wstring& text, const std::wstring& message, int answer) {
+            PasteBlock(text);
+            const Box box = ReadBox();
+            EXPECT_EQ(0u, box.text.find(message)) << testing::PrintToString(box.text);
+            Answer(box, answer);
+            EXPECT_EQ(dialog, Settle());
+        };
+        grid.Click(2, 1);
+        // What is bad: a name that is there already, that comes twice, that no table can hold; a number out of range.
+        const std::wstring block = L"壁\t9\r\n梁\t257\r\n梁\t3\r\n図\x00E9\t4\r\n";
+        paste(block,
+              L"入れられない値が 4 個あります。最初の値は 3 行目の「レイヤ名」の列です。\n「壁」 "
+              L"レイヤ名が重複しています 2,3 : 壁\n",
+              IDNO);
+        EXPECT_EQ(opened, AllRows(grid));
+        EXPECT_EQ((GridPlace{2, 1}), grid.Current());
+        Control('Z');
+        EXPECT_EQ(L"これより前には戻せません。", Guidance(dialog));
+        paste(block, L"入れられない値が 4 個あります。", IDYES);
+        EXPECT_EQ(L"4 行に貼り付けました。入れなかった値 4 個に印を付けました。", Guidance(dialog));
+        EXPECT_EQ(
+            (std::vector<Cells>{
+                opened[0], opened[1], {L"3", L"柱", L"9"}, {L"4", L"梁", L"7"}, {L"5", L"", L"3"}, {L"6", L"", L"4"}}),
+            AllRows(grid));
+        for (const GridPlace bad : {GridPlace{2, 1}, {3, 2}, {4, 1}, {5, 1}})
+            EXPECT_TRUE(IsMarked(grid, bad)) << bad.row;
+        EXPECT_FALSE(IsMarked(grid, {3, 1}));
+        Control('Z');
+        EXPECT_EQ(opened, AllRows(grid));
+        EXPECT_FALSE(IsMarked(grid, {2, 1}));
+        std::wstring many;
+        for (int i = 0; i < kDxfInLayerSlots; ++i) many += L"L" + std::to_wstring(i) + L"\r\n";
+        grid.Click(1, 1);
+        paste(many, L"表に入らない行が 1 行あります。\n\n入れられる値だけを", IDYES);
+        EXPECT_EQ(kDxfInLayerSlots, grid.Rows());
+        grid.Click(1, 1);
+        paste(L"=", L"入れられない値が 1 個あります。", IDOK);  // nothing else to take
+        EXPECT_EQ(L"L0", grid.Cell(1, 1));
+        Control('Z');
+        EXPECT_EQ(opened, AllRows(grid));
+        Click(dialog, IDCANCEL);
+    });
+}
+
+TEST_F(ImportTables, NamesAlonePastedBecomeRows) {
+    WriteTable(kLayerFile, kLayers);
+    Edit(kClasses, false, [&](HWND dialog, const Grid& grid) {
+        PutOnClipboard(L"梁\t1\r\n\r\n壁\r\n床\r\n");
+        ControlShift('V');
+        Answer(ReadBox(), IDYES);
+        EXPECT_EQ(6, grid.Rows());
+        EXPECT_EQ((Cells{L"6", L"床", L"1"}), Row(grid, 5));
+        EXPECT_EQ((GridPlace{4, 1}), grid.Current());
+        Click(dialog, IDCANCEL);
+    });
+}
+
+TEST_F(ImportTables, CellsAreFilledWhereRowsAreGiven) {
+    WriteTable(kLayerFile, "");
+    Edit(kColorRevisions, true, [&](HWND dialog, const Grid& grid) {
+        const auto opened = AllRows(grid);
+        const auto column = [&](int from, int to) {
+            std::wstring texts;
+            for (int row = from; row <= to; ++row) texts += grid.Cell(row, 1) + L" ";
+            return texts;
+        };
+        Change(grid, 9, 1, L"２０");  // typed with full-width digits
+        Change(grid, 10, 1, L"22");
+        grid.Click(9, 1);
+        ShiftTimes(VK_DOWN, 4);
+        Control('R');
+        EXPECT_EQ(L"20 22 24 26 28 ", column(9, 13));
+        grid.Click(13, 1);
+        ShiftTimes(VK_UP, 3);  // from below
+        Control('D');
+        EXPECT_EQ(L"20 22 22 22 22 ", column(9, 13));
+        grid.Click(14, 1);
+        Control('D');  // one row: what stands above it
+        EXPECT_EQ(L"22", grid.Cell(14, 1));
+        grid.Click(0, 1);
+        Control('D');
+        ExpectError(dialog, L"上に値がありません。");
+        grid.Click(20, 1);
+        ShiftTimes(VK_DOWN, 3);
+        PasteBlock(L"100");  // one text for all of them
+        EXPECT_EQ(L"100 100 100 100 ", column(20, 23));
+        Key(VK_DELETE);  // the rows are given
+        Key(VK_INSERT);
+        EXPECT_EQ(opened.size(), AllRows(grid).size());
+        grid.Click(250, 1);
+        ShiftTimes(VK_DOWN, 3);
+        PutOnClipboard(L"250\n251\n252\n253\n254\n256");
+        KeyHolding(VK_SHIFT, VK_INSERT);
+        EXPECT_EQ(0u, ReadBox().text.find(L"表に入らない行が 1 行あります。"));
+        Answer(ReadBox(), IDYES);
+        EXPECT_EQ(L"250 251 252 253 254 ", column(250, 254));
+        for (int step = 0; step < 20; ++step) Control('Z');
+        EXPECT_EQ(opened, AllRows(grid));
+        for (int step = 0; step < 20; ++step) ControlShift('Z');
+        EXPECT_EQ(L"250 251 252 253 254 ", column(250, 254));
+        EXPECT_EQ(L"20 22 22 22 22 22 ", column(9, 14));
+        Click(dialog, IDOK);
+    });
+}
+
+TEST_F(ImportTables, RowsComeAndGoByKey) {
+    WriteTable(kLayerFile, kLayers);
+    Edit(kClasses, true, [&](HWND dialog, const Grid& grid) {
+        const auto opened = AllRows(grid);
+        grid.Click(0, 1);
+        Key(VK_DELETE);
+        ExpectError(dialog, L"削除できません。");
+        ShiftTimes(VK_DOWN, 1);
+        Key(VK_DELETE);  // all or none
+        ExpectError(dialog, L"削除できません。");
+        Key(VK_INSERT);
+        ExpectError(dialog, L"ここには挿入できません。");
+        EXPECT_EQ(opened, AllRows(grid));
+        grid.Click(1, 1);
+        Key(VK_INSERT);
+        EXPECT_EQ((Cells{L"2", L"", L"1"}), Row(grid, 1));
+        grid.Keys(L"新");
+        Key(VK_TAB);
+        grid.Keys(L"8");
+        Key(VK_RETURN);
+        ShiftTimes(VK_DOWN, 1);
+        Key(VK_DELETE);
+        EXPECT_EQ((std::vector<Cells>{opened[0], {L"2", L"新", L"8"}, {L"3", L"窓", L"7"}}), AllRows(grid));
+        EXPECT_EQ((GridPlace{2, 2}), grid.Current());
+        // Behind the last cell: a row to go on with, by Enter or by Tab.
+        Key(VK_RETURN);
+        EXPECT_EQ((GridPlace{3, 1}), grid.Current());
+        grid.Keys(L"続き");
+        Key(VK_TAB);
+        Key(VK_TAB);
+        EXPECT_EQ((GridPlace{4, 1}), grid.Current());
+        EXPECT_TRUE(grid.IsOpen());
+        Key(VK_TAB);
+        Key(VK_TAB);  // one that is not used is enough
+        EXPECT_EQ(5, grid.Rows());
+        grid.Click(0, 2);
+        EXPECT_FALSE(IsGuidanceError(dialog)) << "a row that is not used is not checked";
+        while (Guidance(dialog) != L"これより前には戻せません。") Control('Z');
+        EXPECT_EQ(opened, AllRows(grid));
+        while (Guidance(dialog) != L"やり直す操作はありません。") Control('Y');
+        grid.Click(3, 2);
+        Key(VK_F2);
+        Key(VK_TAB);
+        Click(dialog, IDOK);
+    });
+    EXPECT_TRUE(Has(kLayerFile, "LAYER 新 = 8\r\nLAYER 窓 = 7\r\nLAYER 続き = 1\r\n")) << Bytes(kLayerFile);
+}
