@@ -140,6 +140,13 @@ void KrDxfOutTbl_LStyle2::OnInit() {
     pairs_.Init(kDxfOutShownPairs);
     pairs_.Control().SetParentList(&patterns_.Control());
     ShowPitches(-1);
+    for (int row = 0; row < patternRows_.Count(); ++row) ShowPattern(row);
+}
+
+// Below its name.
+void KrDxfOutTbl_LStyle2::ShowPattern(int row) {
+    const Pattern pattern = patternRows_[row].Stored();
+    patterns_.Control().SetItemPattern(row, kNameColumn, pattern.pitch, pattern.pitchCount);
 }
 
 void KrDxfOutTbl_LStyle2::ShowPitches(int row) {
@@ -167,6 +174,8 @@ void KrDxfOutTbl_LStyle2::TakePitch(int pair, int column) {
     pattern.pitchesTouched = true;
     pairs_.Changed();
     patterns_.Changed();  // whether the file has room for them
+    ShowPattern(shown_);
+    patterns_.Control().DrawItem();
 }
 
 void KrDxfOutTbl_LStyle2::CellMoved() {
@@ -181,6 +190,7 @@ void KrDxfOutTbl_LStyle2::CellMoved() {
 void KrDxfOutTbl_LStyle2::RowsMoved() {
     patterns_.Control().MessageText("");
     ShowPitches(patterns_.CurrentRow());
+    for (int row = 0; row < patternRows_.Count(); ++row) ShowPattern(row);
 }
 
 // ---- Patterns in use ----

@@ -6,11 +6,13 @@
 #include <unordered_map>
 #include <utility>
 
+#include "entry/host/kirodxf.h"
 #include "resources/grid.ids.h"
 
 namespace kiro::ui {
 namespace {
 
+constexpr int kLastColor = 255;
 constexpr unsigned long kGridStyle = 33;  // grid lines and full-row selection
 
 struct MenuDeleter {
@@ -29,6 +31,17 @@ KrTextList ChoicesOf(const GridColumn& column) {
 
 // Where the current row is on the screen.
 int FocusedIndex(HWND list) { return ListView_GetNextItem(list, -1, LVNI_FOCUSED); }
+
+// The palette is the host's. Its colours are 1 to 255; those of a block and of a layer are none of their own.
+int PaletteColor(int number, KrColor* color) {
+    if (number < 1 || number > kLastColor) return 0;
+    std::int16_t red = 0;
+    std::int16_t green = 0;
+    std::int16_t blue = 0;
+    DxfGetColorRGB(number, &red, &green, &blue);
+    *color = RGB(red, green, blue);
+    return 1;
+}
 
 unsigned int KindsOf(const GridColumn& column) { return column.isNumber || column.numbers.Any() ? kKrCellNumber : 0; }
 
@@ -82,6 +95,7 @@ void Grid::SetColumns() {
         if (column.typed) control_->SetEdit(index, 0, column.typed, column.typedPrompt);
         if (!column.CanEdit()) control_->SetAvailableFlag(-1, index, 0);
         control_->SetColumnKinds(index, KindsOf(column));
+        control_->SetColumnColors(index, column.isColor ? PaletteColor : nullptr);
         ++index;
     }
 }

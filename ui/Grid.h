@@ -107,6 +107,7 @@ class Grid {
 
     // ---- Rows that come and go ----
 
+    void ShowKeys() const;
     bool Serve(int request);  // false: nothing for this grid
     void RowCommand(UINT command);
     void AddRow(bool insert);

@@ -4,6 +4,7 @@
 
 #include "resources/grid.ids.h"
 #include "ui/Grid.h"
+#include "ui/Text.h"
 
 namespace kiro::ui {
 
@@ -31,6 +32,8 @@ bool Grid::Serve(int request) {
             return FillDown(), true;
         case kKrAskCountUp:
             return CountUp(), true;
+        case kKrAskKeys:
+            return ShowKeys(), true;
         default:
             return false;
     }
@@ -51,6 +54,24 @@ void Grid::RowCommand(UINT command) {
             break;
     }
     control_->DrawItem();
+    SetFocus(List());
+}
+
+void Grid::ShowKeys() const {
+    std::string text =
+        "Shift+矢印、Ctrl+Shift+Home／End、Ctrl+A\n　　セルを選択（マウスのドラッグでも）\n"
+        "Ctrl+C　コピー　　　　Ctrl+V　貼り付け\n"
+        "Ctrl+Z　元に戻す　　　Ctrl+Y　やり直す\n"
+        "Ctrl+D　下へ同じ値　　Ctrl+R　続きの番号\n"
+        "Ctrl+F　検索　　　　　F3　次を検索\n"
+        "Ctrl+Shift+L　列の順に表示（見出しのクリックでも）\n"
+        "F2　セルを編集　　　　F4　選択肢を開く\n";
+    if (menu_)
+        text +=
+            "Ins　行を挿入　　　　　Del　行を削除\n"
+            "最後のセルで Enter、Tab　行を追加\n"
+            "Ctrl+Shift+V　名前だけを新しい行に貼り付け\n";
+    MessageBoxW(dialog_.Handle(), ToWide(text).c_str(), L"表のキー操作", MB_OK | MB_ICONINFORMATION);
     SetFocus(List());
 }
 

@@ -72,6 +72,7 @@ constexpr int kKrAskDeleteRows = 6;  // Del: the rows of the selected cells
 constexpr int kKrAskAddRow = 7;      // Enter or Tab in the last cell that can be edited: a row below it
 constexpr int kKrAskFillDown = 8;    // Ctrl+D: the first of the selected texts in all cells below it
 constexpr int kKrAskCountUp = 9;     // Ctrl+R: numbers that go on from the first two
+constexpr int kKrAskKeys = 10;       // F1: which keys there are
 
 // lParam of kKrListRequest.
 struct KrListRequest {
@@ -80,6 +81,9 @@ struct KrListRequest {
     int done;  // the dialog sets 1 when the request was for it, be it done or refused with a message; otherwise the key
                // does what it does without the dialog
 };
+
+// The colour that a number stands for; 0 when it stands for none.
+using KrColorOf = int (*)(int number, KrColor* color);
 
 // What a column holds, for SetColumnKinds.
 constexpr unsigned int kKrCellNumber = 1;  // numbers: full-width digits, signs and points become half-width ones
@@ -169,6 +173,11 @@ class KrListControl {
 
     // kinds: kKrCell..., or-ed.
     virtual void SetColumnKinds(int column, unsigned int kinds) = 0;
+    // Beside the numbers of the column, and of its choices, their colours are shown. Null: none.
+    virtual void SetColumnColors(int column, KrColorOf colorOf) = 0;
+    // Below the text of the cell a line with this pattern is shown: lengths drawn and left blank in turn, in
+    // millimetres on the screen. count 0: an unbroken line; -1: none. To those who do not see it the lengths are told.
+    virtual void SetItemPattern(int row, int column, const double* lengths, int count) = 0;
     // Whether the operator could give the cell this text, by typing or by choosing: not 0 when he could. Otherwise the
     // reason, for him; "" for a cell that cannot be edited. A text that is taken is written to taken as the cell would
     // hold it, without the blanks around it and with its digits as its column has them. wide: UTF-16.

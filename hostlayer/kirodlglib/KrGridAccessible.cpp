@@ -1,6 +1,8 @@
 #include "KrGridAccessible.h"
 
 #include <algorithm>
+#include <cwchar>
+#include <iterator>
 
 #include "KrGuarded.h"
 #include "KrText.h"
@@ -15,6 +17,17 @@ HRESULT Guard(auto body) {
 }
 
 std::wstring TextOf(const GridRows& rows, GridPlace place) { return WideForDisplay(rows.Find(place)->text); }
+
+std::wstring PatternText(const std::vector<double>& lengths) {
+    if (lengths.empty()) return L"実線";
+    std::wstring text = L"線のパターン";
+    for (std::size_t i = 0; i < lengths.size(); ++i) {
+        wchar_t length[40];
+        std::swprintf(length, std::size(length), L" %ls%g", i % 2 == 0 ? L"描画" : L"空白", lengths[i]);
+        text += length;
+    }
+    return text;
+}
 
 }  // namespace
 
@@ -114,7 +127,8 @@ STDMETHODIMP KrGridAccessible::get_accDescription(VARIANT child, BSTR* descripti
     if (IsSelf(child)) return KrAccessible::get_accDescription(child, description);
     return Of(child, [&](GridPlace place) {
         const GridCell* cell = grid_.Rows().Find(place);
-        return GiveText(cell && cell->error ? L"誤りがあります" : L"", description);
+        const std::wstring error = cell && cell->error ? L"誤りがあります" : L"";
+        return GiveText(error + (cell && cell->pattern ? PatternText(*cell->pattern) : L""), description);
     });
 }
 

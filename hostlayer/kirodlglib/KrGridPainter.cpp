@@ -1,8 +1,10 @@
 #include "KrGridPainter.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
+#include "KrSwatch.h"
 #include "KrText.h"
 
 namespace {
@@ -14,7 +16,11 @@ constexpr int kHighlightPercent = 25;
 constexpr int kSelectedPercent = 45;
 constexpr int kUnavailablePercent = 60;
 constexpr int kMarkBox = 13;
-constexpr std::size_t kMostShown = 512;  // characters of a cell; no screen is wider
+constexpr int kPatternWidth = 2;
+constexpr double kMillimetresPerInch = 25.4;
+constexpr double kFinestPattern = 2;      // pixels until it begins anew
+constexpr double kLongestLength = 10000;  // millimetres; no screen is wider
+constexpr std::size_t kMostShown = 512;   // characters of a cell; no screen is wider
 
 int Scaled(HDC dc, int pixels) { return MulDiv(pixels, GetDeviceCaps(dc, LOGPIXELSX), 96); }
 
@@ -119,6 +125,7 @@ RECT KrGridPainter::TextArea(HDC dc, const RECT& area, GridPlace place) const {
     if (place.column == 0 && rows_.MarkKind() != GridRows::Marks::kNone)
         text.left = MarkBox(dc, area).right + Scaled(dc, kMargin) / 2;
     if (rows_.Find(place)->error) text.left += WidthOf(dc, kErrorMark);
+    if (rows_.FindColumn(place.column)->editing.colorOf) text.left += SwatchWidth(dc);
     return text;
 }
 
@@ -166,6 +173,32 @@ void KrGridPainter::DrawFrames(HDC dc, const RECT& area, const Shown& shown, con
     }
 }
 
+// At the cell's lower end, in its true size. Too fine a pattern for the screen is an unbroken line.
+void KrGridPainter::DrawPattern(HDC dc, const RECT& area, const GridCell& cell, COLORREF color) const {
+    const double unit = GetDeviceCaps(dc, LOGPIXELSX) / kMillimetresPerInch;
+    const LONG bottom = area.bottom - Scaled(dc, kFrame + 1);
+    const LONG top = bottom - Scaled(dc, kPatternWidth);
+    const LONG right = area.right - Scaled(dc, kMargin);
+    const double left = area.left + Scaled(dc, kMargin);
+    double period = 0;
+    for (const double length : *cell.pattern) period += std::clamp(length, 0.0, kLongestLength) * unit;
+    if (period < kFinestPattern) return Fill(dc, {std::lround(left), top, right, bottom}, color);
+    const auto count = cell.pattern->size();
+    double at = left;
+    for (std::size_t i = 0; at < right; i = (i + 1) % count) {
+        const double end = at + std::clamp((*cell.pattern)[i], 0.0, kLongestLength) * unit;
+        const LONG from = std::lround(at);
+        // A length that is hardly there is a dot.
+        if (i % 2 == 0) Fill(dc, {from, top, std::min(std::max(std::lround(end), from + 1), right), bottom}, color);
+        at = end;
+    }
+}
+
+int KrGridPainter::WidthNeeded(HDC dc, GridPlace place) const {
+    const RECT text = TextArea(dc, RECT{}, place);
+    return WidthOf(dc, ShownText(*rows_.Find(place))) + static_cast<int>(text.left - text.right) + 1;
+}
+
 void KrGridPainter::DrawCell(HDC dc, RECT area, const Shown& shown, const GridPicture& picture) const {
     const GridPlace place = shown.place;
     const GridCell& cell = *rows_.Find(place);
@@ -173,12 +206,17 @@ void KrGridPainter::DrawCell(HDC dc, RECT area, const Shown& shown, const GridPi
     Fill(dc, area, look.background);
     DrawFrames(dc, area, shown, picture);
     if (place.column == 0 && rows_.MarkKind() != GridRows::Marks::kNone) DrawMark(dc, area, place.row);
+    if (cell.pattern) DrawPattern(dc, area, cell, look.text);
     area = TextArea(dc, area, place);
+    RECT before = area;
+    if (const KrColorOf colorOf = rows_.FindColumn(place.column)->editing.colorOf) {
+        before.left -= SwatchWidth(dc);
+        if (const auto color = ColorOfText(cell.text, colorOf)) DrawSwatch(dc, before, *color, look.text);
+    }
     if (cell.error) {
-        RECT sign = area;
-        sign.left -= WidthOf(dc, kErrorMark);
+        before.left -= WidthOf(dc, kErrorMark);
         SetTextColor(dc, systemColorsOnly_ ? look.text : kErrorColor);
-        DrawLine(dc, sign, kErrorMark);
+        DrawLine(dc, before, kErrorMark);
     }
     SetTextColor(dc, look.text);
     if (area.left < area.right && !cell.text.empty()) DrawLine(dc, area, ShownText(cell));

@@ -25,7 +25,9 @@ class KrGridPainter {
     explicit KrGridPainter(const GridRows& rows) : rows_(rows) { ReadColors(); }
     void ReadColors();  // the user has chosen other ones
     void DrawRow(HDC dc, const RECT& area, int index, int row, const GridPicture& picture) const;
-    bool IsCut(HDC dc, const RECT& area, GridPlace place) const;  // with the rows' font in the device context
+    // With the rows' font in the device context.
+    bool IsCut(HDC dc, const RECT& area, GridPlace place) const;
+    int WidthNeeded(HDC dc, GridPlace place) const;
 
     static constexpr int kFrame = 2;   // around the current cell, in pixels of 96 dpi as the following
     static constexpr int kMargin = 6;  // between a cell's edge and its text
@@ -46,6 +48,7 @@ class KrGridPainter {
     RECT MarkBox(HDC dc, const RECT& area) const;
     RECT TextArea(HDC dc, const RECT& area, GridPlace place) const;
     void DrawMark(HDC dc, const RECT& area, int row) const;
+    void DrawPattern(HDC dc, const RECT& area, const GridCell& cell, COLORREF color) const;
     void DrawFrames(HDC dc, const RECT& area, const Shown& shown, const GridPicture& picture) const;
     void DrawOutline(HDC dc, const RECT& area, const Shown& shown, const GridPicture& picture) const;
 

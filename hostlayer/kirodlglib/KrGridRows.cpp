@@ -97,10 +97,12 @@ void GridMarkRange::Begin(int anchor) {
 
 bool GridMarkRange::ExtendTo(int row) {
     if (!rows_.HasRow(anchor_) || !rows_.HasRow(row)) return false;
-    const auto [first, last] = std::minmax(anchor_, row);
+    const auto [first, last] = std::minmax({order_.IndexOf(anchor_), order_.IndexOf(row)});
+    const int before = order_.IndexOf(end_);
     bool changed = false;
-    for (int i = std::min(first, end_); i <= std::max(last, end_); ++i) {
-        const bool on = (i >= first && i <= last) || Before(i);
+    for (int index = std::min(first, before); index <= std::max(last, before); ++index) {
+        const int i = order_.RowAt(index);
+        const bool on = (index >= first && index <= last) || Before(i);
         changed = changed || on != rows_.IsMarked(i);
         rows_.Mark(i, on);
     }

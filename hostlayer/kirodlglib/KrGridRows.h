@@ -9,6 +9,9 @@
 #include <utility>
 #include <vector>
 
+#include "KrGridOrder.h"
+#include "entry/host/KrListControl.h"
+
 using GridChoices = std::vector<std::string>;
 
 // One way to choose, shared by all cells that have it.
@@ -25,6 +28,7 @@ struct CellEditing {
     std::string prompt;
     GridComboPtr combo;      // null: nothing to choose from
     unsigned int kinds = 0;  // kKrCell...
+    KrColorOf colorOf = nullptr;
 
     bool Possible() const { return typed || combo; }
 };
@@ -45,7 +49,8 @@ struct GridCell {
     std::string text;
     GridComboPtr combo;  // instead of its column's
     std::optional<GridColors> colors;
-    std::optional<bool> available;  // none: as its column
+    std::optional<bool> available;                       // none: as its column
+    std::shared_ptr<const std::vector<double>> pattern;  // lengths in millimetres; empty: an unbroken line
     bool error = false;
 };
 
@@ -99,11 +104,11 @@ class GridRows {
     Marks markKind_ = Marks::kNone;
 };
 
-// The rows that Shift marks: all from the anchor to the row where the range ends. A row that leaves the range gets the
-// mark back that it had before.
+// The rows that Shift marks: all from the anchor to the row where the range ends, as they are seen. A row that leaves
+// the range gets the mark back that it had before.
 class GridMarkRange {
   public:
-    explicit GridMarkRange(GridRows& rows) : rows_(rows) {}
+    GridMarkRange(GridRows& rows, const GridOrder& order) : rows_(rows), order_(order) {}
     void Begin(int anchor);
     void Forget() { anchor_ = -1; }  // rows came or went, or were marked by the program
     bool HasBegun() const { return anchor_ >= 0; }
@@ -113,6 +118,7 @@ class GridMarkRange {
     bool Before(int row) const { return before_[static_cast<std::size_t>(row)]; }
 
     GridRows& rows_;
+    const GridOrder& order_;
     int anchor_ = -1;
     int end_ = -1;
     std::vector<bool> before_;

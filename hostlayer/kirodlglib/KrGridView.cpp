@@ -8,6 +8,7 @@ namespace {
 
 constexpr int kRowMargin = 8;  // of a row's height beside its line of text, so that a combo fits in
 constexpr int kLeastWidth = 16;
+constexpr int kTitleMargin = 16;  // at both sides of a title
 
 int Scaled(HWND window, int pixels) {
     const HDC dc = GetDC(window);
@@ -179,14 +180,31 @@ GridPlace KrGridView::Hit(POINT point) const {
     return rows_.Has(place) ? place : GridPlace{};
 }
 
-bool KrGridView::IsCut(GridPlace place) const {
-    if (!list_ || !rows_.Has(place)) return false;
+template <class Work>
+auto KrGridView::WithFont(Work work) const {
     const HDC dc = GetDC(list_);
     const HGDIOBJ font = SelectObject(dc, reinterpret_cast<HFONT>(Send(WM_GETFONT)));
-    const bool cut = painter_.IsCut(dc, CellRect(place), place);
+    const auto result = work(dc);
     SelectObject(dc, font);
     ReleaseDC(list_, dc);
-    return cut;
+    return result;
+}
+
+bool KrGridView::IsCut(GridPlace place) const {
+    if (!list_ || !rows_.Has(place)) return false;
+    return WithFont([&](HDC dc) { return painter_.IsCut(dc, CellRect(place), place); });
+}
+
+int KrGridView::WidthNeeded(GridPlace place) const {
+    return WithFont([&](HDC dc) { return painter_.WidthNeeded(dc, place); });
+}
+
+int KrGridView::TitleWidth(const std::wstring& title) const {
+    return WithFont([&](HDC dc) {
+        SIZE size{};
+        GetTextExtentPoint32W(dc, title.c_str(), static_cast<int>(title.size()), &size);
+        return static_cast<int>(size.cx) + MulDiv(kTitleMargin, GetDeviceCaps(dc, LOGPIXELSX), 96);
+    });
 }
 
 // ---- The picture ----
@@ -216,14 +234,27 @@ void KrGridView::RepaintAll() const {
     if (list_) InvalidateRect(list_, nullptr, TRUE);
 }
 
-void KrGridView::Draw(const DRAWITEMSTRUCT& request, GridPlace current, const GridArea& selected, bool editing) const {
+void KrGridView::ShowSorting(int column, bool descending) const {
+    const auto header = reinterpret_cast<HWND>(Send(LVM_GETHEADER));
+    for (int at = 0; header && at < rows_.Columns(); ++at) {
+        HDITEMW item{};
+        item.mask = HDI_FORMAT;
+        SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(at), reinterpret_cast<LPARAM>(&item));
+        item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+        if (at == column) item.fmt |= descending ? HDF_SORTDOWN : HDF_SORTUP;
+        SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(at), reinterpret_cast<LPARAM>(&item));
+    }
+}
+
+void KrGridView::Draw(const DRAWITEMSTRUCT& request, GridPlace current, const GridArea& selected, bool editing,
+                      bool focused) const {
     if (!list_ || request.hwndItem != list_) return;
     GridPicture picture;
     picture.font = reinterpret_cast<HFONT>(Send(WM_GETFONT));
     for (int column = 0; column < rows_.Columns(); ++column) picture.widths.push_back(ColumnWidth(column));
     picture.current = current;
     picture.selected = selected;
-    picture.focused = HasFocus();
+    picture.focused = focused || HasFocus();
     picture.enabled = IsWindowEnabled(list_) != FALSE;
     picture.editing = editing;
     // Before the first key the frame alone shows where it would start.

@@ -46,8 +46,10 @@ class KrGridView {
     RECT RowRect(int row) const { return RectAt(order_.IndexOf(row)); }
     RECT CellRect(GridPlace place) const;
     GridPlace Hit(POINT point) const;
-    bool IsCut(GridPlace place) const;  // the cell is too narrow for its text
-    bool HasFocus() const;              // or its editor has
+    int WidthNeeded(GridPlace place) const;           // of its column, so that the cell's text is seen whole
+    int TitleWidth(const std::wstring& title) const;  // of a column with such a title
+    bool IsCut(GridPlace place) const;                // the cell is too narrow for its text
+    bool HasFocus() const;                            // or its editor has
 
     // ---- The picture ----
 
@@ -57,9 +59,14 @@ class KrGridView {
     void Repaint(int row) const;
     void RepaintAll() const;
     void ReadColors() { painter_.ReadColors(); }
-    void Draw(const DRAWITEMSTRUCT& request, GridPlace current, const GridArea& selected, bool editing) const;
+    // focused: what belongs to the list view has the focus, though it is not its child.
+    void Draw(const DRAWITEMSTRUCT& request, GridPlace current, const GridArea& selected, bool editing,
+              bool focused) const;
+    void ShowSorting(int column, bool descending) const;  // in the head; -1: none
 
   private:
+    template <class Work>
+    auto WithFont(Work work) const;
     RECT RectAt(int index) const;
     void MakeColumns() const;
     void Measure() const;

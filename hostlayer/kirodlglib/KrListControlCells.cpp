@@ -10,6 +10,8 @@ namespace {
 
 bool IsKeyDown(int key) { return GetKeyState(key) < 0; }
 
+constexpr int kMostLengths = 64;
+
 // A text that would look like a quoted one is quoted itself.
 std::wstring AsCopied(const GridCell& cell) {
     std::wstring text = WideForDisplay(cell.text);
@@ -161,6 +163,20 @@ void KrListControlImpl::SetColumnKinds(int column, unsigned int kinds) {
     if (GridColumn* of = rows_.FindColumn(column)) of->editing.kinds = kinds;
 }
 
+void KrListControlImpl::SetColumnColors(int column, KrColorOf colorOf) {
+    if (GridColumn* of = rows_.FindColumn(column)) of->editing.colorOf = colorOf;
+}
+
+void KrListControlImpl::SetItemPattern(int row, int column, const double* lengths, int count) {
+    Guarded([&] {
+        GridCell* const cell = rows_.Find({row, column});
+        if (!cell) return;
+        cell->pattern.reset();
+        if (count < 0 || (count > 0 && !lengths)) return;
+        cell->pattern = std::make_shared<const std::vector<double>>(lengths, lengths + std::min(count, kMostLengths));
+    });
+}
+
 int KrListControlImpl::TakesText(int row, int column, const char16_t* wide, char* taken, int takenSize, char* reason,
                                  int reasonSize) const {
     const auto tell = [](std::string_view text, char* out, int size) {
@@ -201,16 +217,39 @@ bool KrListControlImpl::Ask(int request) {
     return asked.done != 0;
 }
 
+bool KrListControlImpl::OnFunctionKey(WPARAM key, bool shift) {
+    switch (key) {
+        case VK_INSERT:
+            return Ask(shift ? kKrAskPaste : kKrAskInsertRow);
+        case VK_DELETE:
+            return !shift && Ask(kKrAskDeleteRows);
+        case VK_F1:
+            return Ask(kKrAskKeys);
+        case VK_F3:
+            FindNext(!shift);
+            return true;
+        case VK_ESCAPE:
+            if (!find_.IsOpen()) return false;
+            OnFind(FindBarHost::Event::kClosed);
+            return true;
+        default:
+            return false;
+    }
+}
+
 // The keys that do something with many cells. True when that was done.
 bool KrListControlImpl::OnChord(WPARAM key) {
     const bool control = IsKeyDown(VK_CONTROL);
     const bool shift = IsKeyDown(VK_SHIFT);
     if (IsKeyDown(VK_MENU)) return key == VK_BACK && !control && Ask(kKrAskUndo);
-    if (!control) {
-        if (key == VK_INSERT) return Ask(shift ? kKrAskPaste : kKrAskInsertRow);
-        return key == VK_DELETE && !shift && Ask(kKrAskDeleteRows);
-    }
+    if (!control) return OnFunctionKey(key, shift);
     switch (key) {
+        case 'F':
+            OpenFind();
+            return true;
+        case 'L':
+            if (shift) SortBy(GetSelectedColumn());
+            return shift;
         case 'A':
             SelectAll();
             return true;

@@ -67,6 +67,7 @@ void KrListControlImpl::InitList(KrWindow dialog, int listId, int columns, int r
                                                      : GridRows::Marks::kNone);
         range_.Forget();
         order_.Set({});
+        sorting_ = {};
         selection_.Forget();
         current_ = clicked_ = {};
         view_.Start();
@@ -93,7 +94,7 @@ void KrListControlImpl::DrawItem() { view_.RepaintAll(); }
 
 void KrListControlImpl::OnDrawItem(KrDrawItem* request) {
     Guarded([&] {
-        if (request) view_.Draw(*request, current_, Selected(), editor_.IsOpen());
+        if (request) view_.Draw(*request, current_, Selected(), editor_.IsOpen(), find_.HasFocus());
     });
 }
 
@@ -276,6 +277,7 @@ void KrListControlImpl::ClearCurrentCell() {
     Guarded([&] {
         DropEdits();
         SetCurrent({-1, current_.column}, By::kProgram);
+        ForgetSorting();
         view_.ScrollToTop();
     });
 }

@@ -2,8 +2,8 @@
 // does nothing.
 //
 // KrListControlImpl.cpp holds the operations, KrListControlInput.cpp what windows and operator send,
-// KrListControlCells.cpp what is done with many cells at once. The rows, the list
-// view, the editor, the links and the rest have classes of their own; here they work together.
+// KrListControlCells.cpp what is done with many cells at once, KrListControlView.cpp how the rows are looked at. The
+// rows, the list view, the editor, the links and the rest have classes of their own; here they work together.
 #pragma once
 
 #include <windows.h>
@@ -11,6 +11,7 @@
 #include <commctrl.h>
 
 #include "KrCellEditor.h"
+#include "KrFindBar.h"
 #include "KrGridAccessible.h"
 #include "KrGridLinks.h"
 #include "KrGridOrder.h"
@@ -20,7 +21,11 @@
 #include "KrTextTip.h"
 #include "entry/host/KrListControl.h"
 
-class KrListControlImpl final : public KrListControl, private CellEditorHost, private LinkedGrid, private ReadableGrid {
+class KrListControlImpl final : public KrListControl,
+                                private CellEditorHost,
+                                private LinkedGrid,
+                                private ReadableGrid,
+                                private FindBarHost {
   public:
     explicit KrListControlImpl(KrUtility* utility) : utility_(utility), editor_(*this, utility) {}
     KrListControlImpl(const KrListControlImpl&) = delete;
@@ -77,6 +82,8 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     void SelectCells(int firstRow, int firstColumn, int lastRow, int lastColumn) override;
     int GetNextRow(int row) const override;
     void SetColumnKinds(int column, unsigned int kinds) override;
+    void SetColumnColors(int column, KrColorOf colorOf) override;
+    void SetItemPattern(int row, int column, const double* lengths, int count) override;
     int TakesText(int row, int column, const char16_t* wide, char* taken, int takenSize, char* reason,
                   int reasonSize) const override;
 
@@ -120,7 +127,22 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     void ForgetSelection();
     void Copy();
     bool OnChord(WPARAM key);
+    bool OnFunctionKey(WPARAM key, bool shift);
     bool Ask(int request);
+
+    // How the rows are looked at.
+    struct Sorting {
+        int column = -1;  // none: the table's order
+        bool descending = false;
+    };
+    void SortBy(int column);
+    void Sort();
+    void ForgetSorting();
+    void FitColumn(int column);
+    void OpenFind();
+    void OnFind(FindBarHost::Event event) override;
+    void FindNext(bool forwards);
+    void Find(GridPlace from, bool forwards, bool here);
 
     // Marks that the user gives.
     bool WantsRange() const;
@@ -174,13 +196,17 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     HWND dialog_ = nullptr;
     int listId_ = 0;
     GridRows rows_;
-    GridMarkRange range_{rows_};
     GridOrder order_;
+    GridMarkRange range_{rows_, order_};
+    Sorting sorting_;
     GridSelection selection_;
     KrGridView view_{rows_, order_};
     KrCellEditor editor_;
     KrGridLinks links_{*this};
     KrTextTip tip_;
+    KrFindBar find_{*this};
+    GridPlace findFrom_;   // where the search for what is being typed began
+    bool missed_ = false;  // the text was not found
     KrAccessibleOf<KrGridAccessible> accessible_;
     GridPlace current_;  // row -1: none; the column is that of the last one
     GridPlace clicked_;

@@ -295,7 +295,12 @@ std::optional<LRESULT> KrListControlImpl::OnHeader(const NMHEADERW& header) {
             return std::nullopt;
         case HDN_DIVIDERDBLCLICKA:
         case HDN_DIVIDERDBLCLICKW:
-            return 0;  // would measure the texts of all rows
+            FitColumn(header.iItem);
+            return 0;
+        case HDN_ITEMCLICKA:
+        case HDN_ITEMCLICKW:
+            SortBy(header.iItem);
+            return 0;
         default:
             return std::nullopt;
     }
@@ -307,8 +312,9 @@ std::optional<LRESULT> KrListControlImpl::OnList(UINT message, WPARAM wParam, LP
         case WM_GETDLGCODE: {
             const LRESULT code = DefSubclassProc(view_.List(), message, wParam, lParam);
             const auto* key = reinterpret_cast<const MSG*>(lParam);
-            const bool enter = key && key->message == WM_KEYDOWN && key->wParam == VK_RETURN;
-            return enter ? code | DLGC_WANTMESSAGE : code;
+            const bool down = key && key->message == WM_KEYDOWN;
+            const bool wanted = down && (key->wParam == VK_RETURN || (key->wParam == VK_ESCAPE && find_.IsOpen()));
+            return wanted ? code | DLGC_WANTMESSAGE : code;
         }
         case WM_KEYDOWN:
             return handled(OnKey(wParam));
@@ -349,6 +355,8 @@ std::optional<LRESULT> KrListControlImpl::OnList(UINT message, WPARAM wParam, LP
                        : std::nullopt;
         case WM_COMMAND:
             return handled(editor_.OnCommand(HIWORD(wParam), reinterpret_cast<HWND>(lParam)));
+        case WM_DRAWITEM:
+            return handled(editor_.DrawChoice(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)));
         case kGridPicked:
             editor_.OnPicked(wParam);
             return 0;
@@ -444,6 +452,10 @@ std::optional<LRESULT> KrListControlImpl::OnDialog(UINT message, WPARAM wParam, 
             AfterClick(code);
             return result;
         }
+        case WM_COMMAND:
+            if (!find_.OnCommand(HIWORD(wParam), reinterpret_cast<HWND>(lParam))) return std::nullopt;
+            if (HIWORD(wParam) == EN_KILLFOCUS) view_.RepaintAll();
+            return 0;
         case WM_MEASUREITEM: {
             auto* request = reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
             if (request->CtlType != ODT_LISTVIEW || static_cast<int>(request->CtlID) != listId_) return std::nullopt;

@@ -1,6 +1,9 @@
 // What is done with many cells and rows of the table editors at once: copied, pasted, filled, undone; and the keys by
 // which rows come and go.
 #include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <random>
 
 #include "tests/dialogs/ImportTables.h"
 #include "ui/GridBlock.h"
@@ -237,4 +240,153 @@ TEST_F(ImportTables, RowsComeAndGoByKey) {
         Click(dialog, IDOK);
     });
     EXPECT_TRUE(Has(kLayerFile, "LAYER 新 = 8\r\nLAYER 窓 = 7\r\nLAYER 続き = 1\r\n")) << Bytes(kLayerFile);
+}
+
+TEST_F(ImportTables, RowsAreSeenInAnotherOrderAndStayInTheirs) {
+    WriteTable(kLayerFile, "LAYER b = 10\nLAYER C = 9\nLAYER ａ = 200\n");
+    Edit(kClasses, true, [&](HWND dialog, const Grid& grid) {
+        const auto seen = [&](int column) {
+            std::wstring texts;
+            for (int index = 0; index < grid.Rows(); ++index) texts += grid.Cell(index, column) + L" ";
+            return texts;
+        };
+        grid.Click(2, 2);
+        ControlShift('L');
+        EXPECT_EQ(L"3 2 4 1 ", seen(0)) << "numbers as numbers";
+        EXPECT_EQ((GridPlace{2, 2}), grid.Current());
+        EXPECT_TRUE(grid.IsSelected(0)) << "the current row goes with its place";
+        Key(VK_DOWN);
+        EXPECT_EQ((GridPlace{1, 2}), grid.Current());
+        KeyHolding(VK_SHIFT, VK_DOWN);
+        Control('C');
+        EXPECT_EQ(L"10\r\n200\r\n", TextOnClipboard());
+        PasteBlock(L"11\r\n12\r\n");
+        EXPECT_EQ(L"9 11 12 256 ", seen(2));
+        ControlShift('L');
+        EXPECT_EQ(L"256 12 11 9 ", seen(2));
+        grid.Click(1, 1);
+        EXPECT_EQ((GridPlace{3, 1}), grid.Current());
+        ControlShift('L');
+        EXPECT_EQ(L"ａ b C OTHER ", seen(1)) << "case and width do not count";
+        Key(VK_INSERT);
+        EXPECT_EQ(L" ａ b C OTHER ", seen(1));
+        grid.Keys(L"新");
+        Key(VK_RETURN);
+        EXPECT_EQ((GridPlace{4, 1}), grid.Current()) << "the row seen below";
+        ControlShift('L');
+        ControlShift('L');
+        EXPECT_EQ(L"OTHER b C 新 ａ ", seen(1));
+        Click(dialog, IDOK);
+    });
+    EXPECT_TRUE(Has(kLayerFile, "LAYER b = 11\r\nLAYER C = 9\r\nLAYER 新 = 1\r\nLAYER ａ = 12\r\n"))
+        << Bytes(kLayerFile);
+}
+
+TEST_F(ImportTables, TextsAreFoundAsTheyAreTyped) {
+    WriteTable(kLayerFile, "LAYER ＡＢ = 1\nLAYER x = 2\nLAYER ｶﾍﾞab = 3\nLAYER カベ = 4\n");
+    Edit(kClasses, false, [&](HWND dialog, const Grid& grid) {
+        const auto type = [&](const wchar_t* text) {
+            for (; *text; ++text) PostMessageW(FocusWindow(), WM_CHAR, *text, 1);
+            Sync();
+            return grid.Current();
+        };
+        const auto height = [&] {
+            RECT area{};
+            GetWindowRect(grid.List(), &area);
+            return area.bottom - area.top;
+        };
+        const auto before = height();
+        grid.Click(0, 1);
+        Control('F');
+        EXPECT_EQ((GridPlace{1, 1}), type(L"ａ"));
+        EXPECT_EQ((GridPlace{1, 1}), type(L"b"));
+        Key(VK_F3);
+        EXPECT_EQ((GridPlace{3, 1}), grid.Current());
+        Key(VK_RETURN);
+        EXPECT_EQ((GridPlace{1, 1}), grid.Current());
+        EXPECT_EQ(L"端まで探して、反対側から続けました。", Guidance(dialog));
+        EXPECT_EQ((GridPlace{1, 1}), type(L"q"));
+        ExpectError(dialog, L"見つかりません。");
+        Send(FocusWindow(), EM_SETSEL, 0, -1);
+        EXPECT_EQ((GridPlace{3, 1}), type(L"カベ"));
+        EXPECT_LT(height(), before);
+        Key(VK_ESCAPE);  // the bar, and not the dialog
+        EXPECT_EQ(dialog, Settle());
+        EXPECT_EQ(kGrid, FocusId());
+        EXPECT_EQ(before, height());
+        Key(VK_F3);
+        EXPECT_EQ((GridPlace{4, 1}), grid.Current());
+        Key(VK_ESCAPE);
+    });
+}
+
+TEST_F(ImportTables, KeysAreListed) {
+    Edit(kLineTypes, false, [&](HWND dialog, const Grid&) {
+        Key(VK_F1);
+        const Box box = ReadBox();
+        EXPECT_NE(std::wstring::npos, box.text.find(L"Ctrl+Shift+V"));
+        Answer(box, IDOK);
+        EXPECT_EQ(kGrid, FocusId());
+        Click(dialog, IDCANCEL);
+    });
+}
+
+// A user who does anything: the rows stay within their limit, all of it can be undone, and "取消" writes nothing.
+// KIRO_RANDOM_EVENTS: how much he does in each editor.
+TEST_F(ImportTables, WhateverIsDoneCanBeUndone) {
+    const struct {
+        const Editor& editor;
+        int limit;
+    } cases[] = {{kClasses, kDxfInLayerSlots}, {kPolylines, 50}, {kColorRevisions, 255}};
+    const wchar_t* const texts[] = {L"1",          L"２",          L"300", L"壁",     L"a\tb\tc",
+                                    L"\t7\n\t8\n", L"x\r\ny\r\nz", L"=",   L"\x00E9", L"0.5\t3\n1.5\t4",
+                                    L"999999"};
+    const WORD keys[] = {VK_UP,     VK_DOWN, VK_LEFT,   VK_RIGHT,  VK_HOME,   VK_END, VK_RETURN,
+                         VK_RETURN, VK_TAB,  VK_INSERT, VK_INSERT, VK_DELETE, VK_F2};
+    const WORD chords[] = {'V', 'V', 'D', 'R', 'Z', 'Z', 'Z', 'Y', 'A', 'C', VK_HOME, VK_END};
+    const WORD shifted[] = {'V', 'Z', 'L', VK_HOME, VK_END};
+    const char* const wanted = std::getenv("KIRO_RANDOM_EVENTS");
+    const int events = wanted ? std::atoi(wanted) : 300;
+    for (const auto& of : cases) {
+        WriteTable(of.editor.file, of.editor.file == kLayerFile ? kLayers : "WIDTH 0,0.5 = 2\nWIDTH 0.5,999 = 5\n");
+        const std::string file = Bytes(of.editor.file);
+        Edit(of.editor, false, [&](HWND dialog, const Grid& grid) {
+            std::mt19937 random(static_cast<unsigned>(of.limit));
+            const auto pick = [&](const auto& from) { return from[random() % std::size(from)]; };
+            const auto inTable = [&] {
+                auto rows = AllRows(grid);
+                std::sort(rows.begin(), rows.end(),
+                          [](const Cells& one, const Cells& other) { return std::stoi(one[0]) < std::stoi(other[0]); });
+                return rows;
+            };
+            const auto settle = [&] {
+                while (Settle() != dialog) Answer(ReadBox(), ReadBox().buttons[random() % ReadBox().buttons.size()]);
+                if (FocusWindow() != grid.List() && !IsChild(grid.List(), FocusWindow())) Focus(dialog, kGrid);
+            };
+            const auto opened = inTable();
+            for (int event = 0; event < events; ++event) {
+                settle();
+                const unsigned kind = random() % 10;
+                if (kind < 3) Key(pick(keys));
+                if (kind == 3)
+                    KeyHolding(VK_SHIFT, pick(std::to_array<WORD>({VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT, VK_NEXT})));
+                if (kind == 4) ControlShift(pick(shifted));
+                if (kind == 5 || kind == 6) Control(pick(chords));
+                if (kind == 7) PutOnClipboard(pick(texts));
+                if (kind == 8 && grid.Rows() > 0)
+                    grid.Click(static_cast<int>(random() % static_cast<unsigned>(grid.Rows())),
+                               static_cast<int>(random() % 2));
+                if (kind == 9) PostMessageW(FocusWindow(), WM_CHAR, pick(texts)[0], 1);
+                Sync();
+                ASSERT_LE(grid.Rows(), of.limit);
+            }
+            settle();
+            if (grid.IsOpen()) Key(VK_ESCAPE);
+            Control('Z');
+            for (int step = 0; step < events && Guidance(dialog) != L"これより前には戻せません。"; ++step) Control('Z');
+            EXPECT_EQ(opened, inTable()) << testing::PrintToString(std::wstring(of.editor.caption));
+            Click(dialog, IDCANCEL);
+        });
+        EXPECT_EQ(file, Bytes(of.editor.file));
+    }
 }
