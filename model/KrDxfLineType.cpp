@@ -129,8 +129,9 @@ void KrDxfLineType::ShowPattern(int row) {
     double factor = ReadReal(factorText.substr(0, slash)).value_or(0.0);
     if (slash < factorText.size()) factor /= ReadReal(factorText.substr(slash + 1)).value_or(0.0);
     for (double& pitch : reading.pitches) pitch *= IsPitchFactor(factor) ? factor : 1.0;
+    const bool isNone = reading.pitches.empty() && rows_[row][kNameColumn].empty();
     grid_.Control().SetItemPattern(row, kNameColumn, reading.pitches.data(),
-                                   reading.bad.empty() ? static_cast<int>(reading.pitches.size()) : -1);
+                                   reading.bad.empty() && !isNone ? static_cast<int>(reading.pitches.size()) : -1);
 }
 
 // Who types a factor and presses Enter wants to multiply.

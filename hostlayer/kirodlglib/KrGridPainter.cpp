@@ -206,7 +206,10 @@ void KrGridPainter::DrawCell(HDC dc, RECT area, const Shown& shown, const GridPi
     Fill(dc, area, look.background);
     DrawFrames(dc, area, shown, picture);
     if (place.column == 0 && rows_.MarkKind() != GridRows::Marks::kNone) DrawMark(dc, area, place.row);
-    if (cell.pattern) DrawPattern(dc, area, cell, look.text);
+    if (cell.pattern) {
+        DrawPattern(dc, area, cell, look.text);
+        area.bottom -= Scaled(dc, 2 * kPatternWidth);  // the text makes room
+    }
     area = TextArea(dc, area, place);
     RECT before = area;
     if (const KrColorOf colorOf = rows_.FindColumn(place.column)->editing.colorOf) {

@@ -70,6 +70,7 @@ bool KrListControlImpl::Drag(UINT message, POINT point) {
         ExtendWithMouse(point);
     } else {
         dragging_ = false;
+        dragged_ = message == WM_LBUTTONUP;
         if (GetCapture() == view_.List()) ReleaseCapture();
     }
     return true;

@@ -215,6 +215,7 @@ class KrListControlImpl final : public KrListControl,
     bool clickOpens_ = false;
     bool rightPressed_ = false;
     bool dragging_ = false;    // the mouse selects cells
+    bool dragged_ = false;     // it did: the release is no click
     bool shifting_ = false;    // the current cell got where it is with Shift held down
     bool errorShown_ = false;  // the last message that the dialog gave
     int busy_ = 0;

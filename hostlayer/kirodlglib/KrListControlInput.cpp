@@ -395,6 +395,9 @@ void KrListControlImpl::AfterList(UINT message) {
             if (view_.NeedsFit()) view_.FitColumns();
             ColumnsChanged();
             break;
+        case WM_LBUTTONUP:
+            dragged_ = false;
+            break;
         case WM_VSCROLL:
         case WM_MOUSEWHEEL:
             tip_.Hide();
@@ -446,6 +449,7 @@ std::optional<LRESULT> KrListControlImpl::OnDialog(UINT message, WPARAM wParam, 
             // A press that moves a little is no click, yet the list view has taken the row.
             if (notice->code == LVN_BEGINDRAG) Dragged(reinterpret_cast<const NMLISTVIEW*>(lParam)->ptAction);
             if (notice->code != NM_CLICK && notice->code != NM_DBLCLK) return std::nullopt;
+            if (dragged_) return 0;
             const UINT code = notice->code;
             BeforeClick(*reinterpret_cast<const NMITEMACTIVATE*>(lParam));
             const LRESULT result = DefSubclassProc(dialog_, message, wParam, lParam);

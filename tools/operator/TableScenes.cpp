@@ -54,7 +54,7 @@ Windows ClassSelected(const std::wstring&) {
     for (const wchar_t unit : std::wstring(L"柱")) PostMessageW(FocusWindow(), WM_CHAR, unit, 1);
     Sync();
     Focus(editor, kGrid);
-    for (const WORD key : {VK_RIGHT, VK_DOWN, VK_DOWN}) KeyHolding(VK_SHIFT, key);
+    for (const int key : {VK_RIGHT, VK_DOWN, VK_DOWN}) KeyHolding(VK_SHIFT, static_cast<WORD>(key));
     return {editor};
 }
 
