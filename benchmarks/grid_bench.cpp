@@ -18,6 +18,7 @@
 #include "benchmarks/BenchHost.h"
 #include "benchmarks/LeakReport.h"
 #include "benchmarks/Measure.h"
+#include "driver/Clipboard.h"
 #include "driver/Driver.h"
 #include "driver/GridDriver.h"
 #include "dxfin_tables/KrDxfInTbl_CLayer.h"
@@ -35,6 +36,9 @@ constexpr int kRounds = 30;
 constexpr int kFewRows = 16;
 constexpr int kMostRows = kDxfInLayerSlots;
 constexpr int kHalfRows = 1000;
+constexpr int kManyRows = 2001;  // with "OTHER"
+constexpr int kSomeRows = 201;
+constexpr int kFewRounds = 7;
 constexpr int kAllButOther = kDxfInLayerSlots - 1;
 constexpr int kSteps = 10;          // of which a figure is the fastest
 constexpr double kNotSlower = 1.1;  // what is as fast may measure a little slower
@@ -76,6 +80,22 @@ class Hands {
     void Press(WORD key) const {
         SendMessageW(GetFocus(), WM_KEYDOWN, key, 1);
         Paint();
+    }
+    void PressWithControl(WORD key) const {
+        BYTE keys[256] = {};
+        keys[VK_CONTROL] = 0x80;
+        SetKeyboardState(keys);
+        Press(key);
+        keys[VK_CONTROL] = 0;
+        SetKeyboardState(keys);
+    }
+    void PressWithShift(WORD key) const {
+        BYTE keys[256] = {};
+        keys[VK_SHIFT] = 0x80;
+        SetKeyboardState(keys);
+        Press(key);
+        keys[VK_SHIFT] = 0;
+        SetKeyboardState(keys);
     }
     void GoTo(int column) const {
         while (grid_.Current().column < column) Press(VK_RIGHT);
@@ -205,6 +225,34 @@ class Bench {
         return kept;
     }
 
+    // What is done with many cells at once: a step per row, so that it does not matter how many there are.
+    bool Blocks() {
+        const LayerTable most = Layers(kManyRows, true);
+        const LayerTable some = Layers(kSomeRows, true);
+        const auto each = [&](const char* what, Step step) {
+            const auto perRow = [&](DxfInLayerTable& table) { return Run(table, step) / (table.layerClassCount + 1); };
+            const Comparison figure = CompareTimes(
+                kFewRounds, [&] { return perRow(*most); }, [&] { return perRow(*some); });
+            return Report(std::string("2,001 rows / 201 rows, per row, ") + what, figure, 1.5);
+        };
+        bool kept = each("pasted", &Bench::PasteRows);
+        kept = each("filled down", &Bench::FillDown) && kept;
+        kept = each("a paste undone", &Bench::UndoPaste) && kept;
+        kept = each("deleted", &Bench::DeleteAll) && kept;
+        kept = each("sorted", &Bench::SortRows) && kept;
+        kept = each("a text not found", &Bench::FindNothing) && kept;
+        const Comparison undo = CompareTimes(
+            kFewRounds, [&] { return Run(*most, &Bench::UndoPaste); }, [&] { return Run(*most, &Bench::PasteRows); });
+        kept = Report("2,000 rows, a paste undone / the paste", undo, 1.0) && kept;
+        const Comparison paste = CompareTimes(
+            kFewRounds, [&] { return Run(*most, &Bench::PasteRows); },
+            [&] {
+                const BenchHost::AutoClose closing(host_);
+                return Milliseconds([&] { Edit(*most); });
+            });
+        return Report("2,000 rows pasted / a table of them opened and closed", paste, 1.5) && kept;
+    }
+
     // What many rows leave behind, beside a bare grid of as many.
     bool Leaks(int times) {
         const LayerTable most = Layers(kMostRows, true);
@@ -222,6 +270,12 @@ class Bench {
     void Edit(DxfInLayerTable& table) const {
         const BenchHost::Style style(host_);
         Require(KrDxfInTbl_CLayer(table).DoModal(host_.Owner()) == IDCANCEL, "the editor was not shown");
+    }
+    double Run(DxfInLayerTable& table, Step step) {
+        double time = 0;
+        const int rows = table.layerClassCount + 1;
+        host_.Play([&] { Edit(table); }, [&](HWND dialog) { time = step(Hands(dialog, rows), rows); });
+        return time;
     }
     Comparison CompareTables(DxfInLayerTable& subject, DxfInLayerTable& floor, Step step) {
         const auto run = [&](DxfInLayerTable& table) {
@@ -285,6 +339,62 @@ class Bench {
         });
     }
 
+    // All rows but "OTHER" come from the clipboard, after they were taken out.
+    static double PasteRows(const Hands& hands, int rows) {
+        std::wstring block;
+        for (int i = 1; i < rows; ++i)
+            block += L"PASTED_LAYER_" + std::to_wstring(i) + L"\t" + std::to_wstring(i % 256 + 1) + L"\r\n";
+        SelectLayers(hands, rows);
+        hands.Press(VK_DELETE);
+        Require(hands.Rows().Rows() == 1, "the rows are not deleted");
+        hands.GoTo(kNameColumn);
+        PutOnClipboard(L"OTHER\t1\r\n" + block);
+        const double time = Milliseconds([&] { hands.PressWithControl('V'); });
+        Require(hands.Rows().Rows() == rows, "the rows are not pasted");
+        return time;
+    }
+    static double UndoPaste(const Hands& hands, int rows) {
+        PasteRows(hands, rows);
+        const double time = Milliseconds([&] { hands.PressWithControl('Z'); });
+        Require(hands.Rows().Rows() == 1, "the paste is not undone");
+        return time;
+    }
+    static double DeleteAll(const Hands& hands, int rows) {
+        SelectLayers(hands, rows);
+        const double time = Milliseconds([&] { hands.Press(VK_DELETE); });
+        Require(hands.Rows().Rows() == 1, "the rows are not deleted");
+        return time;
+    }
+    static double FillDown(const Hands& hands, int rows) {
+        SelectLayers(hands, rows);
+        const double time = Milliseconds([&] { hands.PressWithControl('D'); });
+        Require(hands.Rows().Cell(rows - 1, kNumberColumn) == hands.Rows().Cell(1, kNumberColumn), "nothing is filled");
+        return time;
+    }
+    static double SortRows(const Hands& hands, int rows) {
+        NMHEADERW click{};
+        click.hdr = {reinterpret_cast<HWND>(SendMessageW(hands.Rows().List(), LVM_GETHEADER, 0, 0)), 0,
+                     static_cast<UINT>(HDN_ITEMCLICKW)};
+        click.iItem = kNumberColumn;
+        const double time =
+            Milliseconds([&] { SendMessageW(hands.Rows().List(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click)); });
+        Require(rows < 300 || hands.Rows().Cell(1, kNumberColumn) == hands.Rows().Cell(2, kNumberColumn), "not sorted");
+        return time;
+    }
+    static double FindNothing(const Hands& hands, int) {
+        hands.PressWithControl('F');
+        const double time = Milliseconds([&] { SetWindowTextW(GetFocus(), L"ない"); });
+        Require(hands.TellsFault(), "something is found");
+        return time;
+    }
+    // The numbers of all layers but "OTHER"; the current cell is the first.
+    static void SelectLayers(const Hands& hands, int) {
+        hands.Press(VK_HOME);
+        hands.Press(VK_DOWN);
+        hands.GoTo(kNumberColumn);
+        hands.PressWithShift(VK_END);
+    }
+
     BenchHost host_;
     GridWatch grids_;
     kiro::ui::ScopedResourceModule module_{host_.Library()};
@@ -301,6 +411,7 @@ int main(int argc, char** argv) {
         kept = bench.Checking() && kept;
         kept = bench.Moving() && kept;
         kept = bench.Names() && kept;
+        kept = bench.Blocks() && kept;
         kept = bench.Leaks(times) && kept;
         std::printf("%s\n", kept ? "every figure is kept" : "a figure is missed");
         return kept ? 0 : 1;

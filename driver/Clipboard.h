@@ -7,5 +7,6 @@ namespace kiro::drive {
 
 // Another program may have it open for the moment; a Failure when it stays open.
 void PutOnClipboard(const std::wstring& text);
+std::wstring TextOnClipboard();  // "" when there is none
 
 }  // namespace kiro::drive

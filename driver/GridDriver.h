@@ -14,6 +14,7 @@
 
 #include <cstring>
 #include <functional>
+#include <initializer_list>
 #include <string>
 
 #include "driver/Clipboard.h"
@@ -24,11 +25,11 @@ namespace kiro::drive {
 
 // Presses something while a key is held down, such as Shift. What is posted leaves the state of the keys as it is, so
 // that is set in the dialog's input, to which this thread attaches itself for the moment.
-inline void Holding(WORD held, const std::function<void()>& press) {
+inline void Holding(std::initializer_list<WORD> held, const std::function<void()>& press) {
     const auto hold = [&](BYTE state) {
         BYTE keys[256];
         if (!GetKeyboardState(keys)) throw Failure("the keyboard has no state");
-        keys[held] = state;
+        for (const WORD key : held) keys[key] = state;
         SetKeyboardState(keys);
     };
     if (!AttachThreadInput(GetCurrentThreadId(), UiThread(), TRUE)) throw Failure("the keyboard does not obey");
@@ -38,9 +39,13 @@ inline void Holding(WORD held, const std::function<void()>& press) {
     AttachThreadInput(GetCurrentThreadId(), UiThread(), FALSE);
 }
 
-inline void KeyHolding(WORD held, WORD key) {
+inline void Holding(WORD held, const std::function<void()>& press) { Holding({held}, press); }
+
+inline void KeyHolding(std::initializer_list<WORD> held, WORD key) {
     Holding(held, [&] { Key(key); });
 }
+
+inline void KeyHolding(WORD held, WORD key) { KeyHolding({held}, key); }
 
 class Grid {
   public:

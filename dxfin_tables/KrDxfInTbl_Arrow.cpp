@@ -20,19 +20,20 @@ enum Column { kRowColumn, kNameColumn, kMarkColumn, kAngleColumn, kSizeColumn };
 
 constexpr const char* kAngles[] = {"0", "180", nullptr};
 
-constexpr kiro::ui::GridColumn kColumns[] = {{"番号", 1.0},
-                                             // The prompt deliberately lacks its closing bracket.
-                                             {"矢印名（複合図形名）",
-                                              5.0,
-                                              20,
-                                              "矢印名（複合図形名を入力して下さい。",
-                                              {},
-                                              "矢印名を選択してください",
-                                              nullptr,
-                                              true},
-                                             {"マーク番号", 1.5, 4, "マーク番号を入力して下さい。"},
-                                             {"角度", 1.0, 0, "", {}, "角度を選択してください", kAngles},
-                                             {"サイズ", 1.5, 10, "サイズを入力して下さい。"}};
+constexpr kiro::ui::GridColumn kColumns[] = {
+    {"番号", 1.0},
+    // The prompt deliberately lacks its closing bracket.
+    {"矢印名（複合図形名）",
+     5.0,
+     20,
+     "矢印名（複合図形名を入力して下さい。",
+     {},
+     "矢印名を選択してください",
+     nullptr,
+     true},
+    kiro::ui::OfNumbers({"マーク番号", 1.5, 4, "マーク番号を入力して下さい。"}),
+    {"角度", 1.0, 0, "", {}, "角度を選択してください", kAngles},
+    kiro::ui::OfNumbers({"サイズ", 1.5, 10, "サイズを入力して下さい。"})};
 constexpr kiro::ui::GridForm kForm = {kDxfInArrowDialog, "矢印割当て", "矢印割当て", kColumns,
                                       kDxfInArrows,      true,         kFixedRows};
 

@@ -14,7 +14,7 @@ constexpr int kMostRows = 50;
 constexpr double kLargestWidth = 999.0;
 
 constexpr kiro::ui::GridColumn kColumns[] = {
-    {"番号", 3.0}, {"線幅", 4.0, 10, "ポリラインの線幅を入力して下さい。"}, LineWeightColumn(3.0)};
+    {"番号", 3.0}, kiro::ui::OfNumbers({"線幅", 4.0, 10, "ポリラインの線幅を入力して下さい。"}), LineWeightColumn(3.0)};
 
 // A table that a file has filled to the end has a row more.
 kiro::ui::GridForm FormOf(const DxfInLineTable& table) {

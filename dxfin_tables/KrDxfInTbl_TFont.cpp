@@ -17,14 +17,15 @@ enum Column { kRowColumn, kNameColumn, kDirectionColumn, kFirstFactor };
 
 constexpr const char* kDirections[] = {"横", "縦", nullptr};
 
-constexpr kiro::ui::GridColumn kColumns[] = {{"番号", 0.65},
-                                             {"書体名", 1.5, 20},
-                                             {"横／縦", 0.84, 0, "", {}, "横／縦を選択してください。", kDirections},
-                                             {"幅係数(漢字)", 1.5, 10, "文字幅係数（漢字）を入力して下さい。"},
-                                             {"幅係数(英数)", 1.5, 10, "文字幅係数（英数）を入力して下さい。"},
-                                             {"行間隔", 0.9, 10, "行間隔係数を入力して下さい。"},
-                                             {"描画係数(漢字)", 1.7, 10, "文字描画係数（漢字）を入力して下さい。"},
-                                             {"描画係数(英数)", 1.7, 10, "文字描画係数（英数）を入力して下さい。"}};
+constexpr kiro::ui::GridColumn kColumns[] = {
+    {"番号", 0.65},
+    {"書体名", 1.5, 20},
+    {"横／縦", 0.84, 0, "", {}, "横／縦を選択してください。", kDirections},
+    kiro::ui::OfNumbers({"幅係数(漢字)", 1.5, 10, "文字幅係数（漢字）を入力して下さい。"}),
+    kiro::ui::OfNumbers({"幅係数(英数)", 1.5, 10, "文字幅係数（英数）を入力して下さい。"}),
+    kiro::ui::OfNumbers({"行間隔", 0.9, 10, "行間隔係数を入力して下さい。"}),
+    kiro::ui::OfNumbers({"描画係数(漢字)", 1.7, 10, "文字描画係数（漢字）を入力して下さい。"}),
+    kiro::ui::OfNumbers({"描画係数(英数)", 1.7, 10, "文字描画係数（英数）を入力して下さい。"})};
 constexpr kiro::ui::GridForm kForm = {
     kDxfInTextFontDialog, "文字フォント割当て", "文字フォント割当て", kColumns, kDxfInStyles, true, kFixedRows};
 

@@ -29,9 +29,9 @@ std::span<std::int32_t> ShownColors(std::int32_t (&colors)[N]) {
 // ---- Colours to classes or revisions ----
 
 constexpr GridColumn kClassColumns[] = {
-    {"色", 5.0},
+    kiro::ui::OfColors({"色", 5.0}),
     {"クラス番号", 5.0, 4, "クラス番号を入力してください", {1, kLargestNumber}, "クラス番号を選択してください"}};
-constexpr GridColumn kRevisionColumns[] = {{"色", 5.0},
+constexpr GridColumn kRevisionColumns[] = {kiro::ui::OfColors({"色", 5.0}),
                                            {"レビジョン番号",
                                             5.0,
                                             4,
@@ -47,7 +47,7 @@ constexpr NumberRule kRevisionRule = {.byHost = &KrListControl::CheckRevisionNum
 
 // ---- Line weights. The caption of the refusal is deliberately that of the line types. ----
 
-constexpr GridColumn kColorColumns[] = {{"色番号", 5.0}, LineWeightColumn(5.0)};
+constexpr GridColumn kColorColumns[] = {kiro::ui::OfColors({"色番号", 5.0}), LineWeightColumn(5.0)};
 constexpr GridForm kColorForm = {kDxfInColorWidthGridDialog, "色の線幅割当て", "線種割当て", kColorColumns,
                                  kShownColors};
 constexpr GridColumn kWidthColumns[] = {{"番号", 3.0}, {"線幅", 4.0}, LineWeightColumn(3.0)};

@@ -17,8 +17,8 @@ constexpr const char* kAngles[] = {"0", "180", nullptr};
 
 constexpr kiro::ui::GridColumn kColumns[] = {
     {"番号", 1.0},
-    {"マーク番号", 2.0, 4, "マーク番号を入力して下さい。"},
-    {"角度", 1.5, 4, "角度を入力して下さい。", {}, "角度を選択してください", kAngles},
+    kiro::ui::OfNumbers({"マーク番号", 2.0, 4, "マーク番号を入力して下さい。"}),
+    kiro::ui::OfNumbers({"角度", 1.5, 4, "角度を入力して下さい。", {}, "角度を選択してください", kAngles}),
     {"矢印名（複合図形名）",
      5.5,
      10,

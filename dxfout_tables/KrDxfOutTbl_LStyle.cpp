@@ -23,8 +23,8 @@ constexpr GridColumn kFontColumns[] = {{"線種", 3.0},
                                        {"線種名", 7.0, 0, "", {}, "線種を選択してください。", nullptr, true}};
 constexpr GridColumn kWeightColumns[] = {
     {"線幅", 3.0},
-    {"色", 4.0, 4, "色番号を入力してください。", {0, kLargestColor}, "色を選択してください。"},
-    {"線幅", 3.0, 10, "線幅を入力してください。"}};
+    kiro::ui::OfColors({"色", 4.0, 4, "色番号を入力してください。", {0, kLargestColor}, "色を選択してください。"}),
+    kiro::ui::OfNumbers({"線幅", 3.0, 10, "線幅を入力してください。"})};
 
 constexpr char kTitle[] = "線種・線幅割当て";
 constexpr char kRefusal[] = "線幅の割当て";  // deliberately that of the line widths

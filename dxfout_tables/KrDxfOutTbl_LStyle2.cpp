@@ -23,8 +23,8 @@ enum PitchColumn { kPairColumn, kDrawColumn, kGapColumn };
 constexpr GridColumn kPatternColumns[] = {
     {"番号", 1.0}, {"線種名", 3.0, 20, "線種名を入力してください"}, {"注釈", 6.0, 80, "注釈を入力してください"}};
 constexpr GridColumn kPitchColumns[] = {{"番号", 3.0},
-                                        {"描画長さ", 3.5, 10, "描画長さを入力してください"},
-                                        {"空白長さ", 3.5, 10, "空白長さを入力してください"}};
+                                        kiro::ui::OfNumbers({"描画長さ", 3.5, 10, "描画長さを入力してください"}),
+                                        kiro::ui::OfNumbers({"空白長さ", 3.5, 10, "空白長さを入力してください"})};
 
 constexpr char kTitle[] = "線種のカスタマイズ";
 constexpr int kShownPitches = 2 * kDxfOutShownPairs;
@@ -140,6 +140,13 @@ void KrDxfOutTbl_LStyle2::OnInit() {
     pairs_.Init(kDxfOutShownPairs);
     pairs_.Control().SetParentList(&patterns_.Control());
     ShowPitches(-1);
+    for (int row = 0; row < patternRows_.Count(); ++row) ShowPattern(row);
+}
+
+// Below its name.
+void KrDxfOutTbl_LStyle2::ShowPattern(int row) {
+    const Pattern pattern = patternRows_[row].Stored();
+    patterns_.Control().SetItemPattern(row, kNameColumn, pattern.pitch, pattern.pitchCount);
 }
 
 void KrDxfOutTbl_LStyle2::ShowPitches(int row) {
@@ -154,6 +161,7 @@ void KrDxfOutTbl_LStyle2::ShowPitches(int row) {
             pairs_.Control().SetErrorFlag(pair, column, 0);
         }
     }
+    pairs_.ForgetHistory();
     pairs_.Changed();
     pairs_.Control().DrawItem();
     EnableWindow(pairs_.List(), row >= 0);
@@ -166,6 +174,8 @@ void KrDxfOutTbl_LStyle2::TakePitch(int pair, int column) {
     pattern.pitchesTouched = true;
     pairs_.Changed();
     patterns_.Changed();  // whether the file has room for them
+    ShowPattern(shown_);
+    patterns_.Control().DrawItem();
 }
 
 void KrDxfOutTbl_LStyle2::CellMoved() {
@@ -180,6 +190,7 @@ void KrDxfOutTbl_LStyle2::CellMoved() {
 void KrDxfOutTbl_LStyle2::RowsMoved() {
     patterns_.Control().MessageText("");
     ShowPitches(patterns_.CurrentRow());
+    for (int row = 0; row < patternRows_.Count(); ++row) ShowPattern(row);
 }
 
 // ---- Patterns in use ----

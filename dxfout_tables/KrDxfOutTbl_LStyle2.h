@@ -39,6 +39,7 @@ class KrDxfOutTbl_LStyle2 final : public kiro::ui::HostDialog {
     void OnOk() override;
 
     void ShowPitches(int row);
+    void ShowPattern(int row);
     void TakePitch(int pair, int column);
     void CellMoved();
     void RowsMoved();

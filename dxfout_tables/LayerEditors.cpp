@@ -50,7 +50,8 @@ constexpr DxfOutLayerEditor::List kPictureLayers = DxfOutLayerNames<&DxfOutLayer
 
 constexpr int kLastColor = kDxfOutColors - 1;
 constexpr GridColumn kColorColumns[] = {
-    {"色", 5.0}, {"色", 5.0, 4, "色番号を入力してください。", {0, kDxfOutMaxColor}, "色を選択してください。"}};
+    {"色", 5.0},
+    kiro::ui::OfColors({"色", 5.0, 4, "色番号を入力してください。", {0, kDxfOutMaxColor}, "色を選択してください。"})};
 constexpr DxfOutLayerEditor::List kColors = {
     {kDxfOutColorGridDialog, "色割当て", "色の色割当て", kColorColumns, kLastColor},
     [](const DxfOutLayerTable& table, int entry) { return std::to_string(table.colorMap[entry]); },

@@ -9,6 +9,7 @@
 #include "model/ModelGrid.h"
 #include "resources/grid.ids.h"
 #include "resources/model/KrDxfLineType.ids.h"
+#include "text/Numbers.h"
 #include "text/TextFormat.h"
 #include "ui/MessageBoxes.h"
 
@@ -20,7 +21,9 @@ namespace {
 enum Column { kNumberColumn, kNameColumn, kPitchColumn };
 
 constexpr char kNamePrompt[] = "線種名を入力して下さい";
-constexpr GridColumn Pitch(const char* title, const char* prompt) { return {title, 0.82, 12, prompt}; }
+constexpr GridColumn Pitch(const char* title, const char* prompt) {
+    return kiro::ui::OfNumbers({title, 0.82, 12, prompt});
+}
 constexpr GridColumn kColumns[] = {{"番号", 0.8},
                                    {"名前", 2.8, 128, kNamePrompt},
                                    Pitch("描画1", "描画ピッチ1を入力して下さい"),
@@ -66,8 +69,12 @@ KrDxfLineType::KrDxfLineType(const std::int32_t* lineTypes)
     const HxLineStyle* const style = LineStyle();
     for (int number = 1; style && number <= kHxLinePatterns; ++number)
         if (lineTypes[number] == kUsed) AddRow(*style, number);
-    grid_.OnCellChanged([this](int row, int) { grid_.Control().SetErrorFlag(row, kNumberColumn, 0); });
+    grid_.OnCellChanged([this](int row, int) {
+        grid_.Control().SetErrorFlag(row, kNumberColumn, 0);
+        ShowPattern(row);
+    });
     NormaliseOnKillFocus(kPitchFactorEdit);
+    On(kPitchFactorEdit, EN_CHANGE, &KrDxfLineType::ShowPatterns);
     BindFocus(kPitchFactorEdit, [this](bool gained) { MakeMultiplyDefault(gained); });
     On(kMultiplyPitchesButton, BN_CLICKED, &KrDxfLineType::Multiply);
     On(kNameLineTypesButton, BN_CLICKED, &KrDxfLineType::NameAll);
@@ -101,8 +108,30 @@ void KrDxfLineType::OnInit() {
     Item<kiro::ui::Edit>(kPitchFactorEdit).SetText(kUnchangedFactor);
     scaled_.Select(HxLineStyleIsScaledLineFont(LineStyle()) != 0);
     for (const int control : kScaleControls) Item<kiro::ui::Window>(control).Show(!forConversion_);
+    ShowPatterns();
     const int first = rows_.Count() > 1 && rows_[0].number == kContinuous ? 1 : 0;
     if (rows_.Count() > 0) grid_.GoTo(first, grid_.FirstColumnToEdit(first));
+}
+
+// ---- What the patterns look like: below their names, by the factor that is typed ----
+
+void KrDxfLineType::ShowPatterns() {
+    for (int row = 0; row < rows_.Count(); ++row) ShowPattern(row);
+    grid_.Control().DrawItem();
+}
+
+void KrDxfLineType::ShowPattern(int row) {
+    PitchReading reading = ::ReadPitches(rows_[row].PitchCells(), [this](const std::string& text) {
+        return Utility().CheckNumber(text.c_str(), kKrReal, 0.0, kLargestPitch) != 0;
+    });
+    const std::string factorText = Item<kiro::ui::Edit>(kPitchFactorEdit).Text().value_or("");
+    const std::size_t slash = std::min(factorText.find('/'), factorText.size());
+    double factor = ReadReal(factorText.substr(0, slash)).value_or(0.0);
+    if (slash < factorText.size()) factor /= ReadReal(factorText.substr(slash + 1)).value_or(0.0);
+    for (double& pitch : reading.pitches) pitch *= IsPitchFactor(factor) ? factor : 1.0;
+    const bool isNone = reading.pitches.empty() && rows_[row][kNameColumn].empty();
+    grid_.Control().SetItemPattern(row, kNameColumn, reading.pitches.data(),
+                                   reading.bad.empty() && !isNone ? static_cast<int>(reading.pitches.size()) : -1);
 }
 
 // Who types a factor and presses Enter wants to multiply.
@@ -162,6 +191,7 @@ void KrDxfLineType::MultiplyRow(int row, double factor) {
         grid_.SetTextAt(row, kPitchColumn + i,
                         given ? Utility().DtoA(ShownNumber(ScaledPitch(pitches[index], factor))) : "");
     }
+    ShowPattern(row);
 }
 
 // ---- Names. The first row is left out deliberately, by its place: it is the continuous line's. ----

@@ -31,6 +31,8 @@ class KrDxfLineType final : public kiro::ui::HostDialog {
     void OnOk() override;
 
     void AddRow(const HxLineStyle& style, int number);
+    void ShowPatterns();
+    void ShowPattern(int row);
     void MakeMultiplyDefault(bool on) const;
 
     bool ReadPitches();

@@ -24,8 +24,9 @@ constexpr char kChoicePrompt[] = "線幅を選択して下さい";
 constexpr unsigned int kWidthLength = 12;
 // A width can be typed as well as chosen: empty is none.
 constexpr GridColumn kStandardColumns[] = {
-    {"番号", 4.0}, {"線幅", 6.0, kWidthLength, kChoicePrompt, {}, kChoicePrompt, nullptr, true}};
-constexpr GridColumn kFreeColumns[] = {{"番号", 4.0}, {"線幅", 6.0, kWidthLength, "線幅を入力して下さい"}};
+    {"番号", 4.0}, kiro::ui::OfNumbers({"線幅", 6.0, kWidthLength, kChoicePrompt, {}, kChoicePrompt, nullptr, true})};
+constexpr GridColumn kFreeColumns[] = {{"番号", 4.0},
+                                       kiro::ui::OfNumbers({"線幅", 6.0, kWidthLength, "線幅を入力して下さい"})};
 
 constexpr std::int32_t kUsed = 1;
 constexpr double kLargestFreeWidth = 10.0;

@@ -6,11 +6,13 @@
 #include <unordered_map>
 #include <utility>
 
+#include "entry/host/kirodxf.h"
 #include "resources/grid.ids.h"
 
 namespace kiro::ui {
 namespace {
 
+constexpr int kLastColor = 255;
 constexpr unsigned long kGridStyle = 33;  // grid lines and full-row selection
 
 struct MenuDeleter {
@@ -26,6 +28,22 @@ KrTextList ChoicesOf(const GridColumn& column) {
         list.InsertAt(list.GetCount(), *choice);
     return list;
 }
+
+// Where the current row is on the screen.
+int FocusedIndex(HWND list) { return ListView_GetNextItem(list, -1, LVNI_FOCUSED); }
+
+// The palette is the host's. Its colours are 1 to 255; those of a block and of a layer are none of their own.
+int PaletteColor(int number, KrColor* color) {
+    if (number < 1 || number > kLastColor) return 0;
+    std::int16_t red = 0;
+    std::int16_t green = 0;
+    std::int16_t blue = 0;
+    DxfGetColorRGB(number, &red, &green, &blue);
+    *color = RGB(red, green, blue);
+    return 1;
+}
+
+unsigned int KindsOf(const GridColumn& column) { return column.isNumber || column.numbers.Any() ? kKrCellNumber : 0; }
 
 }  // namespace
 
@@ -74,6 +92,7 @@ void Grid::Fill() {
     SetColumns();
     for (int row = 0; row < Rows(); ++row) ShowRow(row);
     Number(0);
+    ForgetHistory();
     control_->DrawItem();
 }
 
@@ -87,6 +106,8 @@ void Grid::SetColumns() {
         }
         if (column.typed) control_->SetEdit(index, 0, column.typed, column.typedPrompt);
         if (!column.CanEdit()) control_->SetAvailableFlag(-1, index, 0);
+        control_->SetColumnKinds(index, KindsOf(column));
+        control_->SetColumnColors(index, column.isColor ? PaletteColor : nullptr);
         ++index;
     }
 }
@@ -103,12 +124,22 @@ void Grid::ShowRow(int row) {
 }
 
 void Grid::SetTextAt(int row, int column, std::string_view text) {
-    rows_.Text(row, column) = text;
-    control_->SetItemText(row, column, TextAt(row, column).c_str());
+    // What changes with a text that comes from the history comes from there as well.
+    if (!toggling_) ReplaceText(row, column, std::string(text));
 }
 
 void Grid::Number(int from) {
-    for (int row = from; numbered_ && row < Rows(); ++row) SetTextAt(row, 0, std::to_string(row + 1));
+    for (int row = from; numbered_ && row < Rows(); ++row) {
+        rows_.Text(row, 0) = std::to_string(row + 1);
+        control_->SetItemText(row, 0, TextAt(row, 0).c_str());
+    }
+}
+
+bool Grid::EndEdit() {
+    history_.EndLoose();
+    if (!control_->EndEdit()) return false;
+    DropUnusedRow();
+    return true;
 }
 
 int Grid::FirstColumnToEdit(int row) const {
@@ -127,7 +158,8 @@ bool Grid::Check(Extent extent) {
     sameBelow_.clear();
     ended_ = false;
     if (beforeCheck_) beforeCheck_();
-    for (int row = 0; row < Rows() && (!ended_ || extent == Extent::kAll); ++row) CheckRow(row);
+    const int rows = Rows() - (LastRowIsUnused() ? 1 : 0);
+    for (int row = 0; row < rows && (!ended_ || extent == Extent::kAll); ++row) CheckRow(row);
     // Now: a cell that was noted may have passed the checks of its own row afterwards.
     for (const GridFault& fault : faults_) control_->SetErrorFlag(fault.row, fault.column, 1);
     control_->DrawItem();
@@ -139,7 +171,7 @@ void Grid::CheckRow(int row) {
 }
 
 bool Grid::Pass(int row, int column) {
-    control_->SetErrorFlag(row, column, 0);
+    if (refused_.empty() || !refused_.contains({row, column})) control_->SetErrorFlag(row, column, 0);
     return true;
 }
 
@@ -174,6 +206,11 @@ std::optional<INT_PTR> Grid::Notified(LPARAM lParam) {
     if (static_cast<int>(header->idFrom) != listId_) return std::nullopt;
     const auto& notice = *reinterpret_cast<const KrListNotify*>(lParam);
     switch (header->code) {
+        case kKrListRequest: {
+            auto& asked = *reinterpret_cast<KrListRequest*>(lParam);
+            asked.done = Serve(asked.request);
+            break;
+        }
         case static_cast<UINT>(NM_CLICK):
         case static_cast<UINT>(NM_DBLCLK):
             control_->ClickItem();
@@ -204,14 +241,16 @@ void Grid::TakeChange(int row, int column) {
     std::string text(static_cast<std::size_t>(control_->GetItemText(row, column, none, 1)) + 1, '\0');
     control_->GetItemText(row, column, text.data(), static_cast<int>(text.size()));
     text.pop_back();
-    rows_.Text(row, column) = std::move(text);
+    const Step step(*this);
+    refused_.erase({row, column});
+    ReplaceText(row, column, std::move(text));
     Pass(row, column);  // its mark was for the text before
     Changed();
     if (changed_) changed_(row, column);
 }
 
 std::optional<INT_PTR> Grid::ContextMenu(LPARAM lParam) {
-    if (!EndEdit()) return TRUE;
+    if (!control_->EndEdit()) return TRUE;
     const Menu menu(LoadMenuW(ResourceModule(), MAKEINTRESOURCEW(kGridMenu)));
     const POINT place = MenuPlace(lParam);
     const int command = TrackPopupMenu(GetSubMenu(menu.get(), 0), TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y, 0,
@@ -225,62 +264,11 @@ POINT Grid::MenuPlace(LPARAM lParam) const {
     if (lParam != -1) return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
     RECT cell{};
     const int row = CurrentRow();
-    if (row >= 0) ListView_GetSubItemRect(List(), row, control_->GetSelectedColumn(), LVIR_LABEL, &cell);
+    if (row >= 0)
+        ListView_GetSubItemRect(List(), FocusedIndex(List()), control_->GetSelectedColumn(), LVIR_LABEL, &cell);
     POINT place{cell.left, cell.bottom};
     ClientToScreen(List(), &place);
     return place;
-}
-
-// ---- Rows that come and go ----
-
-void Grid::RowCommand(UINT command) {
-    switch (command) {
-        case kAddRowCommand:
-            AddRow(false);
-            break;
-        case kInsertRowCommand:
-            AddRow(true);
-            break;
-        case kDeleteRowCommand:
-            DeleteRow();
-            break;
-        default:
-            break;
-    }
-    control_->DrawItem();
-    SetFocus(List());
-}
-
-void Grid::AddRow(bool insert) {
-    if (insert && CurrentRow() >= 0 && CurrentRow() < menu_->fixedRows)
-        return control_->ErrorText("ここには挿入できません。");
-    const bool aboveLast = !insert && menu_->addAboveLast && Rows() > 0;
-    if (aboveLast) {
-        control_->ClearSelectFlag();
-        GoTo(Rows() - 1, 1);
-    }
-    const int row = insert || aboveLast ? control_->InsertItem() : control_->AddItem();
-    if (row < 0) return control_->ErrorText("これ以上追加できません。");
-    rows_.Insert(row);
-    ShowRow(row);
-    GoTo(row, FirstColumnToEdit(row));
-    RowsChanged(row);
-}
-
-void Grid::DeleteRow() {
-    const int row = CurrentRow();
-    if (row < 0) return;
-    if (row < menu_->fixedRows) return control_->ErrorText("削除できません。");
-    if (menu_->mayDelete && !menu_->mayDelete(row)) return;
-    control_->DeleteItem();
-    rows_.Erase(row);
-    RowsChanged(row);
-}
-
-void Grid::RowsChanged(int from) {
-    Changed();
-    Number(from);
-    if (menu_->rowsMoved) menu_->rowsMoved(from);
 }
 
 }  // namespace kiro::ui

@@ -1,18 +1,23 @@
-// A grid of a dialog: the host's control over a list view, the columns it has, the rows it shows, their check, and the
-// menu by which rows come and go. A dialog may have several. Make it before the dialog is shown and call Init when that
-// is initialised.
+// A grid of a dialog: the host's control over a list view, the columns it has, the rows it shows, their check, the menu
+// and keys by which rows come and go, pasting and filling, and the history of all that. A dialog may have several. Make
+// it before the dialog is shown and call Init when that is initialised.
+//
+// Grid.cpp has the rows, their check and what the control tells; GridRowCommands.cpp rows that come and go, and the
+// history; GridFilling.cpp texts for many cells at once.
 #pragma once
 
 #include <functional>
 #include <initializer_list>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "entry/host/KrListControl.h"
 #include "ui/GridColumn.h"
+#include "ui/GridHistory.h"
 #include "ui/GridModel.h"
 #include "ui/HostDialog.h"
 #include "ui/RowCheck.h"
@@ -64,13 +69,19 @@ class Grid {
     int Rows() const { return rows_.Count(); }
     int Columns() const { return static_cast<int>(columns_.size()); }
     const std::string& TextAt(int row, int column) const { return rows_.Text(row, column); }
+    // A text that the user could have given is part of what he undoes, once the dialog is shown: of the same step as
+    // what else changes with it.
     void SetTextAt(int row, int column, std::string_view text);
+    // The rows are other ones now, or show something else: nothing of before can be undone.
+    void ForgetHistory();
     void ShowRow(int row);  // after its texts were changed elsewhere
     void SetChoices(int column, const std::vector<std::string>& choices);
     int CurrentRow() const { return control_->GetSelectedItem(); }
     void GoTo(int row, int column) const { control_->ClickCell(row, column); }
     int FirstColumnToEdit(int row) const;  // where the user can start to type at once
-    bool EndEdit() const { return control_->EndEdit() != 0; }
+    // What is being edited is taken; false when it was refused. A row that Enter or Tab has added behind the last one
+    // and that was not used goes again (until then it is not checked).
+    bool EndEdit();
 
     // ---- Checking ----
 
@@ -96,10 +107,78 @@ class Grid {
     void Moved();
     std::optional<INT_PTR> ContextMenu(LPARAM lParam);
     POINT MenuPlace(LPARAM lParam) const;
+
+    // ---- Rows that come and go ----
+
+    void ShowKeys() const;
+    bool Serve(int request);  // false: nothing for this grid
     void RowCommand(UINT command);
     void AddRow(bool insert);
-    void DeleteRow();
+    bool AddRowBelow();
+    bool InsertRows(int at, int count);
+    void TakeRows(int at, int count);
+    void DeleteRows();
     void RowsChanged(int from);
+    std::vector<int> SelectedRows() const;
+    std::vector<std::string> TextsOf(int row) const;
+    bool LastRowIsUnused() const;
+    void DropUnusedRow();
+    void KeepUnusedRow();  // from now on it is one as the others are
+    void Tell(const char* text) const { control_->MessageText(text); }
+
+    // ---- The history ----
+
+    // While one lives all changes are one step.
+    class Step {
+      public:
+        explicit Step(Grid& grid) : grid_(grid) { grid.history_.Begin(grid.Place()); }
+        Step(const Step&) = delete;
+        Step& operator=(const Step&) = delete;
+        ~Step() {
+            if (!done_) Done();
+        }
+        bool Done() {  // whether anything has changed
+            done_ = true;
+            return grid_.history_.End(grid_.Place());
+        }
+
+      private:
+        Grid& grid_;
+        bool done_ = false;
+    };
+    GridHistory::Place Place() const { return {control_->GetSelectedItem(), control_->GetSelectedColumn()}; }
+    bool Records() const;
+    void Record(GridChange change);
+    void ReplaceText(int row, int column, std::string text);
+    void Undo();
+    void Redo();
+    void Toggle(GridStep& step, bool reverse);
+    void ToggleText(GridChange& change);
+    void ToggleRows(GridChange& change);
+    std::vector<GridChange::Flag> FlagsOf(int at, int count) const;
+
+    // ---- Texts for many cells ----
+
+    struct Filling;
+    void Paste();
+    void PasteNames();
+    void FillDown();
+    void CountUp();
+    void FillRows(const std::vector<int>& rows, int left, int right,
+                  const std::function<std::optional<std::wstring>(int column, int index)>& text, int first);
+    bool Fill(Filling& filling, const std::function<void(Filling&)>& prepare);
+    void Want(Filling& filling, int row, int column, std::wstring text) const;
+    void WriteWanted(Filling& filling);
+    void Give(int row, int column, std::string text);
+    void CheckWritten(Filling& filling);
+    bool TakeBackBad(int row);
+    int Repeated(int row, int column) const;
+    bool WantsGoodOnes(const Filling& filling) const;
+    void MarkBad(const Filling& filling);
+    void TellDone(const char* format, int rows, const Filling& filling) const;
+    std::vector<int> RowsFrom(int first, int count);
+    GridHistory::Place Start() const;
+    int NameColumn() const;
 
     HostDialog& dialog_;
     int listId_;
@@ -119,6 +198,11 @@ class Grid {
     bool ended_ = false;  // a fault was found that ends the check
     std::vector<GridFault> faults_;
     std::map<int, std::vector<int>> sameBelow_;  // of this check, by column: the next row with the same text, or -1
+    GridHistory history_;
+    bool toggling_ = false;  // texts come from the history
+    Filling* filling_ = nullptr;
+    std::set<std::pair<int, int>> refused_;  // cells that were not pasted over: marked until something else is done
+    std::vector<std::string> unused_;        // the texts of a row that Enter or Tab has added
 };
 
 }  // namespace kiro::ui

@@ -21,9 +21,23 @@ struct GridColumn {
     const char* choicePrompt = "";
     const char* const* choices = nullptr;  // other choices, up to a null
     bool chosen = false;                   // the choices come when the dialog opens, by Grid::SetChoices
+    bool isNumber = false;                 // numbers are typed, though there are none to choose from
+    bool isColor = false;                  // colour numbers of DXF: their colours are shown
 
     constexpr bool CanEdit() const { return typed || numbers.Any() || choices || chosen; }
 };
+
+// A column of numbers that are typed.
+constexpr GridColumn OfNumbers(GridColumn column) {
+    column.isNumber = true;
+    return column;
+}
+
+// A column of colour numbers.
+constexpr GridColumn OfColors(GridColumn column) {
+    column.isColor = true;
+    return column;
+}
 
 using GridColumns = std::span<const GridColumn>;
 

@@ -3,6 +3,8 @@
 
 #include <array>
 #include <cstddef>
+#include <iterator>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,13 +21,20 @@ struct GridRow {
     const std::string& operator[](int column) const { return cells[static_cast<std::size_t>(column)]; }
 };
 
+// Rows that were taken out of a grid, with all that they hold.
+class KeptRows {
+  public:
+    virtual ~KeptRows() = default;
+};
+
 // What a grid needs to know of the rows that it shows.
 class GridModel {
   public:
     virtual int Count() const = 0;
     virtual std::string& Text(int row, int column) = 0;
-    virtual void Insert(int at) = 0;  // a new row, filled as new ones are
-    virtual void Erase(int row) = 0;
+    virtual void Insert(int at, int count) = 0;  // new rows, filled as new ones are
+    virtual std::unique_ptr<KeptRows> Take(int at, int count) = 0;
+    virtual void Put(int at, std::unique_ptr<KeptRows> kept) = 0;  // which these rows gave
 
   protected:
     ~GridModel() = default;
@@ -37,10 +46,24 @@ class GridRows final : public GridModel {
   public:
     int Count() const override { return static_cast<int>(rows_.size()); }
     std::string& Text(int row, int column) override { return (*this)[row][column]; }
-    void Insert(int at) override {
-        if constexpr (requires { Row::New(); }) rows_.insert(rows_.begin() + at, Row::New());
+    void Insert(int at, int count) override {
+        if constexpr (requires { Row::New(); }) {
+            std::vector<Row> added;
+            for (int i = 0; i < count; ++i) added.push_back(Row::New());
+            rows_.insert(rows_.begin() + at, std::move_iterator(added.begin()), std::move_iterator(added.end()));
+        }
     }
-    void Erase(int row) override { rows_.erase(rows_.begin() + row); }
+    std::unique_ptr<KeptRows> Take(int at, int count) override {
+        auto kept = std::make_unique<Kept>();
+        const auto first = rows_.begin() + at;
+        kept->rows.assign(std::move_iterator(first), std::move_iterator(first + count));
+        rows_.erase(first, first + count);
+        return kept;
+    }
+    void Put(int at, std::unique_ptr<KeptRows> kept) override {
+        std::vector<Row>& rows = static_cast<Kept&>(*kept).rows;
+        rows_.insert(rows_.begin() + at, std::move_iterator(rows.begin()), std::move_iterator(rows.end()));
+    }
 
     Row& operator[](int row) { return rows_[static_cast<std::size_t>(row)]; }
     const Row& operator[](int row) const { return rows_[static_cast<std::size_t>(row)]; }
@@ -50,6 +73,10 @@ class GridRows final : public GridModel {
     auto end() const { return rows_.end(); }
 
   private:
+    struct Kept final : KeptRows {
+        std::vector<Row> rows;
+    };
+
     std::vector<Row> rows_;
 };
 

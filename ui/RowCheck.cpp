@@ -1,5 +1,6 @@
 #include "ui/RowCheck.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "text/TextFormat.h"
@@ -26,10 +27,13 @@ bool RowCheck::Given(int column, const char* missing) const {
 }
 
 bool RowCheck::Unlike(int column, const GridRepeat& repeat) const {
-    const int same = grid_.SameTextBelow(row_, column);
-    if (same < 0) return Pass(column);
-    return Fail(column, repeat.bothRows ? Formatted(repeat.format, row_ + 1, same + 1, Text(column))
-                                        : Formatted(repeat.format, row_ + 1, Text(column)));
+    // Of texts that are being given it is the new one that is bad.
+    const int other = grid_.filling_ ? grid_.Repeated(row_, column) : grid_.SameTextBelow(row_, column);
+    if (other < 0) return Pass(column);
+    const int row = std::min(row_, other);
+    const int same = std::max(row_, other);
+    return Fail(column, repeat.bothRows ? Formatted(repeat.format, row + 1, same + 1, Text(column))
+                                        : Formatted(repeat.format, row + 1, Text(column)));
 }
 
 bool RowCheck::Storable(int column, const GridStorable& storable) const {

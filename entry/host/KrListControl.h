@@ -15,10 +15,23 @@
 //                         or went; -1 and -1 when there is none any more (KrListNotify). Sent before the others of the
 //                         same change. For who watches a grid from outside, such as a test; a dialog goes by the
 //                         notifications above.
+//   kKrListRequest        a key asks for something that is the dialog's (KrListRequest)
 //
 // Where several rows can be marked, the arrow and page keys with Shift mark the rows that they go over, and the space
 // bar or a click with Shift those from the last mark that was set. It is one notification for all of them:
 // GetSelectFlag tells which rows are marked.
+//
+// Cells can be selected together with the current one, a rectangle on the screen: with Shift and the arrow keys, with
+// Ctrl+Shift+Home and End, with Ctrl+A, and with the mouse (Shift and a click, or dragging). The current cell stays
+// where it is meanwhile, and is what the dialog's messages are about; it becomes the only one again when it becomes
+// another one. Where several rows can be marked, Shift is for the marks, and cells are selected with Ctrl+A and by
+// dragging.
+//
+// Who owns what. The grid has what is seen: the selection, copying it (Ctrl+C: tab-separated lines, as spreadsheets
+// have them), and the widths of the columns. Whatever changes rows, or more texts than that of the open cell, is the
+// dialog's: it alone knows which rows there may be, what its check says of a text, and what a row has besides its
+// texts. So the grid asks the dialog for it (kKrListRequest) and keeps no history: undoing and redoing are the dialog's
+// as well, also of the texts that kKrListCellChanged tells of.
 //
 // Its pop-up menu is the dialog's: WM_CONTEXTMENU with the list view as window, after the current cell has moved to the
 // row under the mouse.
@@ -34,12 +47,13 @@ constexpr unsigned int kKrListCellMoved = 0xFFFFF800u;  // notification codes be
 constexpr unsigned int kKrListCellChanged = 0xFFFFF801u;
 constexpr unsigned int kKrListMarkChanged = 0xFFFFF802u;
 constexpr unsigned int kKrListCurrentCell = 0xFFFFF803u;
+constexpr unsigned int kKrListRequest = 0xFFFFF804u;
 
 constexpr int kKrSelectNone = -1;  // rows cannot be marked; there is a current cell
 constexpr int kKrSelectSingle = 0;
 constexpr int kKrSelectMultiple = 1;
 
-// lParam of these notifications; the first three members are an NMHDR.
+// lParam of these notifications but the request; the first three members are an NMHDR.
 struct KrListNotify {
     KrWindow list;
     std::uintptr_t listId;
@@ -47,6 +61,32 @@ struct KrListNotify {
     int row;
     int column;
 };
+
+// What the dialog is asked for. Before it nothing is being edited any more.
+constexpr int kKrAskPaste = 1;       // Ctrl+V, Shift+Ins: the clipboard's text from the current cell on
+constexpr int kKrAskPasteNames = 2;  // Ctrl+Shift+V: a new row for each line of it
+constexpr int kKrAskUndo = 3;        // Ctrl+Z, Alt+BackSpace
+constexpr int kKrAskRedo = 4;        // Ctrl+Y, Ctrl+Shift+Z
+constexpr int kKrAskInsertRow = 5;   // Ins: above the current row
+constexpr int kKrAskDeleteRows = 6;  // Del: the rows of the selected cells
+constexpr int kKrAskAddRow = 7;      // Enter or Tab in the last cell that can be edited: a row below it
+constexpr int kKrAskFillDown = 8;    // Ctrl+D: the first of the selected texts in all cells below it
+constexpr int kKrAskCountUp = 9;     // Ctrl+R: numbers that go on from the first two
+constexpr int kKrAskKeys = 10;       // F1: which keys there are
+
+// lParam of kKrListRequest.
+struct KrListRequest {
+    KrListNotify notice;  // the current cell
+    int request;
+    int done;  // the dialog sets 1 when the request was for it, be it done or refused with a message; otherwise the key
+               // does what it does without the dialog
+};
+
+// The colour that a number stands for; 0 when it stands for none.
+using KrColorOf = int (*)(int number, KrColor* color);
+
+// What a column holds, for SetColumnKinds.
+constexpr unsigned int kKrCellNumber = 1;  // numbers: full-width digits, signs and points become half-width ones
 
 class KrListControl {
   public:
@@ -113,6 +153,37 @@ class KrListControl {
     // with the row, counted from 1, and the text is shown as an error.
     virtual int CheckClassNumber(int row, const char* text) = 0;
     virtual int CheckRevisionNumber(int row, const char* text) = 0;
+
+    // ---- Many rows and cells at once ----
+
+    // Empty rows above row at, or behind the last when at is the number of rows: all of them, or none when there is no
+    // room or what is being edited was refused; how many. The current cell stays that of its row.
+    virtual int InsertRows(int at, int count) = 0;
+    // What is being edited is forgotten when its row goes. When the current row goes, the next one or the last becomes
+    // current.
+    virtual void DeleteRows(int at, int count) = 0;
+    virtual int GetRoom() const = 0;  // how many rows there may be more
+
+    // The rows of the selected cells, in the order in which they are seen; at most count of them are written. How many
+    // there are: 1 when the current cell is the only one, 0 when none is current.
+    virtual int GetSelectedRows(int* rows, int count) const = 0;
+    virtual void GetSelectedColumns(int* first, int* last) const = 0;  // -1 and -1: none
+    // The current cell becomes the first one, and is scrolled to.
+    virtual void SelectCells(int firstRow, int firstColumn, int lastRow, int lastColumn) = 0;
+    virtual int GetNextRow(int row) const = 0;  // the row that is seen below; -1: none
+
+    // kinds: kKrCell..., or-ed.
+    virtual void SetColumnKinds(int column, unsigned int kinds) = 0;
+    // Beside the numbers of the column, and of its choices, their colours are shown. Null: none.
+    virtual void SetColumnColors(int column, KrColorOf colorOf) = 0;
+    // Below the text of the cell a line with this pattern is shown: lengths drawn and left blank in turn, in
+    // millimetres on the screen. count 0: an unbroken line; -1: none. To those who do not see it the lengths are told.
+    virtual void SetItemPattern(int row, int column, const double* lengths, int count) = 0;
+    // Whether the operator could give the cell this text, by typing or by choosing: not 0 when he could. Otherwise the
+    // reason, for him; "" for a cell that cannot be edited. A text that is taken is written to taken as the cell would
+    // hold it, without the blanks around it and with its digits as its column has them. wide: UTF-16.
+    virtual int TakesText(int row, int column, const char16_t* wide, char* taken, int takenSize, char* reason,
+                          int reasonSize) const = 0;
 
   protected:
     ~KrListControl() = default;

@@ -7,6 +7,7 @@
 #include "KrGridMessages.h"
 #include "KrGridPainter.h"
 #include "KrGuarded.h"
+#include "KrSwatch.h"
 #include "KrText.h"
 
 namespace {
@@ -40,6 +41,7 @@ class FontDc {
         GetTextMetricsW(dc_, &metric);
         return metric.tmHeight;
     }
+    int SwatchWidth() const { return ::SwatchWidth(dc_); }
     int WidthOf(const std::wstring& text) const {
         SIZE size{};
         GetTextExtentPoint32W(dc_, text.c_str(), static_cast<int>(text.size()), &size);
@@ -73,8 +75,9 @@ KrCellEditor::~KrCellEditor() {
 // ---- Opening and closing ----
 
 bool KrCellEditor::Make(Kind kind) {
-    static constexpr DWORD kStyles[kKinds] = {ES_AUTOHSCROLL, CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL,
-                                              CBS_DROPDOWNLIST | WS_VSCROLL};
+    static constexpr DWORD kStyles[kKinds] = {
+        ES_AUTOHSCROLL, CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL, CBS_DROPDOWNLIST | WS_VSCROLL,
+        CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS};
     Windows& made = windows_[kind];
     if (made.window) return true;
     const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(kFirstId + kind));
@@ -83,7 +86,7 @@ bool KrCellEditor::Make(Kind kind) {
                                 WS_CHILD | kStyles[kind], 0, 0, 100, 100, list_, id, nullptr, nullptr);
     const HWND window = made.text;
     if (!window) return false;
-    if (kind == kCombo) {
+    if (kind == kCombo || kind == kColorCombo) {
         COMBOBOXINFO info{};
         info.cbSize = sizeof info;
         if (GetComboBoxInfo(window, &info)) made.text = info.hwndItem;
@@ -95,6 +98,7 @@ bool KrCellEditor::Make(Kind kind) {
     }
     made.window = window;
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(list_)), FALSE);
+    if (kind == kColorCombo) SendMessageW(window, CB_SETITEMHEIGHT, 0, FontDc(window).LineHeight() + 2);
     return true;
 }
 
@@ -112,7 +116,8 @@ void KrCellEditor::Fill(Windows& windows) const {
         SendMessageW(windows.window, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
         width = std::max(width, font.WidthOf(text));
     }
-    const int around = GetSystemMetrics(SM_CXVSCROLL) + Scaled(windows.window, 2 * KrGridPainter::kMargin);
+    const int around = GetSystemMetrics(SM_CXVSCROLL) + Scaled(windows.window, 2 * KrGridPainter::kMargin) +
+                       (editing_.colorOf ? font.SwatchWidth() : 0);
     SendMessageW(windows.window, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width + around), 0);
     windows.filledWith = editing_.combo;
 }
@@ -144,7 +149,7 @@ bool KrCellEditor::Open(HWND list, const RECT& cell, const CellEditing& editing,
     if (IsOpen() || !editing.Possible()) return false;
     list_ = list;
     editing_ = editing;
-    kind_ = !editing.combo ? kEdit : editing.typed ? kCombo : kDropDownList;
+    kind_ = !editing.combo ? kEdit : !editing.typed ? kDropDownList : editing.colorOf ? kColorCombo : kCombo;
     if (!Make(kind_)) return false;
     Windows& windows = windows_[kind_];
     if (editing_.combo) Fill(windows);
@@ -227,14 +232,14 @@ KrCellEditor::Outcome KrCellEditor::Read() const {
     const std::wstring whole = Text();
     if (whole == textBefore_) return {};
     // A choice may be longer than what can be typed.
-    if (const int index = kind_ == kCombo ? ChoiceOf(whole) : -1; index >= 0)
+    if (const int index = kind_ != kEdit ? ChoiceOf(whole) : -1; index >= 0)
         return {editing_.combo->choices[static_cast<std::size_t>(index)], std::nullopt};
     const std::wstring_view text = WideWithoutSpacesAround(whole);
     if (auto fault = FindCellTextFault(text, editing_.limit)) {
         fault->from += static_cast<std::size_t>(text.data() - whole.data());
         return {std::nullopt, std::move(fault)};
     }
-    return {To932(text), std::nullopt};
+    return {To932(NormalCellText(text, editing_.kinds)), std::nullopt};
 }
 
 void KrCellEditor::Refuse(const CellTextFault& fault, bool takeFocus) {
@@ -278,6 +283,25 @@ void KrCellEditor::ShowFault(const std::string& message) {
 
 bool KrCellEditor::IsDropped() const {
     return kind_ != kEdit && SendMessageW(open_, CB_GETDROPPEDSTATE, 0, 0) != FALSE;
+}
+
+// A choice with its colour. What a combo box has its owner draw besides is its closed field, where an edit stands.
+bool KrCellEditor::DrawChoice(const DRAWITEMSTRUCT& request) const {
+    if (request.CtlType != ODT_COMBOBOX || !open_ || request.hwndItem != open_ || !editing_.combo) return false;
+    const bool selected = request.itemState & ODS_SELECTED;
+    FillRect(request.hDC, &request.rcItem, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+    if (request.itemID >= editing_.combo->choices.size()) return true;
+    const std::string& choice = editing_.combo->choices[request.itemID];
+    const COLORREF ink = GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT);
+    RECT area = request.rcItem;
+    area.left += Scaled(open_, KrGridPainter::kFrame);
+    if (const auto color = ColorOfText(choice, editing_.colorOf)) DrawSwatch(request.hDC, area, *color, ink);
+    area.left += SwatchWidth(request.hDC);
+    SetBkMode(request.hDC, TRANSPARENT);
+    SetTextColor(request.hDC, ink);
+    const std::wstring text = WideForDisplay(choice);
+    DrawTextW(request.hDC, text.c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    return true;
 }
 
 bool KrCellEditor::OnCommand(int notification, HWND control) {

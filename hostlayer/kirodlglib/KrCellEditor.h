@@ -56,11 +56,12 @@ class KrCellEditor {
         return SendMessageW(TextWindow(), message, wParam, lParam);
     }
 
-    bool OnCommand(int notification, HWND control);  // the list view's WM_COMMAND; false: not the editor's
-    void OnPicked(WPARAM opening);                   // for kGridPicked
+    bool OnCommand(int notification, HWND control);        // the list view's WM_COMMAND; false: not the editor's
+    bool DrawChoice(const DRAWITEMSTRUCT& request) const;  // the list view's WM_DRAWITEM
+    void OnPicked(WPARAM opening);                         // for kGridPicked
 
   private:
-    enum Kind { kEdit, kCombo, kDropDownList, kKinds };  // typing, both, choosing
+    enum Kind { kEdit, kCombo, kDropDownList, kColorCombo, kKinds };  // typing, both, choosing, both with colours
     struct Windows {
         HWND window = nullptr;
         HWND text = nullptr;  // takes the keys: a combo's edit, otherwise the window itself

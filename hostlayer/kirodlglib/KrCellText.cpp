@@ -5,6 +5,7 @@
 #include <cwchar>
 
 #include "KrText.h"
+#include "entry/host/KrListControl.h"
 
 namespace {
 
@@ -37,6 +38,7 @@ class Clipboard {
     ~Clipboard() {
         if (open_) CloseClipboard();
     }
+    bool IsOpen() const { return open_; }
     HANDLE Text() const { return open_ ? GetClipboardData(CF_UNICODETEXT) : nullptr; }
 
   private:
@@ -67,6 +69,29 @@ std::wstring_view WideWithoutSpacesAround(std::wstring_view text) {
     const std::size_t first = text.find_first_not_of(kSpaces);
     if (first == text.npos) return text.substr(text.size());
     return text.substr(first, text.find_last_not_of(kSpaces) - first + 1);
+}
+
+std::wstring NormalCellText(std::wstring_view text, unsigned int kinds) {
+    std::wstring normal(WideWithoutSpacesAround(text));
+    constexpr std::wstring_view kWide = L"０１２３４５６７８９．＋－", kHalf = L"0123456789.+-";
+    for (wchar_t& unit : normal) {
+        const std::size_t at = kinds & kKrCellNumber ? kWide.find(unit) : kWide.npos;
+        if (at != kWide.npos) unit = kHalf[at];
+    }
+    return normal;
+}
+
+bool PutClipboardText(HWND owner, std::wstring_view text) {
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
+    auto* units = memory ? static_cast<wchar_t*>(GlobalLock(memory)) : nullptr;
+    if (!units) return false;
+    std::wmemcpy(units, text.data(), text.size());
+    units[text.size()] = 0;
+    GlobalUnlock(memory);
+    const Clipboard clipboard(owner);
+    if (clipboard.IsOpen() && EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory)) return true;
+    GlobalFree(memory);
+    return false;
 }
 
 std::optional<std::wstring> ClipboardText(HWND owner, std::size_t most) {

@@ -16,7 +16,10 @@ struct CellTextFault {
 std::string TooLongMessage(std::size_t limit);
 std::optional<CellTextFault> FindCellTextFault(std::wstring_view text, std::size_t limit);
 std::wstring_view WideWithoutSpacesAround(std::wstring_view text);
+// Without spaces around it, and where the cell has numbers with half-width digits. kinds: kKrCell...
+std::wstring NormalCellText(std::wstring_view text, unsigned int kinds);
 
 // The text on the clipboard without one line end at its end: other programs put one behind a cell or a line. At most so
 // many characters of it; none when there is no text.
 std::optional<std::wstring> ClipboardText(HWND owner, std::size_t most);
+bool PutClipboardText(HWND owner, std::wstring_view text);  // false: another program holds the clipboard

@@ -1,6 +1,8 @@
 #include "KrGridAccessible.h"
 
 #include <algorithm>
+#include <cwchar>
+#include <iterator>
 
 #include "KrGuarded.h"
 #include "KrText.h"
@@ -15,6 +17,17 @@ HRESULT Guard(auto body) {
 }
 
 std::wstring TextOf(const GridRows& rows, GridPlace place) { return WideForDisplay(rows.Find(place)->text); }
+
+std::wstring PatternText(const std::vector<double>& lengths) {
+    if (lengths.empty()) return L"実線";
+    std::wstring text = L"線のパターン";
+    for (std::size_t i = 0; i < lengths.size(); ++i) {
+        wchar_t length[40];
+        std::swprintf(length, std::size(length), L" %ls%g", i % 2 == 0 ? L"描画" : L"空白", lengths[i]);
+        text += length;
+    }
+    return text;
+}
 
 }  // namespace
 
@@ -36,10 +49,16 @@ template <class Answer>
 HRESULT KrGridAccessible::Of(const VARIANT& child, Answer answer) const {
     if (!Window()) return CO_E_OBJNOTCONNECTED;
     if (child.vt != VT_I4 || child.lVal <= 0) return E_INVALIDARG;
-    const GridPlace place = PlaceOfChild(child.lVal);
+    GridPlace place = PlaceOfChild(child.lVal);
+    place.row = grid_.View().Order().RowAt(place.row);
     const GridRows& rows = grid_.Rows();
     if (!rows.HasRow(place.row) || (place.column >= 0 && !rows.FindColumn(place.column))) return E_INVALIDARG;
     return Guard([&] { return answer(place); });
+}
+
+LONG KrGridAccessible::ChildOf(GridPlace place) const {
+    place.row = grid_.View().Order().IndexOf(place.row);
+    return ChildOfPlace(place);
 }
 
 // ---- What there is ----
@@ -108,7 +127,8 @@ STDMETHODIMP KrGridAccessible::get_accDescription(VARIANT child, BSTR* descripti
     if (IsSelf(child)) return KrAccessible::get_accDescription(child, description);
     return Of(child, [&](GridPlace place) {
         const GridCell* cell = grid_.Rows().Find(place);
-        return GiveText(cell && cell->error ? L"誤りがあります" : L"", description);
+        const std::wstring error = cell && cell->error ? L"誤りがあります" : L"";
+        return GiveText(error + (cell && cell->pattern ? PatternText(*cell->pattern) : L""), description);
     });
 }
 
@@ -131,7 +151,7 @@ LONG KrGridAccessible::StateOf(GridPlace place) const {
     if (!IsWindowEnabled(Window())) state |= STATE_SYSTEM_UNAVAILABLE;
     if (rows.IsMarked(place.row)) state |= STATE_SYSTEM_CHECKED;
     if (place.column >= 0 && !rows.CanEdit(place)) state |= STATE_SYSTEM_READONLY;
-    if (place.row == current.row && (place.column < 0 || place == current)) state |= STATE_SYSTEM_SELECTED;
+    if (place.column < 0 ? place.row == current.row : grid_.IsSelected(place)) state |= STATE_SYSTEM_SELECTED;
     if (place == current && GetFocus() == Window()) state |= STATE_SYSTEM_FOCUSED;
     return state;
 }
@@ -147,7 +167,7 @@ STDMETHODIMP KrGridAccessible::get_accFocus(VARIANT* child) {
     // An editor is a window of its own.
     if (GetFocus() != Window()) return KrAccessible::get_accFocus(child);
     const GridPlace current = grid_.Current();
-    return GiveNumber(current.row < 0 ? CHILDID_SELF : ChildOfPlace(current), child);
+    return GiveNumber(current.row < 0 ? CHILDID_SELF : ChildOf(current), child);
 }
 
 STDMETHODIMP KrGridAccessible::get_accSelection(VARIANT* children) {
@@ -155,7 +175,7 @@ STDMETHODIMP KrGridAccessible::get_accSelection(VARIANT* children) {
     if (!Window()) return CO_E_OBJNOTCONNECTED;
     VariantInit(children);
     const int row = grid_.Current().row;
-    return row < 0 ? S_FALSE : GiveNumber(ChildOfPlace({row, -1}), children);
+    return row < 0 ? S_FALSE : GiveNumber(ChildOf({row, -1}), children);
 }
 
 RECT KrGridAccessible::Area(GridPlace place) const {
@@ -184,7 +204,7 @@ STDMETHODIMP KrGridAccessible::accHitTest(LONG left, LONG top, VARIANT* child) {
     ScreenToClient(Window(), &point);
     const bool overChild = ChildWindowFromPointEx(Window(), point, CWP_SKIPINVISIBLE) != Window();
     const GridPlace place = overChild ? GridPlace{} : grid_.View().Hit(point);
-    return place.row < 0 ? KrAccessible::accHitTest(left, top, child) : GiveNumber(ChildOfPlace(place), child);
+    return place.row < 0 ? KrAccessible::accHitTest(left, top, child) : GiveNumber(ChildOf(place), child);
 }
 
 // ---- From one to the other ----
@@ -192,15 +212,20 @@ STDMETHODIMP KrGridAccessible::accHitTest(LONG left, LONG top, VARIANT* child) {
 // Also one that is not there. From a row (column -1) it is another row, or a cell of it.
 GridPlace KrGridAccessible::Beside(GridPlace place, LONG direction) const {
     const bool row = place.column < 0;
+    const GridOrder& order = grid_.View().Order();
+    const auto other = [&](int step) {
+        const int index = order.IndexOf(place.row) + step;
+        return grid_.Rows().HasRow(index) ? order.RowAt(index) : -1;
+    };
     switch (direction) {
         case NAVDIR_UP:
-            return {place.row - 1, place.column};
+            return {other(-1), place.column};
         case NAVDIR_DOWN:
-            return {place.row + 1, place.column};
+            return {other(1), place.column};
         case NAVDIR_PREVIOUS:
-            return row ? GridPlace{place.row - 1, -1} : GridPlace{place.row, place.column - 1};
+            return row ? GridPlace{other(-1), -1} : GridPlace{place.row, place.column - 1};
         case NAVDIR_NEXT:
-            return row ? GridPlace{place.row + 1, -1} : GridPlace{place.row, place.column + 1};
+            return row ? GridPlace{other(1), -1} : GridPlace{place.row, place.column + 1};
         case NAVDIR_LEFT:
             return row ? GridPlace{} : GridPlace{place.row, place.column - 1};
         case NAVDIR_RIGHT:
@@ -228,7 +253,7 @@ STDMETHODIMP KrGridAccessible::accNavigate(LONG direction, VARIANT start, VARIAN
         const GridPlace to = Beside(from, direction);
         const bool wasRow = from.column < 0 && !inside;
         const bool there = wasRow ? grid_.Rows().HasRow(to.row) : grid_.Rows().Has(to);
-        return there ? GiveNumber(ChildOfPlace(to), end) : S_FALSE;
+        return there ? GiveNumber(ChildOf(to), end) : S_FALSE;
     });
 }
 

@@ -12,13 +12,15 @@ class ReadableGrid {
     virtual const GridRows& Rows() const = 0;
     virtual const KrGridView& View() const = 0;
     virtual GridPlace Current() const = 0;
+    virtual bool IsSelected(GridPlace place) const = 0;  // with the current one
     virtual void GoTo(GridPlace place) = 0;
 
   protected:
     ~ReadableGrid() = default;
 };
 
-// The numbers of rows (column -1) and cells, also in events. A row has the number that the system's list view gives it.
+// The numbers of rows (column -1) and cells, also in events. A row has the number that the system's list view gives it:
+// the place's row is the one on the screen.
 LONG ChildOfPlace(GridPlace place);
 GridPlace PlaceOfChild(LONG child);
 
@@ -52,6 +54,7 @@ class KrGridAccessible final : public KrAccessible {
     LONG StateOf(GridPlace place) const;
     GridPlace Beside(GridPlace place, LONG direction) const;
     RECT Area(GridPlace place) const;
+    LONG ChildOf(GridPlace place) const;  // of a row of the table
 
     ReadableGrid& grid_;
 };

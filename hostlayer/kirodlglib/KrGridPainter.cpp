@@ -1,8 +1,10 @@
 #include "KrGridPainter.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
+#include "KrSwatch.h"
 #include "KrText.h"
 
 namespace {
@@ -11,9 +13,14 @@ constexpr COLORREF kErrorColor = RGB(0xC0, 0, 0);
 constexpr COLORREF kErrorBackground = RGB(0xFF, 0xE0, 0xE0);
 constexpr wchar_t kErrorMark[] = L"！";
 constexpr int kHighlightPercent = 25;
+constexpr int kSelectedPercent = 45;
 constexpr int kUnavailablePercent = 60;
 constexpr int kMarkBox = 13;
-constexpr std::size_t kMostShown = 512;  // characters of a cell; no screen is wider
+constexpr int kPatternWidth = 2;
+constexpr double kMillimetresPerInch = 25.4;
+constexpr double kFinestPattern = 2;      // pixels until it begins anew
+constexpr double kLongestLength = 10000;  // millimetres; no screen is wider
+constexpr std::size_t kMostShown = 512;   // characters of a cell; no screen is wider
 
 int Scaled(HDC dc, int pixels) { return MulDiv(pixels, GetDeviceCaps(dc, LOGPIXELSX), 96); }
 
@@ -67,12 +74,15 @@ void KrGridPainter::ReadColors() {
     systemColorsOnly_ = high || IsDark(GetSysColor(COLOR_WINDOW)) || IsDark(GetSysColor(COLOR_BTNFACE));
 }
 
-KrGridPainter::Look KrGridPainter::LookOf(GridPlace place, const GridPicture& picture) const {
+KrGridPainter::Look KrGridPainter::LookOf(const Shown& shown, const GridPicture& picture) const {
+    const GridPlace place = shown.place;
     const GridCell& cell = *rows_.Find(place);
     const bool current = place.row == picture.current.row;
     if (!picture.enabled) return {GetSysColor(COLOR_GRAYTEXT), GetSysColor(COLOR_BTNFACE)};
     if (picture.editing && place == picture.current) return {GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_WINDOW)};
-    if (systemColorsOnly_ && current)
+    // Where only these colours are, they are for the selected cells, or for the current row when there are none.
+    const bool emphasised = picture.selected.IsOneCell() ? current : shown.selected;
+    if (systemColorsOnly_ && emphasised)
         return picture.focused ? Look{GetSysColor(COLOR_HIGHLIGHTTEXT), GetSysColor(COLOR_HIGHLIGHT)}
                                : Look{GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE)};
 
@@ -84,9 +94,10 @@ KrGridPainter::Look KrGridPainter::LookOf(GridPlace place, const GridPicture& pi
         look = {Blend(look.text, GetSysColor(COLOR_WINDOWTEXT), kUnavailablePercent),
                 Blend(look.background, GetSysColor(COLOR_BTNFACE), kUnavailablePercent)};
     if (cell.colors) look = {cell.colors->text, cell.colors->background};
-    if (current)
-        look.background = Blend(GetSysColor(COLOR_WINDOW),
-                                GetSysColor(picture.focused ? COLOR_HIGHLIGHT : COLOR_BTNSHADOW), kHighlightPercent);
+    if (current || shown.selected)
+        look.background =
+            Blend(GetSysColor(COLOR_WINDOW), GetSysColor(picture.focused ? COLOR_HIGHLIGHT : COLOR_BTNSHADOW),
+                  shown.selected ? kSelectedPercent : kHighlightPercent);
     if (cell.error) look = {GetSysColor(COLOR_WINDOWTEXT), kErrorBackground};
     return look;
 }
@@ -114,6 +125,7 @@ RECT KrGridPainter::TextArea(HDC dc, const RECT& area, GridPlace place) const {
     if (place.column == 0 && rows_.MarkKind() != GridRows::Marks::kNone)
         text.left = MarkBox(dc, area).right + Scaled(dc, kMargin) / 2;
     if (rows_.Find(place)->error) text.left += WidthOf(dc, kErrorMark);
+    if (rows_.FindColumn(place.column)->editing.colorOf) text.left += SwatchWidth(dc);
     return text;
 }
 
@@ -122,12 +134,26 @@ bool KrGridPainter::IsCut(HDC dc, const RECT& area, GridPlace place) const {
     return WidthOf(dc, ShownText(*rows_.Find(place))) > std::max<LONG>(text.right - text.left, 0);
 }
 
-void KrGridPainter::DrawFrames(HDC dc, const RECT& area, GridPlace place, const GridPicture& picture) const {
+// Around all selected cells, so that they are found with or without colours.
+void KrGridPainter::DrawOutline(HDC dc, const RECT& area, const Shown& shown, const GridPicture& picture) const {
+    if (!shown.selected) return;
+    const int width = Scaled(dc, 1);
+    const COLORREF color = GetSysColor(picture.focused ? COLOR_HIGHLIGHT : COLOR_BTNSHADOW);
+    const GridArea& all = picture.selected;
+    if (shown.index == all.top) Fill(dc, {area.left, area.top, area.right, area.top + width}, color);
+    if (shown.index == all.bottom) Fill(dc, {area.left, area.bottom - width, area.right, area.bottom}, color);
+    if (shown.place.column == all.left) Fill(dc, {area.left, area.top, area.left + width, area.bottom}, color);
+    if (shown.place.column == all.right) Fill(dc, {area.right - width, area.top, area.right, area.bottom}, color);
+}
+
+void KrGridPainter::DrawFrames(HDC dc, const RECT& area, const Shown& shown, const GridPicture& picture) const {
+    const GridPlace place = shown.place;
     RECT inside = area;
     // The list view draws its grid lines over the outermost pixels.
     if (place.column > 0) ++inside.left;
     --inside.right;
     --inside.bottom;
+    DrawOutline(dc, inside, shown, picture);
     if (place == picture.current) {
         const int color = !picture.focused || !picture.enabled ? COLOR_BTNSHADOW
                           : systemColorsOnly_                  ? COLOR_HIGHLIGHTTEXT
@@ -140,30 +166,66 @@ void KrGridPainter::DrawFrames(HDC dc, const RECT& area, GridPlace place, const 
         DrawFocusRect(dc, &dotted);
     }
     if (rows_.Find(place)->error) {
-        const bool selected = systemColorsOnly_ && place.row == picture.current.row && picture.focused;
+        const bool selected = systemColorsOnly_ && picture.focused &&
+                              (picture.selected.IsOneCell() ? place.row == picture.current.row : shown.selected);
         const COLORREF system = GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT);
         Frame(dc, inside, systemColorsOnly_ ? system : kErrorColor, Scaled(dc, 1));
     }
 }
 
-void KrGridPainter::DrawCell(HDC dc, RECT area, GridPlace place, const GridPicture& picture) const {
+// At the cell's lower end, in its true size. Too fine a pattern for the screen is an unbroken line.
+void KrGridPainter::DrawPattern(HDC dc, const RECT& area, const GridCell& cell, COLORREF color) const {
+    const double unit = GetDeviceCaps(dc, LOGPIXELSX) / kMillimetresPerInch;
+    const LONG bottom = area.bottom - Scaled(dc, kFrame + 1);
+    const LONG top = bottom - Scaled(dc, kPatternWidth);
+    const LONG right = area.right - Scaled(dc, kMargin);
+    const double left = area.left + Scaled(dc, kMargin);
+    double period = 0;
+    for (const double length : *cell.pattern) period += std::clamp(length, 0.0, kLongestLength) * unit;
+    if (period < kFinestPattern) return Fill(dc, {std::lround(left), top, right, bottom}, color);
+    const auto count = cell.pattern->size();
+    double at = left;
+    for (std::size_t i = 0; at < right; i = (i + 1) % count) {
+        const double end = at + std::clamp((*cell.pattern)[i], 0.0, kLongestLength) * unit;
+        const LONG from = std::lround(at);
+        // A length that is hardly there is a dot.
+        if (i % 2 == 0) Fill(dc, {from, top, std::min(std::max(std::lround(end), from + 1), right), bottom}, color);
+        at = end;
+    }
+}
+
+int KrGridPainter::WidthNeeded(HDC dc, GridPlace place) const {
+    const RECT text = TextArea(dc, RECT{}, place);
+    return WidthOf(dc, ShownText(*rows_.Find(place))) + static_cast<int>(text.left - text.right) + 1;
+}
+
+void KrGridPainter::DrawCell(HDC dc, RECT area, const Shown& shown, const GridPicture& picture) const {
+    const GridPlace place = shown.place;
     const GridCell& cell = *rows_.Find(place);
-    const Look look = LookOf(place, picture);
+    const Look look = LookOf(shown, picture);
     Fill(dc, area, look.background);
-    DrawFrames(dc, area, place, picture);
+    DrawFrames(dc, area, shown, picture);
     if (place.column == 0 && rows_.MarkKind() != GridRows::Marks::kNone) DrawMark(dc, area, place.row);
+    if (cell.pattern) {
+        DrawPattern(dc, area, cell, look.text);
+        area.bottom -= Scaled(dc, 2 * kPatternWidth);  // the text makes room
+    }
     area = TextArea(dc, area, place);
+    RECT before = area;
+    if (const KrColorOf colorOf = rows_.FindColumn(place.column)->editing.colorOf) {
+        before.left -= SwatchWidth(dc);
+        if (const auto color = ColorOfText(cell.text, colorOf)) DrawSwatch(dc, before, *color, look.text);
+    }
     if (cell.error) {
-        RECT sign = area;
-        sign.left -= WidthOf(dc, kErrorMark);
+        before.left -= WidthOf(dc, kErrorMark);
         SetTextColor(dc, systemColorsOnly_ ? look.text : kErrorColor);
-        DrawLine(dc, sign, kErrorMark);
+        DrawLine(dc, before, kErrorMark);
     }
     SetTextColor(dc, look.text);
     if (area.left < area.right && !cell.text.empty()) DrawLine(dc, area, ShownText(cell));
 }
 
-void KrGridPainter::DrawRow(HDC dc, const RECT& area, int row, const GridPicture& picture) const {
+void KrGridPainter::DrawRow(HDC dc, const RECT& area, int index, int row, const GridPicture& picture) const {
     const HGDIOBJ font = SelectObject(dc, picture.font);
     const int mode = SetBkMode(dc, TRANSPARENT);
     const COLORREF color = GetTextColor(dc);
@@ -171,7 +233,8 @@ void KrGridPainter::DrawRow(HDC dc, const RECT& area, int row, const GridPicture
     cell.right = cell.left;
     for (int column = 0; column < rows_.Columns() && rows_.HasRow(row); ++column) {
         cell.right = cell.left + picture.widths[static_cast<std::size_t>(column)];
-        if (RectVisible(dc, &cell)) DrawCell(dc, cell, {row, column}, picture);
+        const bool selected = !picture.selected.IsOneCell() && picture.selected.Has(index, column);
+        if (RectVisible(dc, &cell)) DrawCell(dc, cell, {{row, column}, index, selected}, picture);
         cell.left = cell.right;
     }
     if (cell.right < area.right) Fill(dc, {cell.right, area.top, area.right, area.bottom}, GetSysColor(COLOR_WINDOW));

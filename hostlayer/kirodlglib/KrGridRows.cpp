@@ -18,19 +18,20 @@ void GridRows::Reset(int columns, int rows, int limit, Marks marks) {
     marked_.assign(count, false);
 }
 
-bool GridRows::InsertRow(int at) {
-    if (Rows() >= limit_ || at < 0 || at > Rows()) return false;
-    marked_.reserve(marked_.size() + 1);  // nothing fails once the cells are in
-    cells_.insert(cells_.begin() + static_cast<std::ptrdiff_t>(Index(at, 0)), columns_.size(), GridCell());
-    marked_.insert(marked_.begin() + at, false);
+bool GridRows::InsertRows(int at, int count) {
+    if (count < 0 || count > Room() || at < 0 || at > Rows()) return false;
+    const auto rows = static_cast<std::size_t>(count);
+    marked_.reserve(marked_.size() + rows);  // nothing fails once the cells are in
+    cells_.insert(cells_.begin() + static_cast<std::ptrdiff_t>(Index(at, 0)), rows * columns_.size(), GridCell());
+    marked_.insert(marked_.begin() + at, rows, false);
     return true;
 }
 
-void GridRows::DeleteRow(int row) {
-    if (!HasRow(row)) return;
-    const auto first = cells_.begin() + static_cast<std::ptrdiff_t>(Index(row, 0));
-    cells_.erase(first, first + Columns());
-    marked_.erase(marked_.begin() + row);
+void GridRows::DeleteRows(int at, int count) {
+    if (count <= 0 || !HasRow(at) || !HasRow(at + count - 1)) return;
+    const auto first = cells_.begin() + static_cast<std::ptrdiff_t>(Index(at, 0));
+    cells_.erase(first, cells_.begin() + static_cast<std::ptrdiff_t>(Index(at + count, 0)));
+    marked_.erase(marked_.begin() + at, marked_.begin() + at + count);
 }
 
 const GridColumn* GridRows::FindColumn(int column) const {
@@ -73,16 +74,6 @@ bool GridRows::CanEdit(GridPlace place) const {
     return editing.typed || (combo && !combo->choices.empty());
 }
 
-std::optional<GridPlace> GridRows::NextEditable(GridPlace from, bool forwards) const {
-    const int step = forwards ? 1 : -1;
-    for (GridPlace place = from;;) {
-        place.column += step;
-        if (!FindColumn(place.column)) place = {place.row + step, forwards ? 0 : Columns() - 1};
-        if (!HasRow(place.row) || Columns() == 0) return std::nullopt;
-        if (CanEdit(place)) return place;
-    }
-}
-
 int GridRows::FirstEditableColumn() const {
     const auto found = std::find_if(columns_.begin(), columns_.end(),
                                     [](const GridColumn& c) { return c.available && c.editing.Possible(); });
@@ -106,10 +97,12 @@ void GridMarkRange::Begin(int anchor) {
 
 bool GridMarkRange::ExtendTo(int row) {
     if (!rows_.HasRow(anchor_) || !rows_.HasRow(row)) return false;
-    const auto [first, last] = std::minmax(anchor_, row);
+    const auto [first, last] = std::minmax({order_.IndexOf(anchor_), order_.IndexOf(row)});
+    const int before = order_.IndexOf(end_);
     bool changed = false;
-    for (int i = std::min(first, end_); i <= std::max(last, end_); ++i) {
-        const bool on = (i >= first && i <= last) || Before(i);
+    for (int index = std::min(first, before); index <= std::max(last, before); ++index) {
+        const int i = order_.RowAt(index);
+        const bool on = (index >= first && index <= last) || Before(i);
         changed = changed || on != rows_.IsMarked(i);
         rows_.Mark(i, on);
     }

@@ -9,6 +9,9 @@
 #include <utility>
 #include <vector>
 
+#include "KrGridOrder.h"
+#include "entry/host/KrListControl.h"
+
 using GridChoices = std::vector<std::string>;
 
 // One way to choose, shared by all cells that have it.
@@ -23,7 +26,9 @@ struct CellEditing {
     bool typed = false;
     std::size_t limit = 0;  // characters
     std::string prompt;
-    GridComboPtr combo;  // null: nothing to choose from
+    GridComboPtr combo;      // null: nothing to choose from
+    unsigned int kinds = 0;  // kKrCell...
+    KrColorOf colorOf = nullptr;
 
     bool Possible() const { return typed || combo; }
 };
@@ -44,7 +49,8 @@ struct GridCell {
     std::string text;
     GridComboPtr combo;  // instead of its column's
     std::optional<GridColors> colors;
-    std::optional<bool> available;  // none: as its column
+    std::optional<bool> available;                       // none: as its column
+    std::shared_ptr<const std::vector<double>> pattern;  // lengths in millimetres; empty: an unbroken line
     bool error = false;
 };
 
@@ -64,8 +70,9 @@ class GridRows {
     bool HasRow(int row) const { return row >= 0 && row < Rows(); }
     bool Has(GridPlace place) const { return HasRow(place.row) && FindColumn(place.column); }
 
-    bool InsertRow(int at);  // false at the limit
-    void DeleteRow(int row);
+    bool InsertRows(int at, int count);  // all of them; false when there is no room
+    void DeleteRows(int at, int count);
+    int Room() const { return limit_ - Rows(); }
 
     const GridColumn* FindColumn(int column) const;  // null when it is not there
     GridColumn* FindColumn(int column) { return const_cast<GridColumn*>(std::as_const(*this).FindColumn(column)); }
@@ -77,8 +84,6 @@ class GridRows {
     bool IsAvailable(GridPlace place) const;
     CellEditing EditingOf(GridPlace place) const;  // not possible for a cell that is not available
     bool CanEdit(GridPlace place) const;
-    // The next cell that can be edited, row by row, forwards or backwards.
-    std::optional<GridPlace> NextEditable(GridPlace from, bool forwards) const;
     int FirstEditableColumn() const;  // by its column; 0 when there is none
 
     Marks MarkKind() const { return markKind_; }
@@ -99,11 +104,11 @@ class GridRows {
     Marks markKind_ = Marks::kNone;
 };
 
-// The rows that Shift marks: all from the anchor to the row where the range ends. A row that leaves the range gets the
-// mark back that it had before.
+// The rows that Shift marks: all from the anchor to the row where the range ends, as they are seen. A row that leaves
+// the range gets the mark back that it had before.
 class GridMarkRange {
   public:
-    explicit GridMarkRange(GridRows& rows) : rows_(rows) {}
+    GridMarkRange(GridRows& rows, const GridOrder& order) : rows_(rows), order_(order) {}
     void Begin(int anchor);
     void Forget() { anchor_ = -1; }  // rows came or went, or were marked by the program
     bool HasBegun() const { return anchor_ >= 0; }
@@ -113,6 +118,7 @@ class GridMarkRange {
     bool Before(int row) const { return before_[static_cast<std::size_t>(row)]; }
 
     GridRows& rows_;
+    const GridOrder& order_;
     int anchor_ = -1;
     int end_ = -1;
     std::vector<bool> before_;

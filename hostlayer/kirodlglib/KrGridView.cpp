@@ -8,6 +8,7 @@ namespace {
 
 constexpr int kRowMargin = 8;  // of a row's height beside its line of text, so that a combo fits in
 constexpr int kLeastWidth = 16;
+constexpr int kTitleMargin = 16;  // at both sides of a title
 
 int Scaled(HWND window, int pixels) {
     const HDC dc = GetDC(window);
@@ -112,7 +113,7 @@ int KrGridView::WidthForColumns() const {
     GetClientRect(list_, &client);
     const auto style = GetWindowLongPtrW(list_, GWL_STYLE);
     if (style & WS_VSCROLL) client.right += GetSystemMetrics(SM_CXVSCROLL);
-    const RECT first = RowRect(0);
+    const RECT first = RectAt(0);
     const int height = first.bottom > first.top ? static_cast<int>(first.bottom - first.top) : RowHeight();
     return client.right - (rows_.Rows() > RoomForRows() / height ? GetSystemMetrics(SM_CXVSCROLL) : 0);
 }
@@ -156,10 +157,10 @@ void KrGridView::KeepResized(int column) {
 
 // ---- Places ----
 
-RECT KrGridView::RowRect(int row) const {
+RECT KrGridView::RectAt(int index) const {
     RECT area{};
     area.left = LVIR_BOUNDS;
-    return SendTo(LVM_GETITEMRECT, static_cast<WPARAM>(row), &area) ? area : RECT{};
+    return SendTo(LVM_GETITEMRECT, static_cast<WPARAM>(index), &area) ? area : RECT{};
 }
 
 RECT KrGridView::CellRect(GridPlace place) const {
@@ -178,18 +179,35 @@ GridPlace KrGridView::Hit(POINT point) const {
     LVHITTESTINFO hit{};
     hit.pt = point;
     if (!list_ || SendTo(LVM_SUBITEMHITTEST, 0, &hit) < 0) return {};
-    const GridPlace place{hit.iItem, hit.iSubItem};
+    const GridPlace place{order_.RowAt(hit.iItem), hit.iSubItem};
     return rows_.Has(place) ? place : GridPlace{};
+}
+
+template <class Work>
+auto KrGridView::WithFont(Work work) const {
+    const HDC dc = GetDC(list_);
+    const HGDIOBJ font = SelectObject(dc, reinterpret_cast<HFONT>(Send(WM_GETFONT)));
+    const auto result = work(dc);
+    SelectObject(dc, font);
+    ReleaseDC(list_, dc);
+    return result;
 }
 
 bool KrGridView::IsCut(GridPlace place) const {
     if (!list_ || !rows_.Has(place)) return false;
-    const HDC dc = GetDC(list_);
-    const HGDIOBJ font = SelectObject(dc, reinterpret_cast<HFONT>(Send(WM_GETFONT)));
-    const bool cut = painter_.IsCut(dc, CellRect(place), place);
-    SelectObject(dc, font);
-    ReleaseDC(list_, dc);
-    return cut;
+    return WithFont([&](HDC dc) { return painter_.IsCut(dc, CellRect(place), place); });
+}
+
+int KrGridView::WidthNeeded(GridPlace place) const {
+    return WithFont([&](HDC dc) { return painter_.WidthNeeded(dc, place); });
+}
+
+int KrGridView::TitleWidth(const std::wstring& title) const {
+    return WithFont([&](HDC dc) {
+        SIZE size{};
+        GetTextExtentPoint32W(dc, title.c_str(), static_cast<int>(title.size()), &size);
+        return static_cast<int>(size.cx) + MulDiv(kTitleMargin, GetDeviceCaps(dc, LOGPIXELSX), 96);
+    });
 }
 
 // ---- The picture ----
@@ -198,16 +216,16 @@ bool KrGridView::IsCut(GridPlace place) const {
 void KrGridView::Select(int before, int row) const {
     LVITEMW item{};
     item.stateMask = LVIS_FOCUSED | LVIS_SELECTED;
-    if (before >= 0) SendTo(LVM_SETITEMSTATE, static_cast<WPARAM>(before), &item);
+    if (before >= 0) SendTo(LVM_SETITEMSTATE, static_cast<WPARAM>(order_.IndexOf(before)), &item);
     item.state = row < 0 ? 0 : item.stateMask;
-    SendTo(LVM_SETITEMSTATE, static_cast<WPARAM>(row), &item);
+    SendTo(LVM_SETITEMSTATE, static_cast<WPARAM>(order_.IndexOf(row)), &item);
 }
 
 void KrGridView::Reveal(int row) const {
-    if (rows_.HasRow(row)) Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+    if (rows_.HasRow(row)) Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(order_.IndexOf(row)), FALSE);
 }
 
-void KrGridView::ScrollToTop() const { Reveal(0); }
+void KrGridView::ScrollToTop() const { Reveal(order_.RowAt(0)); }
 
 void KrGridView::Repaint(int row) const {
     if (!list_ || !rows_.HasRow(row)) return;
@@ -219,21 +237,35 @@ void KrGridView::RepaintAll() const {
     if (list_) InvalidateRect(list_, nullptr, TRUE);
 }
 
-void KrGridView::Draw(const DRAWITEMSTRUCT& request, GridPlace current, bool editing) const {
+void KrGridView::ShowSorting(int column, bool descending) const {
+    const auto header = reinterpret_cast<HWND>(Send(LVM_GETHEADER));
+    for (int at = 0; header && at < rows_.Columns(); ++at) {
+        HDITEMW item{};
+        item.mask = HDI_FORMAT;
+        SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(at), reinterpret_cast<LPARAM>(&item));
+        item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+        if (at == column) item.fmt |= descending ? HDF_SORTDOWN : HDF_SORTUP;
+        SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(at), reinterpret_cast<LPARAM>(&item));
+    }
+}
+
+void KrGridView::Draw(const DRAWITEMSTRUCT& request, GridPlace current, const GridArea& selected, bool editing,
+                      bool focused) const {
     if (!list_ || request.hwndItem != list_) return;
     GridPicture picture;
     picture.font = reinterpret_cast<HFONT>(Send(WM_GETFONT));
     for (int column = 0; column < rows_.Columns(); ++column) picture.widths.push_back(ColumnWidth(column));
     picture.current = current;
-    picture.focused = HasFocus();
+    picture.selected = selected;
+    picture.focused = focused || HasFocus();
     picture.enabled = IsWindowEnabled(list_) != FALSE;
     picture.editing = editing;
     // Before the first key the frame alone shows where it would start.
-    if (picture.focused && current.row < 0) picture.start = {0, rows_.FirstEditableColumn()};
+    if (picture.focused && current.row < 0) picture.start = {order_.RowAt(0), rows_.FirstEditableColumn()};
     // The request's rectangle may leave out what the list view keeps free for an icon.
-    const int row = static_cast<int>(request.itemID);
-    RECT area = RowRect(row);
+    const int index = static_cast<int>(request.itemID);
+    RECT area = RectAt(index);
     area.top = request.rcItem.top;
     area.bottom = request.rcItem.bottom;
-    painter_.DrawRow(request.hDC, area, row, picture);
+    painter_.DrawRow(request.hDC, area, index, order_.RowAt(index), picture);
 }

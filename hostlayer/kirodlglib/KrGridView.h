@@ -9,12 +9,14 @@
 #include <string>
 #include <vector>
 
+#include "KrGridOrder.h"
 #include "KrGridPainter.h"
 #include "KrGridRows.h"
+#include "KrGridSelection.h"
 
 class KrGridView {
   public:
-    explicit KrGridView(const GridRows& rows) : rows_(rows), painter_(rows) {}
+    KrGridView(const GridRows& rows, const GridOrder& order) : rows_(rows), order_(order), painter_(rows) {}
 
     void Attach(HWND list);
     void Detach() { list_ = nullptr; }
@@ -40,11 +42,14 @@ class KrGridView {
 
     // ---- Places ----
 
-    RECT RowRect(int row) const;
+    const GridOrder& Order() const { return order_; }
+    RECT RowRect(int row) const { return RectAt(order_.IndexOf(row)); }
     RECT CellRect(GridPlace place) const;
     GridPlace Hit(POINT point) const;
-    bool IsCut(GridPlace place) const;  // the cell is too narrow for its text
-    bool HasFocus() const;              // or its editor has
+    int WidthNeeded(GridPlace place) const;           // of its column, so that the cell's text is seen whole
+    int TitleWidth(const std::wstring& title) const;  // of a column with such a title
+    bool IsCut(GridPlace place) const;                // the cell is too narrow for its text
+    bool HasFocus() const;                            // or its editor has
 
     // ---- The picture ----
 
@@ -54,9 +59,15 @@ class KrGridView {
     void Repaint(int row) const;
     void RepaintAll() const;
     void ReadColors() { painter_.ReadColors(); }
-    void Draw(const DRAWITEMSTRUCT& request, GridPlace current, bool editing) const;
+    // focused: what belongs to the list view has the focus, though it is not its child.
+    void Draw(const DRAWITEMSTRUCT& request, GridPlace current, const GridArea& selected, bool editing,
+              bool focused) const;
+    void ShowSorting(int column, bool descending) const;  // in the head; -1: none
 
   private:
+    template <class Work>
+    auto WithFont(Work work) const;
+    RECT RectAt(int index) const;
     void MakeColumns() const;
     void Measure() const;
     int RoomForRows() const;
@@ -67,6 +78,7 @@ class KrGridView {
     double& Share(int column) { return shares_[static_cast<std::size_t>(column)]; }
 
     const GridRows& rows_;
+    const GridOrder& order_;
     KrGridPainter painter_;
     HWND list_ = nullptr;
     std::vector<double> shares_;  // of the columns

@@ -66,6 +66,9 @@ void KrListControlImpl::InitList(KrWindow dialog, int listId, int columns, int r
                     : selection == kKrSelectMultiple ? GridRows::Marks::kMultiple
                                                      : GridRows::Marks::kNone);
         range_.Forget();
+        order_.Set({});
+        sorting_ = {};
+        selection_.Forget();
         current_ = clicked_ = {};
         view_.Start();
     });
@@ -91,7 +94,7 @@ void KrListControlImpl::DrawItem() { view_.RepaintAll(); }
 
 void KrListControlImpl::OnDrawItem(KrDrawItem* request) {
     Guarded([&] {
-        if (request) view_.Draw(*request, current_, editor_.IsOpen());
+        if (request) view_.Draw(*request, current_, Selected(), editor_.IsOpen(), find_.HasFocus());
     });
 }
 
@@ -204,10 +207,20 @@ void KrListControlImpl::RowsChanged() {
     ColumnsChanged();
 }
 
+bool KrListControlImpl::AddRows(int at, int count) {
+    if (!TakeEdits()) return false;
+    GridOrder order = order_;  // nothing fails once the rows are in
+    order.Inserted(at, std::max(count, 0));
+    if (!rows_.InsertRows(at, count)) return false;
+    order_ = std::move(order);
+    selection_.Forget();
+    return true;
+}
+
 int KrListControlImpl::Insert(int at) {
     const Busy busy(*this);
     return Guarded(-1, [&] {
-        if (!TakeEdits() || !rows_.InsertRow(at)) return -1;
+        if (!AddRows(at, 1)) return -1;
         RowsChanged();
         const int column = current_.column >= 0 ? current_.column : rows_.FirstEditableColumn();
         current_ = {};  // the row of that number is another one
@@ -216,13 +229,22 @@ int KrListControlImpl::Insert(int at) {
     });
 }
 
+// False when none of them is the current row.
+bool KrListControlImpl::RemoveRows(int at, int count) {
+    const bool current = current_.row >= at && current_.row < at + count;
+    if (current) DropEdits();
+    rows_.DeleteRows(at, count);
+    order_.Deleted(at, count);
+    selection_.Forget();
+    return current;
+}
+
 void KrListControlImpl::DeleteItem() {
     const Busy busy(*this);
     Guarded([&] {
         if (!rows_.HasRow(current_.row)) return;
-        DropEdits();
         const GridPlace deleted = current_;
-        rows_.DeleteRow(deleted.row);
+        RemoveRows(deleted.row, 1);
         RowsChanged();
         const int next = std::min(deleted.row, rows_.Rows() - 1);
         if (next >= 0) current_ = {};  // the row of that number is another one
@@ -235,6 +257,7 @@ void KrListControlImpl::DeleteItem() {
 void KrListControlImpl::SetCurrent(GridPlace place, By by) {
     if (!rows_.Has(place)) place.row = -1;
     const GridPlace before = current_;
+    ForgetSelection();
     current_ = place;
     shifting_ = false;
     tip_.Hide();
@@ -254,13 +277,16 @@ void KrListControlImpl::ClearCurrentCell() {
     Guarded([&] {
         DropEdits();
         SetCurrent({-1, current_.column}, By::kProgram);
+        ForgetSorting();
         view_.ScrollToTop();
     });
 }
 
 // For programs that read the screen aloud.
 void KrListControlImpl::Announce(DWORD event, GridPlace place) const {
-    if (place.row >= 0) NotifyWinEvent(event, view_.List(), OBJID_CLIENT, ChildOfPlace(place));
+    if (place.row < 0) return;
+    place.row = order_.IndexOf(place.row);
+    NotifyWinEvent(event, view_.List(), OBJID_CLIENT, ChildOfPlace(place));
 }
 
 void KrListControlImpl::Notify(unsigned int code, GridPlace place) {

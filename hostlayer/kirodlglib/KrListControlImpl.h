@@ -1,8 +1,9 @@
 // The grid of a dialog, over a list view with virtual rows. Its operations never throw: one that runs out of memory
 // does nothing.
 //
-// KrListControlImpl.cpp holds the operations, KrListControlInput.cpp what windows and operator send. The rows, the list
-// view, the editor, the links and the rest have classes of their own; here they work together.
+// KrListControlImpl.cpp holds the operations, KrListControlInput.cpp what windows and operator send,
+// KrListControlCells.cpp what is done with many cells at once, KrListControlView.cpp how the rows are looked at. The
+// rows, the list view, the editor, the links and the rest have classes of their own; here they work together.
 #pragma once
 
 #include <windows.h>
@@ -10,14 +11,21 @@
 #include <commctrl.h>
 
 #include "KrCellEditor.h"
+#include "KrFindBar.h"
 #include "KrGridAccessible.h"
 #include "KrGridLinks.h"
+#include "KrGridOrder.h"
 #include "KrGridRows.h"
+#include "KrGridSelection.h"
 #include "KrGridView.h"
 #include "KrTextTip.h"
 #include "entry/host/KrListControl.h"
 
-class KrListControlImpl final : public KrListControl, private CellEditorHost, private LinkedGrid, private ReadableGrid {
+class KrListControlImpl final : public KrListControl,
+                                private CellEditorHost,
+                                private LinkedGrid,
+                                private ReadableGrid,
+                                private FindBarHost {
   public:
     explicit KrListControlImpl(KrUtility* utility) : utility_(utility), editor_(*this, utility) {}
     KrListControlImpl(const KrListControlImpl&) = delete;
@@ -66,6 +74,19 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     int CheckClassNumber(int row, const char* text) override;
     int CheckRevisionNumber(int row, const char* text) override;
 
+    int InsertRows(int at, int count) override;
+    void DeleteRows(int at, int count) override;
+    int GetRoom() const override { return rows_.Room(); }
+    int GetSelectedRows(int* rows, int count) const override;
+    void GetSelectedColumns(int* first, int* last) const override;
+    void SelectCells(int firstRow, int firstColumn, int lastRow, int lastColumn) override;
+    int GetNextRow(int row) const override;
+    void SetColumnKinds(int column, unsigned int kinds) override;
+    void SetColumnColors(int column, KrColorOf colorOf) override;
+    void SetItemPattern(int row, int column, const double* lengths, int count) override;
+    int TakesText(int row, int column, const char16_t* wide, char* taken, int takenSize, char* reason,
+                  int reasonSize) const override;
+
   private:
     // While one of these lives the object does, also when the dialog releases it in the middle of a message.
     class Busy {
@@ -94,6 +115,34 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     bool MakeCurrent();
     void ShowWholeText();
     int Insert(int at);
+    bool AddRows(int at, int count);
+    bool RemoveRows(int at, int count);
+
+    // The cells that are selected with the current one.
+    GridArea Selected() const { return selection_.Area(Current(), order_); }
+    bool SelectsByShift() const { return rows_.MarkKind() != GridRows::Marks::kMultiple; }
+    void ExtendTo(GridPlace end);
+    void ExtendWithMouse(POINT point);
+    void SelectAll();
+    void ForgetSelection();
+    void Copy();
+    bool OnChord(WPARAM key);
+    bool OnFunctionKey(WPARAM key, bool shift);
+    bool Ask(int request);
+
+    // How the rows are looked at.
+    struct Sorting {
+        int column = -1;  // none: the table's order
+        bool descending = false;
+    };
+    void SortBy(int column);
+    void Sort();
+    void ForgetSorting();
+    void FitColumn(int column);
+    void OpenFind();
+    void OnFind(FindBarHost::Event event) override;
+    void FindNext(bool forwards);
+    void Find(GridPlace from, bool forwards, bool here);
 
     // Marks that the user gives.
     bool WantsRange() const;
@@ -105,6 +154,7 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     bool OpenEditor(KrCellEditor::Start start, bool prompts = true);
     bool Commit(bool takeFocus);
     void OnEditor(EditorEvent event) override;
+    std::optional<GridPlace> NextToEdit(GridPlace from, bool forwards) const;
     void OpenNext(bool forwards);
     void Taken(const KrStringList* choices, const char* prompt, GridComboPtr& combo) const;
 
@@ -113,6 +163,7 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     void DropEdits() override;
     const GridRows& Rows() const override { return rows_; }
     const KrGridView& View() const override { return view_; }
+    bool IsSelected(GridPlace place) const override { return Selected().Has(order_.IndexOf(place.row), place.column); }
     GridPlace Current() const override { return current_.row < 0 ? GridPlace{} : current_; }
     void GoTo(GridPlace place) override { ClickCell(place.row, place.column); }
 
@@ -122,12 +173,15 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     std::optional<LRESULT> OnList(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnListMouse(UINT message, WPARAM wParam, LPARAM lParam);
     void RelayToTip(UINT message, WPARAM wParam, LPARAM lParam);
+    bool Drag(UINT message, POINT point);
     std::optional<LRESULT> OnListText(UINT message, WPARAM wParam, LPARAM lParam);
     void AfterList(UINT message);
     std::optional<LRESULT> OnHeader(const NMHEADERW& header);
     bool OnKey(WPARAM key);
     void OnCharacter(wchar_t character);
-    bool Navigate(WPARAM key, bool marks = false);
+    std::optional<GridPlace> Target(WPARAM key, GridPlace from) const;
+    bool Navigate(WPARAM key, bool shift = false);
+    void GoOn();
     void MoveTo(GridPlace place, bool marks);
     bool Press(POINT point, bool right);
     std::optional<LRESULT> OnDialog(UINT message, WPARAM wParam, LPARAM lParam);
@@ -142,11 +196,17 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     HWND dialog_ = nullptr;
     int listId_ = 0;
     GridRows rows_;
-    GridMarkRange range_{rows_};
-    KrGridView view_{rows_};
+    GridOrder order_;
+    GridMarkRange range_{rows_, order_};
+    Sorting sorting_;
+    GridSelection selection_;
+    KrGridView view_{rows_, order_};
     KrCellEditor editor_;
     KrGridLinks links_{*this};
     KrTextTip tip_;
+    KrFindBar find_{*this};
+    GridPlace findFrom_;   // where the search for what is being typed began
+    bool missed_ = false;  // the text was not found
     KrAccessibleOf<KrGridAccessible> accessible_;
     GridPlace current_;  // row -1: none; the column is that of the last one
     GridPlace clicked_;
@@ -154,6 +214,8 @@ class KrListControlImpl final : public KrListControl, private CellEditorHost, pr
     bool clickMarks_ = false;
     bool clickOpens_ = false;
     bool rightPressed_ = false;
+    bool dragging_ = false;    // the mouse selects cells
+    bool dragged_ = false;     // it did: the release is no click
     bool shifting_ = false;    // the current cell got where it is with Shift held down
     bool errorShown_ = false;  // the last message that the dialog gave
     int busy_ = 0;

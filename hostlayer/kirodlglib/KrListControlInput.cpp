@@ -19,12 +19,12 @@ POINT PointOf(LPARAM lParam) { return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam
 
 // ---- Keys ----
 
-// marks: with Shift, where rows can be marked, all rows are that the key goes over.
-bool KrListControlImpl::Navigate(WPARAM key, bool marks) {
+// Where a key leads to from a place, as it is seen; maybe past the rows.
+std::optional<GridPlace> KrListControlImpl::Target(WPARAM key, GridPlace from) const {
     const bool all = IsKeyDown(VK_CONTROL);
     const int last = rows_.Rows() - 1;
     const int page = std::max(view_.RowsOnPage() - 1, 1);
-    GridPlace to = current_;
+    GridPlace to{order_.IndexOf(from.row), from.column};
     switch (key) {
         case VK_UP:
             --to.row;
@@ -51,12 +51,33 @@ bool KrListControlImpl::Navigate(WPARAM key, bool marks) {
             to = {last, all ? rows_.Columns() - 1 : to.column};
             break;
         default:
-            return false;
+            return std::nullopt;
     }
-    if (last < 0 || rows_.Columns() == 0 || !TakeEdits()) return true;
-    if (!MakeCurrent()) MoveTo({std::clamp(to.row, 0, last), std::clamp(to.column, 0, rows_.Columns() - 1)}, marks);
+    return GridPlace{order_.RowAt(std::clamp(to.row, 0, std::max(last, 0))),
+                     std::clamp(to.column, 0, std::max(rows_.Columns() - 1, 0))};
+}
+
+// shift: with Shift the cells are selected, or where rows can be marked all rows are that the key goes over.
+bool KrListControlImpl::Navigate(WPARAM key, bool shift) {
+    const bool selects = shift && IsKeyDown(VK_SHIFT) && SelectsByShift();
+    const bool extended = selects && selection_.End().row >= 0;
+    const std::optional<GridPlace> to = Target(key, extended ? selection_.End() : current_);
+    if (!to) return false;
+    if (rows_.Rows() == 0 || rows_.Columns() == 0 || !TakeEdits()) return true;
+    if (MakeCurrent()) return true;
+    if (selects) {
+        ExtendTo(*to);
+        return true;
+    }
+    MoveTo(*to, shift);
     ShowWholeText();
     return true;
+}
+
+// Enter: the cell below, or behind the last cell a new row.
+void KrListControlImpl::GoOn() {
+    const bool last = rows_.CanEdit(current_) && !NextToEdit(current_, true);
+    if (!last || !Ask(kKrAskAddRow)) Navigate(VK_DOWN);
 }
 
 void KrListControlImpl::MoveTo(GridPlace place, bool marks) {
@@ -71,7 +92,8 @@ void KrListControlImpl::MoveTo(GridPlace place, bool marks) {
 // The first key in a grid without a current cell makes one, and does nothing else. True when it did.
 bool KrListControlImpl::MakeCurrent() {
     if (rows_.Has(current_)) return false;
-    SetCurrent({0, rows_.FirstEditableColumn()}, By::kUser);
+    SetCurrent({order_.RowAt(0), rows_.FirstEditableColumn()}, By::kUser);
+    ShowWholeText();
     return true;
 }
 
@@ -83,9 +105,11 @@ void KrListControlImpl::ShowWholeText() {
 }
 
 bool KrListControlImpl::OnKey(WPARAM key) {
+    if (OnChord(key)) return true;
     switch (key) {
         case VK_RETURN:
-            return Navigate(VK_DOWN);
+            GoOn();
+            return true;
         case VK_F2:
             MakeCurrent();
             OpenEditor(KrCellEditor::Start::kKeepText);
@@ -137,19 +161,27 @@ std::optional<LRESULT> KrListControlImpl::OnListText(UINT message, WPARAM wParam
 // False when the list view shall go on with it.
 bool KrListControlImpl::Press(POINT point, bool right) {
     const GridPlace hit = view_.Hit(point);
-    clickOpens_ = view_.HasFocus() && hit == current_ && rows_.Has(hit);
+    clickOpens_ = view_.HasFocus() && hit == current_ && rows_.Has(hit) && selection_.End().row < 0;
     if (!TakeEdits()) return true;
-    if (!right || !view_.List()) return false;
+    if (!view_.List()) return false;
+    if (!right) {
+        if (!IsKeyDown(VK_SHIFT) || !SelectsByShift() || !rows_.Has(current_) || !rows_.Has(hit)) return false;
+        SetFocus(view_.List());
+        clickOpens_ = false;
+        ExtendTo(hit);
+        return true;
+    }
     rightPressed_ = true;
     SetFocus(view_.List());
-    if (rows_.Has(hit)) SetCurrent(hit, By::kUser);
+    // The selection stays for a menu over it.
+    if (rows_.Has(hit) && !IsSelected(hit)) SetCurrent(hit, By::kUser);
     return true;
 }
 
 std::optional<LRESULT> KrListControlImpl::OnListMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     POINT point = PointOf(lParam);
-    RelayToTip(message, wParam, lParam);
-    if (message == WM_MOUSEMOVE) return std::nullopt;
+    if (!Drag(message, point)) RelayToTip(message, wParam, lParam);
+    if (message == WM_MOUSEMOVE || message == WM_LBUTTONUP) return std::nullopt;
     if (message != WM_RBUTTONUP)
         return Press(point, message == WM_RBUTTONDOWN || message == WM_RBUTTONDBLCLK) ? std::optional<LRESULT>(0)
                                                                                       : std::nullopt;
@@ -168,7 +200,7 @@ void KrListControlImpl::RelayToTip(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void KrListControlImpl::BeforeClick(const NMITEMACTIVATE& click) {
-    const GridPlace place{click.iItem, click.iSubItem};
+    const GridPlace place{order_.RowAt(click.iItem), click.iSubItem};
     clicked_ = rows_.Has(place) ? place : GridPlace{};
     clickPending_ = true;
     // In a cell that can be edited a click is for that. The second click of a double click chooses nothing.
@@ -177,7 +209,10 @@ void KrListControlImpl::BeforeClick(const NMITEMACTIVATE& click) {
 
 void KrListControlImpl::Dragged(POINT from) {
     const GridPlace place = view_.Hit(from);
-    if (rows_.Has(place) && TakeEdits()) SetCurrent(place, By::kUser);
+    if (!rows_.Has(place) || !TakeEdits()) return;
+    SetCurrent(place, By::kUser);
+    dragging_ = IsKeyDown(VK_LBUTTON) && current_ == place;
+    if (dragging_) SetCapture(view_.List());
 }
 
 // The current cell is still the one before until the dialog calls ClickItem; one that does not know of clicks need not.
@@ -207,6 +242,8 @@ void KrListControlImpl::OnEditor(EditorEvent event) {
                 Commit(true);
                 break;
             case EditorEvent::kEnter:
+                if (Commit(true) && !editor_.IsOpen()) GoOn();
+                break;
             case EditorEvent::kDown:
                 if (Commit(true) && !editor_.IsOpen()) Navigate(VK_DOWN);
                 break;
@@ -221,10 +258,23 @@ void KrListControlImpl::OnEditor(EditorEvent event) {
     });
 }
 
+// Row by row, as they are seen.
+std::optional<GridPlace> KrListControlImpl::NextToEdit(GridPlace from, bool forwards) const {
+    const int step = forwards ? 1 : -1;
+    for (GridPlace at{order_.IndexOf(from.row), from.column};;) {
+        at.column += step;
+        if (!rows_.FindColumn(at.column)) at = {at.row + step, forwards ? 0 : rows_.Columns() - 1};
+        if (!rows_.HasRow(at.row) || rows_.Columns() == 0) return std::nullopt;
+        const GridPlace place{order_.RowAt(at.row), at.column};
+        if (rows_.CanEdit(place)) return place;
+    }
+}
+
 void KrListControlImpl::OpenNext(bool forwards) {
     const GridPlace from = current_;
     if (!TakeEdits() || editor_.IsOpen()) return;
-    const std::optional<GridPlace> next = rows_.NextEditable(from, forwards);
+    std::optional<GridPlace> next = NextToEdit(from, forwards);
+    if (!next && forwards && Ask(kKrAskAddRow)) next = NextToEdit(from, true);
     if (!next) return;
     errorShown_ = false;
     SetCurrent(*next, By::kUser);
@@ -245,7 +295,12 @@ std::optional<LRESULT> KrListControlImpl::OnHeader(const NMHEADERW& header) {
             return std::nullopt;
         case HDN_DIVIDERDBLCLICKA:
         case HDN_DIVIDERDBLCLICKW:
-            return 0;  // would measure the texts of all rows
+            FitColumn(header.iItem);
+            return 0;
+        case HDN_ITEMCLICKA:
+        case HDN_ITEMCLICKW:
+            SortBy(header.iItem);
+            return 0;
         default:
             return std::nullopt;
     }
@@ -257,8 +312,9 @@ std::optional<LRESULT> KrListControlImpl::OnList(UINT message, WPARAM wParam, LP
         case WM_GETDLGCODE: {
             const LRESULT code = DefSubclassProc(view_.List(), message, wParam, lParam);
             const auto* key = reinterpret_cast<const MSG*>(lParam);
-            const bool enter = key && key->message == WM_KEYDOWN && key->wParam == VK_RETURN;
-            return enter ? code | DLGC_WANTMESSAGE : code;
+            const bool down = key && key->message == WM_KEYDOWN;
+            const bool wanted = down && (key->wParam == VK_RETURN || (key->wParam == VK_ESCAPE && find_.IsOpen()));
+            return wanted ? code | DLGC_WANTMESSAGE : code;
         }
         case WM_KEYDOWN:
             return handled(OnKey(wParam));
@@ -267,15 +323,19 @@ std::optional<LRESULT> KrListControlImpl::OnList(UINT message, WPARAM wParam, LP
             if (wParam != VK_APPS) return std::nullopt;
             return SendMessageW(dialog_, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(view_.List()), -1);
         case WM_SYSKEYDOWN:
-            return handled(wParam == VK_DOWN && OnKey(VK_F4));
+            return handled(wParam == VK_DOWN ? OnKey(VK_F4) : OnChord(wParam));
         case WM_CHAR:
         case WM_IME_CHAR:
         case WM_IME_STARTCOMPOSITION:
         case WM_IME_COMPOSITION:
         case WM_IME_ENDCOMPOSITION:
             return OnListText(message, wParam, lParam);
+        case WM_CAPTURECHANGED:
+            dragging_ = false;
+            return std::nullopt;
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
+        case WM_LBUTTONUP:
         case WM_RBUTTONDOWN:
         case WM_RBUTTONDBLCLK:
         case WM_RBUTTONUP:
@@ -295,6 +355,8 @@ std::optional<LRESULT> KrListControlImpl::OnList(UINT message, WPARAM wParam, LP
                        : std::nullopt;
         case WM_COMMAND:
             return handled(editor_.OnCommand(HIWORD(wParam), reinterpret_cast<HWND>(lParam)));
+        case WM_DRAWITEM:
+            return handled(editor_.DrawChoice(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)));
         case kGridPicked:
             editor_.OnPicked(wParam);
             return 0;
@@ -333,6 +395,9 @@ void KrListControlImpl::AfterList(UINT message) {
             if (view_.NeedsFit()) view_.FitColumns();
             ColumnsChanged();
             break;
+        case WM_LBUTTONUP:
+            dragged_ = false;
+            break;
         case WM_VSCROLL:
         case WM_MOUSEWHEEL:
             tip_.Hide();
@@ -364,7 +429,7 @@ LRESULT CALLBACK KrListControlImpl::ListProc(HWND window, UINT message, WPARAM w
 void KrListControlImpl::AnswerText(NMLVDISPINFOW& request) const {
     LVITEMW& item = request.item;
     if (!(item.mask & LVIF_TEXT) || !item.pszText || item.cchTextMax <= 0) return;
-    const GridCell* cell = rows_.Find({item.iItem, item.iSubItem});
+    const GridCell* cell = rows_.Find({order_.RowAt(item.iItem), item.iSubItem});
     const std::wstring text = cell ? WideForDisplay(cell->text) : std::wstring();
     const std::size_t length = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax) - 1);
     std::wmemcpy(item.pszText, text.data(), length);
@@ -384,12 +449,17 @@ std::optional<LRESULT> KrListControlImpl::OnDialog(UINT message, WPARAM wParam, 
             // A press that moves a little is no click, yet the list view has taken the row.
             if (notice->code == LVN_BEGINDRAG) Dragged(reinterpret_cast<const NMLISTVIEW*>(lParam)->ptAction);
             if (notice->code != NM_CLICK && notice->code != NM_DBLCLK) return std::nullopt;
+            if (dragged_) return 0;
             const UINT code = notice->code;
             BeforeClick(*reinterpret_cast<const NMITEMACTIVATE*>(lParam));
             const LRESULT result = DefSubclassProc(dialog_, message, wParam, lParam);
             AfterClick(code);
             return result;
         }
+        case WM_COMMAND:
+            if (!find_.OnCommand(HIWORD(wParam), reinterpret_cast<HWND>(lParam))) return std::nullopt;
+            if (HIWORD(wParam) == EN_KILLFOCUS) view_.RepaintAll();
+            return 0;
         case WM_MEASUREITEM: {
             auto* request = reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
             if (request->CtlType != ODT_LISTVIEW || static_cast<int>(request->CtlID) != listId_) return std::nullopt;

@@ -188,6 +188,123 @@ TEST_F(Grids, ClicksAreTheDialogsUntilItCallsClickItem) {
     });
 }
 
+TEST_F(Grids, ManyCellsAreSelectedByKeyAndMouse) {
+    Run([&](const Steps& step) {
+        const COLORREF white = GetSysColor(COLOR_WINDOW);
+        const auto selected = [&] {
+            std::wstring cells;
+            OnUi([&] {
+                int at[40] = {};
+                int left = -1;
+                int right = -1;
+                const int count = table().GetSelectedRows(at, 40);
+                table().GetSelectedColumns(&left, &right);
+                if (count > 0) cells = PlaceText(at[0], left) + L" " + PlaceText(at[count - 1], right);
+            });
+            return cells;
+        };
+        const auto over = [&](int row, int column) {
+            const RECT cell = step.Area(row, column);
+            POINT point{cell.left + 10, (cell.top + cell.bottom) / 2};
+            ClientToScreen(step.List(), &point);
+            MoveMouse(point);
+        };
+        EXPECT_EQ(L"", selected());
+        step({3, 1}, L"3,1 / click -1>3");
+        EXPECT_EQ(white, step.Pixel(4, 2, -10, 8));
+        step([] { KeyHolding(VK_SHIFT, VK_DOWN); }, L"3,1");  // tells nothing: the current cell stays
+        step([] { KeyHolding(VK_SHIFT, VK_RIGHT); }, L"3,1");
+        EXPECT_EQ(L"3,1 4,2", selected());
+        EXPECT_NE(white, step.Pixel(4, 2, -10, 8));
+        step([] { KeyHolding({VK_CONTROL, VK_SHIFT}, VK_HOME); }, L"3,1");
+        EXPECT_EQ(L"0,0 3,1", selected());
+        step(VK_DOWN, L"4,1 / moved 4,1");
+        EXPECT_EQ(L"4,1 4,1", selected());
+        step([&] { Holding(VK_SHIFT, [&] { step.Click(6, 2); }); }, L"4,1");
+        EXPECT_EQ(L"4,1 6,2", selected());
+        step([&] { step.RightClick(5, 2); }, L"4,1 / menu by mouse");  // the menu is for all of them
+        EXPECT_EQ(L"4,1 6,2", selected());
+        over(2, 1);
+        MouseDown();
+        over(5, 2);
+        over(4, 2);
+        MouseUp();
+        Until("the mouse has selected", [&] { return selected() == L"2,1 4,2"; });
+        // Rows in blocks: the current cell stays that of its row, and the selection is gone.
+        step.Ui([&] { EXPECT_EQ(2, table().InsertRows(1, 2)); }, L"4,1 / moved 2,1 / current 2,1 4,1 ");
+        EXPECT_EQ(L"4,1 4,1", selected());
+        step.Ui([&] { table().DeleteRows(1, 2); }, L"2,1");
+        step.Ui([&] { table().DeleteRows(2, 3); }, L"2,1 / current 2,1 ");  // another row
+        EXPECT_EQ(L"レイヤ6", step.Cell(2, 1));
+        step([] { KeyHolding(VK_CONTROL, 'A'); }, L"0,0 / moved 0,0");
+        EXPECT_EQ(L"0,0 26,2", selected());
+    });
+}
+
+TEST_F(Grids, ColumnsAreSortedAndWidenedAtTheirHead) {
+    selection = kKrSelectMultiple;
+    Run([&](const Steps& step) {
+        const auto head = [&](int code, int column) {
+            NMHEADERW notice{};
+            notice.hdr = {reinterpret_cast<HWND>(Send(step.List(), LVM_GETHEADER)), 0, static_cast<UINT>(code)};
+            notice.iItem = column;
+            Send(step.List(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
+            Sync();
+        };
+        OnUi([&] {
+            table().SetItemText(20, 1,
+                                "一番長いレイヤの名前です。一番長いレイヤの名前です。一番長いレイヤの名前です。");
+            table().SetItemText(7, 2, "0");
+            table().SetItemText(9, 2, "");
+        });
+        const int before = step.Width(1);
+        head(HDN_DIVIDERDBLCLICKW, 1);
+        EXPECT_GT(step.Width(1), before);
+        head(HDN_ITEMCLICKW, 2);
+        EXPECT_EQ(L"8 1 10 ", step.Cell(0, 0) + L" " + step.Cell(1, 0) + L" " + step.Cell(29, 0) + L" ");
+        OnUi([&] { table().SetSelectFlag(7, 1); });
+        step.Click(1, 1);
+        EXPECT_EQ((GridPlace{0, 1}), step.Current());
+        KeyHolding(VK_SHIFT, VK_UP);  // the rows that are seen there
+        OnUi([&] { EXPECT_EQ(L" {0,7}", Marks()); });
+        OnUi([&] { table().ClearCurrentCell(); });  // for other rows
+        EXPECT_EQ(L"1", step.Cell(0, 0));
+    });
+}
+
+TEST_F(Grids, ColoursAndPatternsAreSeen) {
+    Run([&](const Steps& step) {
+        const COLORREF white = GetSysColor(COLOR_WINDOW), red = RGB(255, 0, 0);
+        const auto swatch = [&](int row) {
+            return step.Pixel(row, 2, 12, (step.Area(row, 2).bottom - step.Area(row, 2).top) / 2);
+        };
+        OnUi([&] {
+            table().SetColumnColors(2, [](int number, KrColor* color) {
+                *color = RGB(255, 0, 0);
+                return number == 1 ? 1 : 0;
+            });
+            table().SetItemText(1, 2, "2");
+            const double lengths[] = {4, 4};
+            table().SetItemPattern(0, 1, lengths, 2);
+            table().SetItemPattern(1, 1, nullptr, 0);
+            table().DrawItem();
+        });
+        EXPECT_EQ(red, swatch(0));
+        EXPECT_NE(red, swatch(1));
+        EXPECT_NE(white, step.Pixel(0, 1, 10, -4));
+        EXPECT_EQ(white, step.Pixel(0, 1, 26, -4)) << "4 mm are 15 pixels";
+        EXPECT_NE(white, step.Pixel(0, 1, 40, -4));
+        EXPECT_NE(white, step.Pixel(1, 1, 26, -4));
+        EXPECT_EQ(white, step.Pixel(2, 1, 10, -4));
+        step.Click(3, 2);
+        Key(VK_F4);
+        EXPECT_TRUE(step.IsDropped());
+        EXPECT_EQ(256, step.Choices());
+        Key(VK_ESCAPE);
+        Key(VK_ESCAPE);
+    });
+}
+
 // ---- Rows and marks ----
 
 TEST_F(Grids, RowsComeAndGoWithTheirFlags) {

@@ -118,7 +118,7 @@ TEST_F(ModelSettings, LineTypesAreReadThenNamedThenStored) {
     const auto user = [](int end) {
         return [end](HWND dialog, const Grid& grid) {
             // There is room for twelve digits; "x" stands behind a gap.
-            for (const auto& [column, text] : {std::pair(2, L"１"), {4, L"5"}, {3, L"1000000000001"}, {7, L"x"}})
+            for (const auto& [column, text] : {std::pair(2, L"一"), {4, L"5"}, {3, L"1000000000001"}, {7, L"x"}})
                 Change(grid, 5, column, text);
             ExpectRefused(dialog, kMultiplyPitchesButton, L"無効なピッチが入力されました", "5,2 5,4 ");
             Change(grid, 5, 2, L"-0");

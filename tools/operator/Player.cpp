@@ -20,16 +20,27 @@ constexpr int kChooserName = 0x47C;  // the system chooser's file-name combo
 // None with which the system's windows are left for others or something could be deleted outside the dialogs.
 constexpr WORD kKeys[] = {VK_TAB,   VK_TAB,    VK_RETURN, VK_ESCAPE, VK_SPACE, VK_UP, VK_DOWN, VK_LEFT,
                           VK_RIGHT, VK_HOME,   VK_END,    VK_PRIOR,  VK_NEXT,  VK_F2, VK_F4,   VK_APPS,
-                          VK_BACK,  VK_DELETE, '0',       '1',       'A',      'Z'};
+                          VK_BACK,  VK_DELETE, VK_INSERT, '0',       '1',      'A',   'Z',     VK_F3};
 constexpr struct {
     WORD held;
     WORD key;
-} kChords[] = {{0, VK_TAB},          {VK_SHIFT, VK_TAB},  {0, VK_SPACE},      {0, VK_RETURN},     {0, VK_ESCAPE},
-               {0, VK_UP},           {0, VK_DOWN},        {0, VK_LEFT},       {0, VK_RIGHT},      {0, VK_F2},
-               {0, VK_F4},           {0, VK_APPS},        {VK_SHIFT, VK_F10}, {VK_CONTROL, 'A'},  {VK_CONTROL, 'C'},
-               {VK_CONTROL, 'X'},    {VK_CONTROL, 'V'},   {VK_CONTROL, 'Z'},  {VK_MENU, VK_DOWN}, {VK_MENU, VK_UP},
-               {VK_CONTROL, VK_END}, {VK_MENU, VK_SPACE}, {VK_MENU, VK_F4},   {VK_MENU, 'A'},     {VK_SHIFT, VK_DOWN},
-               {VK_CONTROL, VK_HOME}};
+} kChords[] = {{0, VK_TAB},          {VK_SHIFT, VK_TAB},
+               {0, VK_SPACE},        {0, VK_RETURN},
+               {0, VK_ESCAPE},       {0, VK_UP},
+               {0, VK_DOWN},         {0, VK_LEFT},
+               {0, VK_RIGHT},        {0, VK_F2},
+               {0, VK_F4},           {0, VK_APPS},
+               {VK_SHIFT, VK_F10},   {VK_CONTROL, 'A'},
+               {VK_CONTROL, 'C'},    {VK_CONTROL, 'X'},
+               {VK_CONTROL, 'V'},    {VK_CONTROL, 'Z'},
+               {VK_MENU, VK_DOWN},   {VK_MENU, VK_UP},
+               {VK_CONTROL, VK_END}, {VK_MENU, VK_SPACE},
+               {VK_MENU, VK_F4},     {VK_MENU, 'A'},
+               {VK_SHIFT, VK_DOWN},  {VK_CONTROL, VK_HOME},
+               {VK_CONTROL, 'Y'},    {VK_CONTROL, 'D'},
+               {VK_CONTROL, 'R'},    {VK_CONTROL, 'F'},
+               {0, VK_F1},           {VK_SHIFT, VK_RIGHT},
+               {VK_SHIFT, VK_INSERT}};
 // Names that a chooser is given; they are all in the home folder.
 constexpr const wchar_t* kNames[] = {L"DXFKIRO_LAYER", L"DXFKIRO_NEW", L"demo.dxf", L"無い表", L"*", L"ソ|表"};
 constexpr const wchar_t* kTexts[] = {L"",
@@ -55,7 +66,8 @@ constexpr const wchar_t* kTexts[] = {L"",
                                      L"\r\n",
                                      L"OTHER",
                                      L"9999999999999999999",
-                                     L"DXFKIRO_LAYER"};
+                                     L"DXFKIRO_LAYER",
+                                     L"a\tb\r\n1\t2\r\n"};
 
 bool IsOurs(HWND dialog) {
     const auto module = reinterpret_cast<HMODULE>(GetWindowLongPtrW(dialog, GWLP_HINSTANCE));

@@ -45,6 +45,30 @@ Windows ClassChoices(const std::wstring&) {
     return {editor, info.hwndList};
 }
 
+// Cells selected, and a text that is looked for.
+Windows ClassSelected(const std::wstring&) {
+    const HWND editor = Settle();
+    const Grid grid(editor, kGrid);
+    grid.Click(1, 1);
+    KeyHolding(VK_CONTROL, 'F');
+    for (const wchar_t unit : std::wstring(L"柱")) PostMessageW(FocusWindow(), WM_CHAR, unit, 1);
+    Sync();
+    Focus(editor, kGrid);
+    for (const int key : {VK_RIGHT, VK_DOWN, VK_DOWN}) KeyHolding(VK_SHIFT, static_cast<WORD>(key));
+    return {editor};
+}
+
+Windows ColorChoices(const std::wstring&) {
+    const HWND editor = Settle();
+    const Grid grid(editor, kGrid);
+    grid.Click(4, 1);
+    grid.Drop();
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof info;
+    Send(grid.Editor(), CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
+    return {editor, info.hwndList};
+}
+
 Windows RowMenu(const std::wstring&) {
     const HWND editor = Settle();
     Grid(editor, kGrid).RightClick(4, 1);
@@ -90,7 +114,9 @@ constexpr Scene kScenes[] = {
     {"table-layer-classes-choices", "table-layer-classes", ClassChoices},
     {"table-layer-classes-refused", "table-layer-classes", ClassRefused},
     {"table-layer-classes-marked", "table-layer-classes", ClassMarked},
+    {"table-layer-classes-selected", "table-layer-classes", ClassSelected},
     {"table-layer-classes-menu", "table-layer-classes", RowMenu},
+    {"export-table-colors-choices", "export-table-colors", ColorChoices},
     {"export-table-line-types-alone", "export-table-lines", LineTypesAlone},
     {"line-types-marked", "line-types", LineTypesMarked},
     {"line-types-factor", "line-types", LineTypesFactor},

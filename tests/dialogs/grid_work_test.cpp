@@ -1,0 +1,392 @@
+// What is done with many cells and rows of the table editors at once: copied, pasted, filled, undone; and the keys by
+// which rows come and go.
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <random>
+
+#include "tests/dialogs/ImportTables.h"
+#include "ui/GridBlock.h"
+
+using namespace kiro::drive;
+
+namespace {
+
+void Control(WORD key) { KeyHolding(VK_CONTROL, key); }
+void ControlShift(WORD key) { KeyHolding({VK_CONTROL, VK_SHIFT}, key); }
+void ShiftTimes(WORD key, int times) {
+    for (; times > 0; --times) KeyHolding(VK_SHIFT, key);
+}
+void PasteBlock(const std::wstring& text) {
+    PutOnClipboard(text);
+    Control('V');
+}
+
+constexpr char kLayers[] = "LAYER 壁 = 5\nLAYER 柱 = 6\nLAYER 窓 = 7\n";
+
+}  // namespace
+
+TEST(GridBlocks, AreReadAsSpreadsheetsWriteThem) {
+    using kiro::ui::GridBlock;
+    using kiro::ui::ReadGridBlock;
+    EXPECT_EQ((GridBlock{{L"a", L"", L"b"}, {L"c"}}), ReadGridBlock(L"a\t\tb\r\nc\r\n"));
+    EXPECT_EQ((GridBlock{{L"a\tb\nc", L"d\"e"}, {L"\"f", L"\"g\""}}),
+              ReadGridBlock(L"\"a\tb\nc\"\t\"d\"\"e\"\n\"f\t\"g\""));
+    EXPECT_EQ((GridBlock{{L""}}), ReadGridBlock(L""));
+    EXPECT_EQ((GridBlock{{L"a"}, {L""}}), ReadGridBlock(L"a\r\n\r\n"));
+}
+
+TEST(GridBlocks, NumbersGoOn) {
+    const struct {
+        const char* first;
+        const char* second;
+        const char* fifth;
+    } cases[] = {{"1", "2", "5"},          {"10", "8", "2"},        {"5", "3", "-3"},
+                 {"-1", "-2", "-5"},       {"0.5", "0.75", "1.50"}, {"01", "02", "05"},
+                 {"表08", "表09", "表12"}, {"3", "3", "3"},         {"L-1", "L-2", "L-5"}};
+    for (const auto& of : cases) {
+        const auto series = kiro::ui::GridSeries::From(of.first, of.second);
+        ASSERT_TRUE(series) << of.first;
+        EXPECT_EQ(of.fifth, series->At(4));
+    }
+    for (const char* other : {"", "x", "B2", "1234567890123"}) EXPECT_FALSE(kiro::ui::GridSeries::From("A1", other));
+}
+
+TEST_F(ImportTables, BlocksGoToASpreadsheetAndComeBack) {
+    WriteTable(kLayerFile, kLayers);
+    Edit(kClasses, true, [&](HWND dialog, const Grid& grid) {
+        const auto opened = AllRows(grid);
+        grid.Click(1, 1);
+        ShiftTimes(VK_DOWN, 1);
+        ShiftTimes(VK_RIGHT, 1);
+        EXPECT_EQ((GridPlace{1, 1}), grid.Current());
+        Control('C');
+        EXPECT_EQ(L"壁\t5\r\n柱\t6\r\n", TextOnClipboard());
+        Control('A');
+        Control('C');
+        EXPECT_TRUE(TextOnClipboard().starts_with(L"1\tOTHER\t"));
+        // From the first row on: the name of "OTHER" and the numbers of the rows stay; two rows are added.
+        grid.Click(0, 0);
+        PasteBlock(L"x\t別名\t２\r\n9\t 梁\t256\r\n9\t床\t1\r\n9\t\"a\"\"b\"\t7\r\n9\t屋根\r\n9\t表ソ\t12\r\n");
+        EXPECT_EQ(L"6 行に貼り付けました。編集できない列の値は除きました。", Guidance(dialog));
+        const std::vector<Cells> pasted = {{L"1", L"OTHER", L"2"}, {L"2", L"梁", L"256"}, {L"3", L"床", L"1"},
+                                           {L"4", L"a\"b", L"7"},  {L"5", L"屋根", L"1"}, {L"6", L"表ソ", L"12"}};
+        EXPECT_EQ(pasted, AllRows(grid));
+        EXPECT_EQ((GridPlace{0, 0}), grid.Current());
+        Control('Z');
+        EXPECT_EQ(opened, AllRows(grid));
+        Control('Z');
+        EXPECT_EQ(L"これより前には戻せません。", Guidance(dialog));
+        Control('Y');
+        EXPECT_EQ(pasted, AllRows(grid));
+        EXPECT_EQ(L"やり直しました。", Guidance(dialog));
+        Click(dialog, IDOK);
+    });
+    EXPECT_TRUE(Has(kLayerFile, "LAYER 屋根 = 1\r\nLAYER 表ソ = 12\r\n")) << Bytes(kLayerFile);
+}
+
+TEST_F(ImportTables, WhatCannotBePastedIsAskedFor) {
+    WriteTable(kLayerFile, kLayers);
+    Edit(kClasses, false, [&](HWND dialog, const Grid& grid) {
+        const auto opened = AllRows(grid);
+        const auto paste = [&](const std::wstring& text, const std::wstring& message, int answer) {
+            PasteBlock(text);
+            const Box box = ReadBox();
+            EXPECT_EQ(0u, box.text.find(message)) << testing::PrintToString(box.text);
+            Answer(box, answer);
+            EXPECT_EQ(dialog, Settle());
+        };
+        grid.Click(2, 1);
+        // What is bad: a name that is there already, that comes twice, that no table can hold; a number out of range.
+        const std::wstring block = L"壁\t9\r\n梁\t257\r\n梁\t3\r\n図\x00E9\t4\r\n";
+        paste(block,
+              L"入れられない値が 4 個あります。最初の値は 3 行目の「レイヤ名」の列です。\n「壁」 "
+              L"レイヤ名が重複しています 2,3 : 壁\n",
+              IDNO);
+        EXPECT_EQ(opened, AllRows(grid));
+        EXPECT_EQ((GridPlace{2, 1}), grid.Current());
+        Control('Z');
+        EXPECT_EQ(L"これより前には戻せません。", Guidance(dialog));
+        paste(block, L"入れられない値が 4 個あります。", IDYES);
+        EXPECT_EQ(L"4 行に貼り付けました。入れなかった値 4 個に印を付けました。", Guidance(dialog));
+        EXPECT_EQ(
+            (std::vector<Cells>{
+                opened[0], opened[1], {L"3", L"柱", L"9"}, {L"4", L"梁", L"7"}, {L"5", L"", L"3"}, {L"6", L"", L"4"}}),
+            AllRows(grid));
+        for (const GridPlace bad : {GridPlace{2, 1}, {3, 2}, {4, 1}, {5, 1}})
+            EXPECT_TRUE(IsMarked(grid, bad)) << bad.row;
+        EXPECT_FALSE(IsMarked(grid, {3, 1}));
+        Control('Z');
+        EXPECT_EQ(opened, AllRows(grid));
+        EXPECT_FALSE(IsMarked(grid, {2, 1}));
+        std::wstring many;
+        for (int i = 0; i < kDxfInLayerSlots; ++i) many += L"L" + std::to_wstring(i) + L"\r\n";
+        grid.Click(1, 1);
+        paste(many, L"表に入らない行が 1 行あります。\n\n入れられる値だけを", IDYES);
+        EXPECT_EQ(kDxfInLayerSlots, grid.Rows());
+        grid.Click(1, 1);
+        paste(L"=", L"入れられない値が 1 個あります。", IDOK);  // nothing else to take
+        EXPECT_EQ(L"L0", grid.Cell(1, 1));
+        Control('Z');
+        EXPECT_EQ(opened, AllRows(grid));
+        Click(dialog, IDCANCEL);
+    });
+}
+
+TEST_F(ImportTables, NamesAlonePastedBecomeRows) {
+    WriteTable(kLayerFile, kLayers);
+    Edit(kClasses, false, [&](HWND dialog, const Grid& grid) {
+        PutOnClipboard(L"梁\t1\r\n\r\n壁\r\n床\r\n");
+        ControlShift('V');
+        Answer(ReadBox(), IDYES);
+        EXPECT_EQ(6, grid.Rows());
+        EXPECT_EQ((Cells{L"6", L"床", L"1"}), Row(grid, 5));
+        EXPECT_EQ((GridPlace{4, 1}), grid.Current());
+        Click(dialog, IDCANCEL);
+    });
+}
+
+TEST_F(ImportTables, CellsAreFilledWhereRowsAreGiven) {
+    WriteTable(kLayerFile, "");
+    Edit(kColorRevisions, true, [&](HWND dialog, const Grid& grid) {
+        const auto opened = AllRows(grid);
+        const auto column = [&](int from, int to) {
+            std::wstring texts;
+            for (int row = from; row <= to; ++row) texts += grid.Cell(row, 1) + L" ";
+            return texts;
+        };
+        Change(grid, 9, 1, L"２０");  // typed with full-width digits
+        Change(grid, 10, 1, L"22");
+        grid.Click(9, 1);
+        ShiftTimes(VK_DOWN, 4);
+        Control('R');
+        EXPECT_EQ(L"20 22 24 26 28 ", column(9, 13));
+        grid.Click(13, 1);
+        ShiftTimes(VK_UP, 3);  // from below
+        Control('D');
+        EXPECT_EQ(L"20 22 22 22 22 ", column(9, 13));
+        grid.Click(14, 1);
+        Control('D');  // one row: what stands above it
+        EXPECT_EQ(L"22", grid.Cell(14, 1));
+        grid.Click(0, 1);
+        Control('D');
+        ExpectError(dialog, L"上に値がありません。");
+        grid.Click(20, 1);
+        ShiftTimes(VK_DOWN, 3);
+        PasteBlock(L"100");  // one text for all of them
+        EXPECT_EQ(L"100 100 100 100 ", column(20, 23));
+        Key(VK_DELETE);  // the rows are given
+        Key(VK_INSERT);
+        EXPECT_EQ(opened.size(), AllRows(grid).size());
+        grid.Click(250, 1);
+        ShiftTimes(VK_DOWN, 3);
+        PutOnClipboard(L"250\n251\n252\n253\n254\n256");
+        KeyHolding(VK_SHIFT, VK_INSERT);
+        EXPECT_EQ(0u, ReadBox().text.find(L"表に入らない行が 1 行あります。"));
+        Answer(ReadBox(), IDYES);
+        EXPECT_EQ(L"250 251 252 253 254 ", column(250, 254));
+        for (int step = 0; step < 20; ++step) Control('Z');
+        EXPECT_EQ(opened, AllRows(grid));
+        for (int step = 0; step < 20; ++step) ControlShift('Z');
+        EXPECT_EQ(L"250 251 252 253 254 ", column(250, 254));
+        EXPECT_EQ(L"20 22 22 22 22 22 ", column(9, 14));
+        Click(dialog, IDOK);
+    });
+}
+
+TEST_F(ImportTables, RowsComeAndGoByKey) {
+    WriteTable(kLayerFile, kLayers);
+    Edit(kClasses, true, [&](HWND dialog, const Grid& grid) {
+        const auto opened = AllRows(grid);
+        grid.Click(0, 1);
+        Key(VK_DELETE);
+        ExpectError(dialog, L"削除できません。");
+        ShiftTimes(VK_DOWN, 1);
+        Key(VK_DELETE);  // all or none
+        ExpectError(dialog, L"削除できません。");
+        Key(VK_INSERT);
+        ExpectError(dialog, L"ここには挿入できません。");
+        EXPECT_EQ(opened, AllRows(grid));
+        grid.Click(1, 1);
+        Key(VK_INSERT);
+        EXPECT_EQ((Cells{L"2", L"", L"1"}), Row(grid, 1));
+        grid.Keys(L"新");
+        Key(VK_TAB);
+        grid.Keys(L"8");
+        Key(VK_RETURN);
+        ShiftTimes(VK_DOWN, 1);
+        Key(VK_DELETE);
+        EXPECT_EQ((std::vector<Cells>{opened[0], {L"2", L"新", L"8"}, {L"3", L"窓", L"7"}}), AllRows(grid));
+        EXPECT_EQ((GridPlace{2, 2}), grid.Current());
+        // Behind the last cell: a row to go on with, by Enter or by Tab.
+        Key(VK_RETURN);
+        EXPECT_EQ((GridPlace{3, 1}), grid.Current());
+        grid.Keys(L"続き");
+        Key(VK_TAB);
+        Key(VK_TAB);
+        EXPECT_EQ((GridPlace{4, 1}), grid.Current());
+        EXPECT_TRUE(grid.IsOpen());
+        Key(VK_TAB);
+        Key(VK_TAB);  // one that is not used is enough
+        EXPECT_EQ(5, grid.Rows());
+        grid.Click(0, 2);
+        EXPECT_FALSE(IsGuidanceError(dialog)) << "a row that is not used is not checked";
+        while (Guidance(dialog) != L"これより前には戻せません。") Control('Z');
+        EXPECT_EQ(opened, AllRows(grid));
+        while (Guidance(dialog) != L"やり直す操作はありません。") Control('Y');
+        grid.Click(3, 2);
+        Key(VK_F2);
+        Key(VK_TAB);
+        Click(dialog, IDOK);
+    });
+    EXPECT_TRUE(Has(kLayerFile, "LAYER 新 = 8\r\nLAYER 窓 = 7\r\nLAYER 続き = 1\r\n")) << Bytes(kLayerFile);
+}
+
+TEST_F(ImportTables, RowsAreSeenInAnotherOrderAndStayInTheirs) {
+    WriteTable(kLayerFile, "LAYER b = 10\nLAYER C = 9\nLAYER ａ = 200\n");
+    Edit(kClasses, true, [&](HWND dialog, const Grid& grid) {
+        const auto seen = [&](int column) {
+            std::wstring texts;
+            for (int index = 0; index < grid.Rows(); ++index) texts += grid.Cell(index, column) + L" ";
+            return texts;
+        };
+        grid.Click(2, 2);
+        ControlShift('L');
+        EXPECT_EQ(L"3 2 4 1 ", seen(0)) << "numbers as numbers";
+        EXPECT_EQ((GridPlace{2, 2}), grid.Current());
+        EXPECT_TRUE(grid.IsSelected(0)) << "the current row goes with its place";
+        Key(VK_DOWN);
+        EXPECT_EQ((GridPlace{1, 2}), grid.Current());
+        KeyHolding(VK_SHIFT, VK_DOWN);
+        Control('C');
+        EXPECT_EQ(L"10\r\n200\r\n", TextOnClipboard());
+        PasteBlock(L"11\r\n12\r\n");
+        EXPECT_EQ(L"9 11 12 256 ", seen(2));
+        ControlShift('L');
+        EXPECT_EQ(L"256 12 11 9 ", seen(2));
+        grid.Click(1, 1);
+        EXPECT_EQ((GridPlace{3, 1}), grid.Current());
+        ControlShift('L');
+        EXPECT_EQ(L"ａ b C OTHER ", seen(1)) << "case and width do not count";
+        Key(VK_INSERT);
+        EXPECT_EQ(L" ａ b C OTHER ", seen(1));
+        grid.Keys(L"新");
+        Key(VK_RETURN);
+        EXPECT_EQ((GridPlace{4, 1}), grid.Current()) << "the row seen below";
+        ControlShift('L');
+        ControlShift('L');
+        EXPECT_EQ(L"OTHER b C 新 ａ ", seen(1));
+        Click(dialog, IDOK);
+    });
+    EXPECT_TRUE(Has(kLayerFile, "LAYER b = 11\r\nLAYER C = 9\r\nLAYER 新 = 1\r\nLAYER ａ = 12\r\n"))
+        << Bytes(kLayerFile);
+}
+
+TEST_F(ImportTables, TextsAreFoundAsTheyAreTyped) {
+    WriteTable(kLayerFile, "LAYER ＡＢ = 1\nLAYER x = 2\nLAYER ｶﾍﾞab = 3\nLAYER カベ = 4\n");
+    Edit(kClasses, false, [&](HWND dialog, const Grid& grid) {
+        const auto type = [&](const wchar_t* text) {
+            for (; *text; ++text) PostMessageW(FocusWindow(), WM_CHAR, *text, 1);
+            Sync();
+            return grid.Current();
+        };
+        const auto height = [&] {
+            RECT area{};
+            GetWindowRect(grid.List(), &area);
+            return area.bottom - area.top;
+        };
+        const auto before = height();
+        grid.Click(0, 1);
+        Control('F');
+        EXPECT_EQ((GridPlace{1, 1}), type(L"ａ"));
+        EXPECT_EQ((GridPlace{1, 1}), type(L"b"));
+        Key(VK_F3);
+        EXPECT_EQ((GridPlace{3, 1}), grid.Current());
+        Key(VK_RETURN);
+        EXPECT_EQ((GridPlace{1, 1}), grid.Current());
+        EXPECT_EQ(L"端まで探して、反対側から続けました。", Guidance(dialog));
+        EXPECT_EQ((GridPlace{1, 1}), type(L"q"));
+        ExpectError(dialog, L"見つかりません。");
+        Send(FocusWindow(), EM_SETSEL, 0, -1);
+        EXPECT_EQ((GridPlace{3, 1}), type(L"カベ"));
+        EXPECT_LT(height(), before);
+        Key(VK_ESCAPE);  // the bar, and not the dialog
+        EXPECT_EQ(dialog, Settle());
+        EXPECT_EQ(kGrid, FocusId());
+        EXPECT_EQ(before, height());
+        Key(VK_F3);
+        EXPECT_EQ((GridPlace{4, 1}), grid.Current());
+        Key(VK_ESCAPE);
+    });
+}
+
+TEST_F(ImportTables, KeysAreListed) {
+    Edit(kLineTypes, false, [&](HWND dialog, const Grid&) {
+        Key(VK_F1);
+        const Box box = ReadBox();
+        EXPECT_NE(std::wstring::npos, box.text.find(L"Ctrl+Shift+V"));
+        Answer(box, IDOK);
+        EXPECT_EQ(kGrid, FocusId());
+        Click(dialog, IDCANCEL);
+    });
+}
+
+// A user who does anything: the rows stay within their limit, all of it can be undone, and "取消" writes nothing.
+// KIRO_RANDOM_EVENTS: how much he does in each editor.
+TEST_F(ImportTables, WhateverIsDoneCanBeUndone) {
+    const struct {
+        const Editor& editor;
+        int limit;
+    } cases[] = {{kClasses, kDxfInLayerSlots}, {kPolylines, 50}, {kColorRevisions, 255}};
+    const wchar_t* const texts[] = {L"1",          L"２",          L"300", L"壁",     L"a\tb\tc",
+                                    L"\t7\n\t8\n", L"x\r\ny\r\nz", L"=",   L"\x00E9", L"0.5\t3\n1.5\t4",
+                                    L"999999"};
+    const WORD keys[] = {VK_UP,     VK_DOWN, VK_LEFT,   VK_RIGHT,  VK_HOME,   VK_END, VK_RETURN,
+                         VK_RETURN, VK_TAB,  VK_INSERT, VK_INSERT, VK_DELETE, VK_F2};
+    const WORD chords[] = {'V', 'V', 'D', 'R', 'Z', 'Z', 'Z', 'Y', 'A', 'C', VK_HOME, VK_END};
+    const WORD shifted[] = {'V', 'Z', 'L', VK_HOME, VK_END};
+    const char* const wanted = std::getenv("KIRO_RANDOM_EVENTS");
+    const int events = wanted ? std::atoi(wanted) : 300;
+    for (const auto& of : cases) {
+        WriteTable(of.editor.file, of.editor.file == kLayerFile ? kLayers : "WIDTH 0,0.5 = 2\nWIDTH 0.5,999 = 5\n");
+        const std::string file = Bytes(of.editor.file);
+        Edit(of.editor, false, [&](HWND dialog, const Grid& grid) {
+            std::mt19937 random(static_cast<unsigned>(of.limit));
+            const auto pick = [&](const auto& from) { return from[random() % std::size(from)]; };
+            const auto inTable = [&] {
+                auto rows = AllRows(grid);
+                std::sort(rows.begin(), rows.end(),
+                          [](const Cells& one, const Cells& other) { return std::stoi(one[0]) < std::stoi(other[0]); });
+                return rows;
+            };
+            const auto settle = [&] {
+                while (Settle() != dialog) Answer(ReadBox(), ReadBox().buttons[random() % ReadBox().buttons.size()]);
+                if (FocusWindow() != grid.List() && !IsChild(grid.List(), FocusWindow())) Focus(dialog, kGrid);
+            };
+            const auto opened = inTable();
+            for (int event = 0; event < events; ++event) {
+                settle();
+                const unsigned kind = random() % 10;
+                if (kind < 3) Key(pick(keys));
+                if (kind == 3)
+                    KeyHolding(VK_SHIFT, pick(std::to_array<WORD>({VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT, VK_NEXT})));
+                if (kind == 4) ControlShift(pick(shifted));
+                if (kind == 5 || kind == 6) Control(pick(chords));
+                if (kind == 7) PutOnClipboard(pick(texts));
+                if (kind == 8 && grid.Rows() > 0)
+                    grid.Click(static_cast<int>(random() % static_cast<unsigned>(grid.Rows())),
+                               static_cast<int>(random() % 2));
+                if (kind == 9) PostMessageW(FocusWindow(), WM_CHAR, pick(texts)[0], 1);
+                Sync();
+                ASSERT_LE(grid.Rows(), of.limit);
+            }
+            settle();
+            if (grid.IsOpen()) Key(VK_ESCAPE);
+            Control('Z');
+            for (int step = 0; step < events && Guidance(dialog) != L"これより前には戻せません。"; ++step) Control('Z');
+            EXPECT_EQ(opened, inTable()) << testing::PrintToString(std::wstring(of.editor.caption));
+            Click(dialog, IDCANCEL);
+        });
+        EXPECT_EQ(file, Bytes(of.editor.file));
+    }
+}
