@@ -10,6 +10,7 @@ enum Result : int {
     kNoDrawing = -20,
     kCutOff = -23,
     kBadPair = -24,
+    kBroken = -25,
     kDwgDrawing = -29,
     kNoMemory = -80,
 };

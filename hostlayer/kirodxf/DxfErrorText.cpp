@@ -10,7 +10,8 @@
 // What the reader of drawings answers goes on as the host's own codes.
 static_assert(drawing::kNoFile == kDxfNoFile && drawing::kCannotRead == kDxfCannotRead);
 static_assert(drawing::kNoDrawing == kDxfNoDrawing && drawing::kCutOff == kDxfCutOff);
-static_assert(drawing::kBadPair == kDxfBadPair && drawing::kDwgDrawing == kDxfDwgDrawing);
+static_assert(drawing::kBadPair == kDxfBadPair && drawing::kBroken == kDxfBroken);
+static_assert(drawing::kDwgDrawing == kDxfDwgDrawing);
 static_assert(drawing::kNoMemory == kDxfNoMemory);
 
 namespace {

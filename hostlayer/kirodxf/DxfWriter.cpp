@@ -124,10 +124,10 @@ bool DxfWriter::PutChunk(std::string_view digits) {
     if (digits.size() % 2 != 0 || digits.size() / 2 > 255) return false;
     buffer_.push_back(static_cast<char>(digits.size() / 2));
     for (std::size_t i = 0; i < digits.size(); i += 2) {
-        unsigned byte = 0;
-        const auto [end, error] = std::from_chars(digits.data() + i, digits.data() + i + 2, byte, 16);
+        unsigned octet = 0;
+        const auto [end, error] = std::from_chars(digits.data() + i, digits.data() + i + 2, octet, 16);
         if (error != std::errc() || end != digits.data() + i + 2) return false;
-        buffer_.push_back(static_cast<char>(byte));
+        buffer_.push_back(static_cast<char>(octet));
     }
     return true;
 }
