@@ -65,7 +65,7 @@ KIRO_CONSTANT(kDxfBadPair, -24);
 KIRO_CONSTANT(kDxfBroken, -25);   // also of a model file
 KIRO_CONSTANT(kDxfNothing, -26);  // there is no item to be written
 KIRO_CONSTANT(kDxfDwgDrawing, -29);
-KIRO_CONSTANT(kDxfShape, -30);
+KIRO_CONSTANT(kDxfShape, -30);  // what the record's dataType wants
 KIRO_CONSTANT(kDxfNoTable, -40);  // the layer table that was named cannot be read
 KIRO_CONSTANT(kDxfTooManyItems, -60);
 KIRO_CONSTANT(kDxfNoPicture, -61);

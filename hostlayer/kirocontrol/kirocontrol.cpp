@@ -14,8 +14,9 @@ namespace {
 
 // This host's file systems keep the case of a name as it was typed, so that no type needs upper case.
 constexpr HxFileType kFileTypes[] = {
-    {"#DXF#", false},      {"#DWG#", false},       {"#DXF:TABLE#", false},  {"#DXF:SHAPE#", false},
-    {"#CATIA:DB#", false}, {"#TARNA:DOS#", false}, {"#TARNA:DB_R#", false}, {"#FLOPPY_WIN#", false},
+    {"#DXF#", false},        {"#DWG#", false},        {"#DXF:TABLE#", false},
+    {"#DXF:SHAPE#", false},  {"#CATIA:DB#", false},   {"#TARNA:DOS#", false},
+    {"#TARNA:DB_R#", false}, {"#FLOPPY_WIN#", false}, {"#MODEL#", false},
 };
 
 KiroHostCallObserver callObserver = nullptr;

@@ -1,4 +1,5 @@
 // The exported functions that read and write whole drawings.
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
@@ -60,7 +61,8 @@ int Import(const char* path, const TARNAINFO* info) {
     convert::ImportSettings settings;
     settings.params = CurrentImportParams();
     if (info && info->input.dataType != 0) return kDxfShape;
-    if (info) settings.pictureNumber = info->input.pictureNumber, settings.scale = info->input.scale;
+    if (info) settings.pictureNumber = std::clamp(info->input.pictureNumber, -256, 256);
+    if (info && info->input.scale > 1e-6 && info->input.scale < 1e6) settings.scale = info->input.scale;
     std::unique_ptr<DxfInLayerTable> layers;
     std::unique_ptr<DxfInLineTable> lines;
     if (settings.params.layerConversion || settings.params.colorConversion == kByTable) {
