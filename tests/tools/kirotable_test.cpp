@@ -164,7 +164,7 @@ TEST_F(KiroTable, CheckSaysFileLineAndMessage) {
         "DXFKIRO_LAYER.1:11: ***** 無効なデータです *****\n"
         "DXFKIRO_LAYER.1: 警告: 書き戻すと変わります: ~ color 5: colorRgb 1,2,3 -> 0,0,255\n";
     const std::string unknown =
-        "KIRODXF_line:1: 警告: 知らないキーワードです (Invalid Key_Word)。この行は読まれません\n";
+        "KIRODXF_line:1: 警告: 知らないキーワードです。この行は読まれません\n";
     EXPECT_EQ(check.out, lines + unknown + "4 ファイル: エラー 6 件、警告 5 件、読めないファイル 2 件\n");
     EXPECT_EQ(Tool("check DXFKIRO_LAYER.1").status, 1);
     EXPECT_EQ(Tool("check KIRODXF_line").status, 0);
