@@ -37,7 +37,7 @@ void operator delete(void* memory, std::size_t) noexcept { operator delete(memor
 
 namespace {
 
-constexpr int kRounds = 5;
+constexpr int kRounds = 3;
 constexpr std::size_t kMegabyte = 1'000'000;
 constexpr std::size_t kDrawing = 300 * kMegabyte;
 

@@ -51,9 +51,13 @@ bool DrawingPairs::ReadPair() {
         if (code_ < 0 || code_ > kLargestCode) return Fail(any_ ? kBadPair : kNoDrawing);
         if (!reader_.ReadLine()) return Fail(any_ ? kCutOff : kNoDrawing);
     }
-    text_ = reader_.Value().Kept();
-    if (code_ == 0 || KindOfGroupCode(code_) != ValueKind::kText) text_ = Trimmed(text_);
     return true;
+}
+
+// Trimmed when it is asked for: of most pairs nobody asks.
+std::string_view DrawingPairs::Text() const {
+    const std::string_view text = reader_.Value().Kept();
+    return code_ == 0 || KindOfGroupCode(code_) != ValueKind::kText ? Trimmed(text) : text;
 }
 
 bool DrawingPairs::Fail(Result error) {

@@ -16,9 +16,9 @@ class DrawingPairs {
     Result Error() const { return error_; }
 
     int Code() const { return code_; }
-    std::string_view Text() const { return text_; }  // numbers without blanks around; valid until the next call
+    std::string_view Text() const;  // numbers without blanks around; valid until the next call of Next
     bool IsWhole() const { return reader_.Value().IsWhole(); }
-    bool IsRecord(std::string_view type) const { return code_ == 0 && text_ == type; }
+    bool IsRecord(std::string_view type) const { return code_ == 0 && Text() == type; }
 
     static constexpr int kLargestCode = 1071;  // of the format
 
@@ -43,7 +43,6 @@ class DrawingPairs {
     bool any_ = false;
     bool ended_ = false;
     int code_ = 0;
-    std::string_view text_;
     Result error_ = kDone;
 };
 

@@ -1,6 +1,7 @@
 // What follows a group code in a binary DXF file.
 #pragma once
 
+#include <array>
 #include <cstddef>
 
 enum class ValueKind { kUnknown, kText, kBool, kInt16, kInt32, kInt64, kDouble, kChunk };
@@ -32,8 +33,16 @@ constexpr bool AscendGroupCodes() {
 }
 static_assert(AscendGroupCodes());
 
-constexpr ValueKind KindOfGroupCode(int code) {
+inline constexpr int kLargestGroupCode = 1071;
+
+// By the code: it is asked for every pair of a drawing.
+inline constexpr auto kValueKinds = [] {
+    std::array<ValueKind, kLargestGroupCode + 1> kinds = {};
     for (const GroupCodeRange& range : kGroupCodes)
-        if (code >= range.first && code <= range.last) return range.kind;
-    return ValueKind::kUnknown;
+        for (int code = range.first; code <= range.last; ++code) kinds[static_cast<std::size_t>(code)] = range.kind;
+    return kinds;
+}();
+
+constexpr ValueKind KindOfGroupCode(int code) {
+    return code >= 0 && code <= kLargestGroupCode ? kValueKinds[static_cast<std::size_t>(code)] : ValueKind::kUnknown;
 }

@@ -88,6 +88,7 @@ void UseReader::BeginItem(std::string_view type) {
 
 void UseReader::TakePair() {
     const int code = pairs_.Code();
+    if (record_ == Record::kItem) return TakeItemPair(code);
     const std::string_view text = pairs_.Text();
     switch (section_) {
         case Section::kUnnamed:
@@ -107,8 +108,6 @@ void UseReader::TakePair() {
             break;
         case Section::kBlocks:
         case Section::kEntities:
-            if (record_ == Record::kItem) TakeItemPair(code, text);
-            break;
         case Section::kOutside:
         case Section::kOther:
             break;
@@ -127,28 +126,28 @@ void UseReader::TakeTablePair(int code, std::string_view text) {
 }
 
 // In drawings without subclass markers all pairs are taken for common ones.
-void UseReader::TakeItemPair(int code, std::string_view text) {
+void UseReader::TakeItemPair(int code) {
     switch (code) {
         case 8:
-            if (common_) layer_ = text;
+            if (common_) layer_ = pairs_.Text();
             break;
         case 6:
-            if (common_) lineType_ = text;
+            if (common_) lineType_ = pairs_.Text();
             break;
         case 7:
-            textStyle_ = text;
+            textStyle_ = pairs_.Text();
             break;
         case kSubclassCode:
-            common_ = text == "AcDbEntity";
+            common_ = pairs_.Text() == "AcDbEntity";
             break;
         case kDimensionStyleCode:
-            if (dimension_ && !text.empty()) use_.style = text;
+            if (dimension_ && !pairs_.Text().empty()) use_.style = pairs_.Text();
             break;
         case kMultileaderArrowCode:
-            if (multileader_) ++arrowHandles_[text];
+            if (multileader_) ++arrowHandles_[pairs_.Text()];
             break;
         default:
-            if (dimension_ && code >= kFirstExtendedCode) TakeOverride(code, text);
+            if (dimension_ && code >= kFirstExtendedCode) TakeOverride(code, pairs_.Text());
     }
 }
 

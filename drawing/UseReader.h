@@ -44,7 +44,7 @@ class UseReader {
     void BeginItem(std::string_view type);
     void TakePair();
     void TakeTablePair(int code, std::string_view text);
-    void TakeItemPair(int code, std::string_view text);
+    void TakeItemPair(int code);
     void TakeOverride(int code, std::string_view text);
     void EndRecord();
     void EndItem();

@@ -200,8 +200,8 @@ int Main(int count, char** words, const char* name, const std::function<int(cons
         PrintError("メモリが足りません");
     } catch (const Failure& failure) {
         PrintError(failure.what());
-    } catch (const std::exception& error) {
-        PrintError(std::string("内部エラーです: ") + error.what());
+    } catch (const std::exception&) {
+        PrintError("内部エラーです");
     }
     return kTrouble;
 }

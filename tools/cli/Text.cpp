@@ -3,7 +3,8 @@
 #include <cstdint>
 #include <cstdio>
 #include <optional>
-#include <stdexcept>
+
+#include "Status.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -44,7 +45,7 @@ std::optional<std::string> EncodeCharacter(char32_t character) {
 class Converter {
   public:
     Converter(const char* to, const char* from) : handle_(iconv_open(to, from)) {
-        if (handle_ == kNone()) throw std::runtime_error("コードページ 932 の変換表がこのシステムにありません");
+        if (handle_ == kNone()) throw Failure("コードページ 932 の変換表がこのシステムにありません");
     }
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;

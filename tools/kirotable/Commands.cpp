@@ -1,6 +1,7 @@
 #include "Commands.h"
 
 #include <ctime>
+#include <optional>
 
 #include "Comparison.h"
 #include "JsonOutput.h"
@@ -18,11 +19,13 @@ std::string WrittenText(AnyTable& table, const TableKind& kind, const std::strin
     return table.Write({PathInHeader(kind, output), MakeDateText(std::time(nullptr))});
 }
 
-// Whether nothing would be lost that was not given up.
-bool MayBeWritten(const OpenedTable& opened, const std::string& written, bool inPlace, const CommonOptions& options) {
+// The text to write for a table that was read, when nothing is lost that was not given up.
+std::optional<std::string> TextToWrite(const OpenedTable& opened, const std::string& target, bool inPlace,
+                                       const CommonOptions& options) {
     const Reading& reading = opened.reading;
     for (const Finding& error : reading.errors.First()) PrintError(FindingText(opened.name, error));
     const auto losses = LossesOf(*opened.kind, *reading.table, options.read);
+    std::string written = WrittenText(*reading.table, *opened.kind, target);
     for (const std::string& loss : losses) PrintError(opened.name + ": 書き戻すと変わります: " + loss);
     const bool damaged = reading.errors.Count() > 0 || !losses.empty();
     if (damaged && !options.dropErrors)
@@ -32,7 +35,8 @@ bool MayBeWritten(const OpenedTable& opened, const std::string& written, bool in
     if (comments > 0)
         PrintError(opened.name + ": 自分で書いた注釈 " + std::to_string(comments) + " 行は、書き直すと残りません" +
                    (kept ? "。よければ --drop-comments を付けてください" : ""));
-    return !kept && (!damaged || options.dropErrors);
+    if (kept || (damaged && !options.dropErrors)) return std::nullopt;
+    return written;
 }
 
 }  // namespace
@@ -40,10 +44,9 @@ bool MayBeWritten(const OpenedTable& opened, const std::string& written, bool in
 int Format(const std::string& file, const std::string& output, const CommonOptions& options) {
     const OpenedTable opened = OpenTable(file, options);
     const std::string& target = output.empty() ? file : output;
-    const std::string written = WrittenText(*opened.reading.table, *opened.kind, target);
     const bool inPlace = target != cli::kStandard && cli::FullName(file) == cli::FullName(target);
-    if (!MayBeWritten(opened, written, inPlace, options)) return cli::kFindings;
-    return SaveTable(written, target, options);
+    const auto written = TextToWrite(opened, target, inPlace, options);
+    return written ? SaveTable(*written, target, options) : cli::kFindings;
 }
 
 int New(const TableKind& kind, const std::string& file, const std::string& output, const CommonOptions& options) {
@@ -52,9 +55,8 @@ int New(const TableKind& kind, const std::string& file, const std::string& outpu
         return SaveTable(WrittenText(*empty.table, kind, output), output, options);
     }
     const OpenedTable opened = OpenTable(file, options);
-    const std::string written = WrittenText(*opened.reading.table, kind, output);
-    if (!MayBeWritten(opened, written, false, options)) return cli::kFindings;
-    return SaveTable(written, output, options);
+    const auto written = TextToWrite(opened, output, false, options);
+    return written ? SaveTable(*written, output, options) : cli::kFindings;
 }
 
 int Diff(const std::string& from, const std::string& to, const CommonOptions& options) {

@@ -18,7 +18,7 @@ constexpr char kLongLine[] = "長すぎる行です。続きは次の行とし�
 constexpr char kBlankDropped[] = "値の途中の空白は取り除かれます";
 constexpr char kCut[] = "長すぎる値です。終わりは読まれません";
 constexpr char kRepeated[] = "同じ名前の行です。";
-constexpr char kUnknownKeyword[] = "知らないキーワードです (Invalid Key_Word)。この行は読まれません";
+constexpr char kUnknownKeyword[] = "知らないキーワードです。この行は読まれません";
 
 std::string_view Trim(std::string_view text) {
     constexpr std::string_view kBlank = " \t\r\n";
