@@ -17,12 +17,17 @@ constexpr kiro::ui::GridColumn kUserColumn[] = {{"ユーザ名", 9.8}};
 constexpr int kListGroups = 1;
 constexpr int kListUsers = 2;
 
-// Without the blanks that fill the slots. A name that the record has no room for cannot be chosen.
+// Without the blanks that fill the slots.
+std::string Trimmed(KrUtility& utility, const std::string& name) {
+    return KrEdited(utility, name, &KrUtility::SpaceNull);
+}
+
+// A name that the record has no room for cannot be chosen.
 template <std::size_t slots, std::size_t size>
 std::vector<std::string> Names(KrUtility& utility, std::int32_t count, const char (&names)[slots][size]) {
     std::vector<std::string> trimmed;
     for (std::int32_t i = 0; i < std::clamp<std::int32_t>(count, 0, slots); ++i) {
-        std::string name = KrEdited(utility, ReadFixedText(names[i]), &KrUtility::SpaceNull);
+        std::string name = Trimmed(utility, ReadFixedText(names[i]));
         if (!name.empty() && FitsFixedText(names[i], name)) trimmed.push_back(std::move(name));
     }
     return trimmed;
@@ -47,7 +52,7 @@ KrPlInDrive1::KrPlInDrive1(TARNAINFO* info)
 void KrPlInDrive1::OnInit() {
     InitUtility();
     groups_.Init(kMostPelionNames, Groups());
-    if (info_->database.plGroupKnown) groups_.Choose(ReadFixedText(info_->database.plGroup));
+    if (info_->database.plGroupKnown) groups_.Choose(Trimmed(Utility(), ReadFixedText(info_->database.plGroup)));
     users_.Init(kMostPelionNames, Users(), &groups_);
     InitChoice();
 }

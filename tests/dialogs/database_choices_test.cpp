@@ -289,16 +289,19 @@ TEST_F(DatabaseChoices, DrawingNamesOfMarkedModelsAreChecked) {
                   grid.Click(2, 0);
                   grid.Click(3, 0);
                   refused(L"図面名が入力されていません。 : 4");
+                  EXPECT_FALSE(IsMarkedAsError(grid, 2));
+                  grid.Click(0, 2);
+                  grid.Write(L"NOT-MARKED");
                   grid.Click(3, 0);
                   grid.Click(4, 0);
                   refused(L"図面名に無効な文字が使用されています。 : 5");
-                  grid.SetText(L"");
                   grid.Click(4, 2);
                   grid.Write(L"ﾎﾟﾝﾌﾟ-1");
                   Click(dialog, IDOK);
               }));
     EXPECT_STREQ("ﾎﾟﾝﾌﾟ-1", Drawing(4).drawingName);
     EXPECT_STREQ("\xBF\xDE", Drawing(4).modelName);
+    EXPECT_STREQ("", Drawing(0).drawingName);
     for (const auto& [row, selected] : {std::pair(0, 0), {1, 1}, {2, 0}, {3, 0}, {4, 1}})
         EXPECT_EQ(selected, Drawing(row).selected) << row;
 }
