@@ -12,6 +12,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "benchmarks/BareContents.h"
 #include "benchmarks/BenchHost.h"
@@ -20,8 +21,11 @@
 #include "driver/Driver.h"
 #include "driver/GridDriver.h"
 #include "dxfin_tables/KrDxfInTbl_CLayer.h"
+#include "peliondb/NameList.h"
+#include "peliondb/PelionTree.h"
 #include "resources/dxfin_tables/KrDxfInTbl_CLayer.ids.h"
 #include "resources/grid.ids.h"
+#include "resources/peliondb/KrPlInDrive.ids.h"
 
 using namespace kiro::drive;
 
@@ -34,6 +38,7 @@ constexpr int kHalfRows = 1000;
 constexpr int kAllButOther = kDxfInLayerSlots - 1;
 constexpr int kSteps = 10;          // of which a figure is the fastest
 constexpr double kNotSlower = 1.1;  // what is as fast may measure a little slower
+constexpr double kAsQuick = 1.2;
 constexpr int kNameColumn = 1;
 constexpr int kNumberColumn = 2;
 
@@ -85,17 +90,48 @@ class Hands {
     bool TellsFault() const { return IsGuidanceError(dialog_); }
     const Grid& Rows() const { return grid_; }
     // What the list view sends when a cell is clicked, and the grid when it has another text.
-    void Notify(UINT code, GridPlace place = {}) const {
+    void TellClick(GridPlace place) const {
         NMITEMACTIVATE notice{};
-        notice.hdr = {grid_.List(), kGrid, code};
+        notice.hdr = {grid_.List(), kGrid, static_cast<UINT>(NM_CLICK)};
         notice.iItem = place.row;
         notice.iSubItem = place.column;
+        SendMessageW(dialog_, WM_NOTIFY, kGrid, reinterpret_cast<LPARAM>(&notice));
+    }
+    void TellChange(GridPlace place) const {
+        const KrListNotify notice{grid_.List(), kGrid, kKrListCellChanged, place.row, place.column};
         SendMessageW(dialog_, WM_NOTIFY, kGrid, reinterpret_cast<LPARAM>(&notice));
     }
 
   private:
     HWND dialog_;
     Grid grid_;
+};
+
+// The lists of drives, groups and users, with names of our own.
+class NameDialog final : public kiro::ui::HostDialog {
+  public:
+    static constexpr int kLists = 3;
+
+    NameDialog(const std::vector<std::string>& names, int lists)
+        : HostDialog(kPlInDriveDialog), names_(names), used_(lists) {}
+    void Refill() {
+        for (int i = 0; i < used_; ++i) lists_[i].Fill(names_);
+        RedrawWindow(Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    }
+
+  private:
+    void OnInit() override {
+        InitUtility();
+        for (int i = 0; i < kLists; ++i)
+            lists_[i].Init(kMostPelionNames, i < used_ ? names_ : std::vector<std::string>(), i ? &lists_[0] : nullptr);
+    }
+
+    static constexpr kiro::ui::GridColumn kColumn[] = {{"グループ名", 9.8}};
+    const std::vector<std::string>& names_;
+    int used_;
+    NameList lists_[kLists] = {{*this, kPlFirstList, kColumn, [] {}},
+                               {*this, kPlSecondList, kColumn, [] {}},
+                               {*this, kPlThirdList, kColumn, [] {}}};
 };
 
 class Bench {
@@ -130,6 +166,43 @@ class Bench {
         const LayerTable most = Layers(kMostRows, true);
         bool kept = Report("2,048 rows / 16 rows, selection moved", CompareTables(*most, *few, &Bench::Move), 1.5);
         return Report("2,048 rows / 16 rows, edit started", CompareTables(*most, *few, &Bench::StartEdit), 1.5) && kept;
+    }
+
+    // Lists of names that belong to one another, as drives, groups and users do: opened, and filled anew.
+    bool Names() {
+        const auto names = [](int count) {
+            std::vector<std::string> all;
+            for (int i = 0; i < count; ++i) all.push_back(std::to_string(1000 + i));
+            return all;
+        };
+        const auto few = names(kFewRows), most = names(kMostPelionNames);
+        bool kept = true;
+        for (int lists = 1; lists <= NameDialog::kLists; ++lists) {
+            const auto show = [&](const std::vector<std::string>& rows, bool refills) {
+                NameDialog dialog(rows, lists);
+                double refilling = 0;
+                const double shown = Milliseconds([&] {
+                    host_.Play(
+                        [&] {
+                            const BenchHost::Style style(host_);
+                            dialog.DoModal(host_.Owner());
+                        },
+                        [&](HWND) {
+                            if (refills)
+                                refilling =
+                                    Fastest(kSteps, [&](int) { return Milliseconds([&] { dialog.Refill(); }); });
+                        });
+                });
+                return refills ? refilling : shown;
+            };
+            const std::string what = "512 names / 16 in " + std::to_string(lists) + " linked lists, ";
+            for (const bool refills : {false, true}) {
+                const Comparison times = CompareTimes(
+                    kRounds, [&] { return show(most, refills); }, [&] { return show(few, refills); });
+                kept = Report((what + (refills ? "filled anew" : "open and close")).c_str(), times, kAsQuick) && kept;
+            }
+        }
+        return kept;
     }
 
     // What many rows leave behind, beside a bare grid of as many.
@@ -186,8 +259,8 @@ class Bench {
     static double Check(const Hands& hands, int) {
         return Fastest(kSteps, [&](int turn) {
             const GridPlace place{1 - turn % 2, kNameColumn};
-            hands.Notify(kKrListCellChanged);
-            const double time = Milliseconds([&] { hands.Notify(static_cast<UINT>(NM_CLICK), place); });
+            hands.TellChange(place);
+            const double time = Milliseconds([&] { hands.TellClick(place); });
             hands.Expect(place);
             return time;
         });
@@ -227,6 +300,7 @@ int main(int argc, char** argv) {
         bool kept = bench.Opening();
         kept = bench.Checking() && kept;
         kept = bench.Moving() && kept;
+        kept = bench.Names() && kept;
         kept = bench.Leaks(times) && kept;
         std::printf("%s\n", kept ? "every figure is kept" : "a figure is missed");
         return kept ? 0 : 1;

@@ -47,22 +47,34 @@ struct ExportFamily {
     static const RecordView& ParamView() { return kDxfOutParams; }
     static void Attach(TARNAINFO& info, Params* params) { info.output.exportParams = params; }
 };
-template <class Block, const RecordView& record, const RecordView& block>
+template <class Block, const RecordView& record, const RecordView& block, int (*kept)(Block*)>
 struct DatabaseFamily {
     using Params = Block;
+    // What the user has kept; before that, what the dialog takes but for the names.
+    static void Begin(Params& params) {
+        if (kept(&params) == 0) return;
+        params.drawingCapacity = 64;
+        params.textHeightRatio = params.textWidthRatio = 1;
+    }
     static const RecordView& View() { return record; }
     static const RecordView& ParamView() { return block; }
     static void Attach(TARNAINFO& info, Params* params) { info.database.dbOutParams = params; }
 };
-using PlInputFamily = DatabaseFamily<PlOutParamBlock, kDatabaseInputView, kPlOutParams>;
-using PlOutputFamily = DatabaseFamily<PlOutParamBlock, kDatabaseOutputView, kPlOutParams>;
-using VrInputFamily = DatabaseFamily<VrOutParamBlock, kVarosInputView, kVrOutParams>;
-using VrOutputFamily = DatabaseFamily<VrOutParamBlock, kDatabaseOutputView, kVrOutParams>;
+using PlInputFamily = DatabaseFamily<PlOutParamBlock, kDatabaseInputView, kPlOutParams, ReadPlParameter>;
+using PlOutputFamily = DatabaseFamily<PlOutParamBlock, kDatabaseOutputView, kPlOutParams, ReadPlParameter>;
+using VrInputFamily = DatabaseFamily<VrOutParamBlock, kVarosInputView, kVrOutParams, ReadVrParameter>;
+using VrOutputFamily = DatabaseFamily<VrOutParamBlock, kDatabaseOutputView, kVrOutParams, ReadVrParameter>;
+
+template <class Family, class Params>
+void BeginParams(Params& params) {
+    if constexpr (requires { Family::Begin(params); }) Family::Begin(params);
+}
 
 template <class Family>
 Json StartTarna() {
     GuardedMemory<TARNAINFO> info;
     GuardedMemory<typename Family::Params> params;
+    BeginParams<Family>(*params.Get());
     return {{"record", ToJson(Family::View(), info.Bytes())}, {"params", ToJson(Family::ParamView(), params.Bytes())}};
 }
 
@@ -70,6 +82,7 @@ template <class Family, auto command>
 CallResult RunTarna(const Export& self, const Json& input) {
     GuardedMemory<TARNAINFO> info(kMoreDrawings);
     GuardedMemory<typename Family::Params> params;
+    BeginParams<Family>(*params.Get());
     FromJson(Family::View(), Member(input, "record"), info.Bytes());
     FromJson(Family::ParamView(), Member(input, "params"), params.Bytes());
     Family::Attach(*info.Get(), params.Get());

@@ -34,9 +34,12 @@ void KrGridView::SetExtendedStyle(DWORD style) const {
 // ---- Columns and rows ----
 
 void KrGridView::Start() {
+    const bool again = !shares_.empty() && shares_.size() == static_cast<std::size_t>(rows_.Columns());
     shares_.assign(static_cast<std::size_t>(rows_.Columns()), 0.0);
-    MakeColumns();
-    Measure();  // the header has its height by now
+    if (!again) {
+        MakeColumns();
+        Measure();  // the header has its height by now
+    }
     RowsChanged();
 }
 

@@ -232,7 +232,7 @@ int PaintScenes(const std::filesystem::path& folder, const std::wstring& drawing
         painter.Paint(dialog.name, dialog.name, [] { return Windows{Settle()}; });
     for (const Explanation& explanation : Explanations())
         painter.Paint(explanation.name, explanation.dialog, [&] { return Explained(explanation.zone); });
-    for (const std::span<const Scene> scenes : {std::span<const Scene>(kScenes), TableScenes()}) {
+    for (const std::span<const Scene> scenes : {std::span<const Scene>(kScenes), TableScenes(), ChoiceScenes()}) {
         for (const Scene& scene : scenes) {
             KiroHostSetModified(scene.modified);
             painter.Paint(scene.name, scene.dialog, [&] { return scene.play(drawing); });

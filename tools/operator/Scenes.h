@@ -20,6 +20,7 @@ struct Scene {
 };
 
 std::span<const Scene> TableScenes();
+std::span<const Scene> ChoiceScenes();
 
 // Writes pictures into the folder: every dialog as it opens, every explanation, every scene. drawing: what is typed as
 // the name of a file. What cannot be shown, or not whole, is reported on stderr. The number of those.
