@@ -264,11 +264,11 @@ bool DatabaseOutput::CheckModels() {
            Refuse(form_.modelsButton, "モデルが選択されていません。");
 }
 
-// Every text was found to fit when it was checked.
+// What was checked fits; of what nobody asked for, nothing is stored in part.
 void DatabaseOutput::StoreText(char* field, std::size_t size, int editId) const {
     const std::string text = Item<Edit>(editId).Text().value_or(std::string());
     std::memset(field, 0, size);
-    text.copy(field, size - 1);
+    if (text.size() < size) text.copy(field, text.size());
 }
 
 void DatabaseOutput::Store() {
