@@ -24,16 +24,21 @@ std::wstring FoldedName(const std::string& name) {
     return wide;
 }
 
-ModelFile FileOfModel(KrUtility& utility, const std::string& model) {
+std::string FileNameOfModel(KrUtility& utility, const std::string& model) {
     char file[kKrPathSize];
-    const std::string name = HxEucEncoder::Sjis2Euc(model);
-    const int length = mdlfname(name.c_str(), file, sizeof file);
+    const int length = mdlfname(HxEucEncoder::Sjis2Euc(model).c_str(), file, sizeof file);
     if (length <= 0 || length >= kKrPathSize) return {};
-    std::string shown = HxEucEncoder::Euc2Sjis(file);
-    if (!utility.CheckFileName(shown.c_str())) return {};  // such as one that the system reserves
-    std::string path = HxFile::ToFullPath(kModelKey, file, utility.GetFilnameUL(kModelKey) != 0, true);
+    std::string name = HxEucEncoder::Euc2Sjis(file);
+    return utility.CheckFileName(name.c_str()) ? name : std::string();  // some names are the system's
+}
+
+ModelFile FileOfModel(KrUtility& utility, const std::string& model) {
+    std::string name = FileNameOfModel(utility, model);
+    if (name.empty()) return {};
+    const bool upperCase = utility.GetFilnameUL(kModelKey) != 0;
+    std::string path = HxFile::ToFullPath(kModelKey, HxEucEncoder::Sjis2Euc(name), upperCase, true);
     if (path.size() > kLongestPath) path.clear();
-    return {std::move(shown), std::move(path)};
+    return {std::move(name), std::move(path)};
 }
 
 std::unordered_set<std::wstring> ModelFiles(KrUtility& utility) {
@@ -74,6 +79,5 @@ std::string ModelNamer::Valid(std::string name) const {
         name = std::move(valid);
     }
     name = CutAtCharacter(name, kModelNameLength);
-    // A name that the system reserves, such as "NUL".
-    return name.empty() || FileOfModel(utility_, name).path.empty() ? "_" + name : name;
+    return name.empty() || FileNameOfModel(utility_, name).empty() ? "_" + name : name;
 }

@@ -18,6 +18,7 @@ struct ModelFile {
     std::string name;  // Shift-JIS, without its folder
     std::string path;  // internal form; "" when no file can have that name
 };
+std::string FileNameOfModel(KrUtility& utility, const std::string& model);  // "" when no file can have that name
 ModelFile FileOfModel(KrUtility& utility, const std::string& model);
 
 // The folded names of all model files that there are.

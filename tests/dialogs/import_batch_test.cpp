@@ -211,8 +211,20 @@ TEST_F(ImportBatch, ProposesNamesAndChecksThoseThatAreMarked) {
         }
         Click(dialog, kNamesFromFilesButton);  // nothing to be lost: no question
         EXPECT_EQ(dialog, Settle());
+        EXPECT_TRUE(calls.empty());
+        // A bad name is none when its mark goes.
+        grid.Click(1, kModel);
+        grid.Write(L"?");
+        grid.Click(1, 0);
+        Click(dialog, IDOK);
+        Answer(ReadBox(), IDOK);
+        grid.Click(1, 0);
+        Click(dialog, IDOK);
+        Click(Asked(dialog), IDCANCEL);  // "e" is empty
+        Ended(dialog);
+        EXPECT_EQ((Texts{L"変換しました", L"", L"変換しました"}),
+                  Texts({grid.Cell(0, kResult), grid.Cell(1, kResult), grid.Cell(2, kResult)}));
     });
-    EXPECT_TRUE(calls.empty());
 }
 
 TEST_F(ImportBatch, GoesThroughTheMarkedDrawingsAndKeepsTheFailedOnesMarked) {
@@ -231,6 +243,7 @@ TEST_F(ImportBatch, GoesThroughTheMarkedDrawingsAndKeepsTheFailedOnesMarked) {
         Ended(dialog);
         EXPECT_EQ((Texts{L"変換しました", L"DXFファイルではありません。", L"", L"", L""}), Cells(grid, kResult));
         EXPECT_EQ(L"5 件のうち 4 件を選択しています。", Text(dialog, kDrawingCount));
+        EXPECT_TRUE(GetActiveModel()->IsModified());  // the user's own model is back
         EXPECT_EQ((GridPlace{1, kResult}), grid.Current());
         EXPECT_EQ((Texts{L"DXF_Batch.lis", L"a.mdl"}), Models());
         // The others, asked once for all.
@@ -246,7 +259,6 @@ TEST_F(ImportBatch, GoesThroughTheMarkedDrawingsAndKeepsTheFailedOnesMarked) {
     const std::string list{std::istreambuf_iterator<char>(in), {}};
     EXPECT_NE(std::string::npos, list.find("2 : b.dxf -> b.mdl : DXFファイルではありません。\r\n"));
     EXPECT_NE(std::string::npos, list.find("3 : c.dxf -> c.mdl : 変換しました\r\n"));
-    EXPECT_TRUE(GetActiveModel()->IsModified());  // the user's own model is back
     EXPECT_EQ("setdxfintblnam", calls.back());
 }
 

@@ -51,7 +51,7 @@ TEST_F(Import, LeadsThroughAllWindows) {
     WriteFixedText(input.layerTableFileName, "\xC9\xBD");  // EUC for 表
     Confirm([&](HWND dialog) {
         for (const auto& [button, title] : {std::pair(kParametersButton, L"読込み：変換パラメータ"),
-                                            std::pair(kBatchButton, L"ＤＸＦ読込み 一括変換")}) {
+                                            std::pair(kBatchButton, L"ＤＸＦ読込み　一括変換")}) {
             Click(dialog, button);
             EXPECT_EQ(title, Text(Settle()));
             EXPECT_FALSE(IsWindowEnabled(dialog));
