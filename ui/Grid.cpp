@@ -224,7 +224,7 @@ void Grid::Moved() {
 }
 
 void Grid::TakeChange(int row, int column) {
-    if (row < 0 || row >= Rows()) return;
+    if (row < 0 || row >= Rows() || column < 0 || column >= Columns()) return;
     char none[1];
     std::string text(static_cast<std::size_t>(control_->GetItemText(row, column, none, 1)) + 1, '\0');
     control_->GetItemText(row, column, text.data(), static_cast<int>(text.size()));
