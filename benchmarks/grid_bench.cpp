@@ -22,6 +22,7 @@
 #include "driver/Driver.h"
 #include "driver/GridDriver.h"
 #include "dxfin_tables/KrDxfInTbl_CLayer.h"
+#include "entry/host/KrListControl.h"
 #include "peliondb/NameList.h"
 #include "peliondb/PelionTree.h"
 #include "resources/dxfin_tables/KrDxfInTbl_CLayer.ids.h"
@@ -407,11 +408,11 @@ int main(int argc, char** argv) {
     UsePrivateDesktop();
     try {
         Bench bench;
-        bool kept = bench.Opening();
+        bool kept = bench.Blocks();
+        kept = bench.Opening() && kept;
         kept = bench.Checking() && kept;
         kept = bench.Moving() && kept;
         kept = bench.Names() && kept;
-        kept = bench.Blocks() && kept;
         kept = bench.Leaks(times) && kept;
         std::printf("%s\n", kept ? "every figure is kept" : "a figure is missed");
         return kept ? 0 : 1;

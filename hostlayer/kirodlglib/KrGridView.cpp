@@ -66,9 +66,12 @@ void KrGridView::SetColumn(int column, const std::wstring& title, double share) 
     FitColumns();
 }
 
+// In the order in which no horizontal scroll bar comes for a moment.
 void KrGridView::RowsChanged() {
-    FitColumns();  // first, or the list view would show a horizontal scroll bar for a moment
+    const bool wider = WidthForColumns() > fitted_;
+    if (!wider) FitColumns();
     Send(LVM_SETITEMCOUNT, static_cast<WPARAM>(rows_.Rows()), LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
+    if (wider) FitColumns();
     RepaintAll();
 }
 

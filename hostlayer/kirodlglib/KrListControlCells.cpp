@@ -31,21 +31,19 @@ void KrListControlImpl::ForgetSelection() {
     view_.RepaintAll();
 }
 
-void KrListControlImpl::ExtendTo(GridPlace end) {
+void KrListControlImpl::ExtendTo(GridPlace end, bool reveal) {
     if (!rows_.Has(current_) || !rows_.Has(end) || end == selection_.End()) return;
     tip_.Hide();
     selection_.ExtendTo(end);
     view_.RepaintAll();
-    view_.Reveal(end.row);
+    if (reveal) view_.Reveal(end.row);
     NotifyWinEvent(EVENT_OBJECT_SELECTIONWITHIN, view_.List(), OBJID_CLIENT, CHILDID_SELF);
 }
 
 void KrListControlImpl::SelectAll() {
     if (rows_.Rows() == 0 || rows_.Columns() == 0 || !TakeEdits()) return;
-    const int top = static_cast<int>(view_.Send(LVM_GETTOPINDEX));
     SetCurrent({order_.RowAt(0), 0}, By::kUser);
-    ExtendTo({order_.RowAt(rows_.Rows() - 1), rows_.Columns() - 1});
-    view_.Reveal(order_.RowAt(std::min(top, rows_.Rows() - 1)));  // what was in view stays there
+    ExtendTo({order_.RowAt(rows_.Rows() - 1), rows_.Columns() - 1}, false);
 }
 
 // Beside the rows, the one at that end of the view or just beyond it.
@@ -96,9 +94,7 @@ void KrListControlImpl::SelectCells(int firstRow, int firstColumn, int lastRow, 
         const GridPlace last{lastRow, lastColumn};
         if (!rows_.Has({firstRow, firstColumn}) || !rows_.Has(last) || !TakeEdits()) return;
         SetCurrent({firstRow, firstColumn}, By::kProgram);
-        if (last == current_) return;
-        ExtendTo(last);
-        view_.Reveal(current_.row);
+        if (last != current_) ExtendTo(last, false);
     });
 }
 

@@ -121,7 +121,7 @@ class KrListControlImpl final : public KrListControl,
     // The cells that are selected with the current one.
     GridArea Selected() const { return selection_.Area(Current(), order_); }
     bool SelectsByShift() const { return rows_.MarkKind() != GridRows::Marks::kMultiple; }
-    void ExtendTo(GridPlace end);
+    void ExtendTo(GridPlace end, bool reveal = true);
     void ExtendWithMouse(POINT point);
     void SelectAll();
     void ForgetSelection();
