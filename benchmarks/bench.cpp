@@ -1,5 +1,5 @@
-// bench [TIMES]: the figures that the dialogs are held to. TIMES: how often each dialog is opened and closed in search
-// of leaks (each as often as the catalogue says).
+// bench [TIMES [DIALOG]]: the figures that the dialogs are held to. TIMES: how often each dialog is opened and closed in
+// search of leaks (0, or nothing: each as often as the catalogue says). DIALOG: those of one of the catalogue alone.
 #include <windows.h>
 
 #include <algorithm>
@@ -27,7 +27,7 @@ using namespace kiro::drive;
 namespace {
 
 constexpr int kExplanations = 1000;
-constexpr double kDllLimit = 1.2 * 1024 * 1024;
+constexpr double kDllLimit = 1.5 * 1024 * 1024;
 constexpr std::size_t kLargeFile = std::size_t{300} << 20;
 constexpr std::size_t kSmallFile = 5 << 10;
 
@@ -37,9 +37,10 @@ class Bench {
 
     // By the catalogue: what each dialog leaves behind, and how long it takes to open and close, beside its bare
     // template.
-    bool Dialogs(int times) {
+    bool Dialogs(int times, std::string_view only) {
         bool kept = true;
         for (const kiro::CatalogueDialog& dialog : kiro::Catalogue()) {
+            if (!only.empty() && only != dialog.name) continue;
             const kiro::Opening opening = dialog.prepare();
             const auto run = [&] { opening.run(); };
             BareContents contents;
@@ -191,13 +192,17 @@ class Bench {
 
 int main(int argc, char** argv) {
     const int times = argc > 1 ? std::atoi(argv[1]) : 0;
+    const std::string_view only = argc > 2 ? argv[2] : "";
     UsePrivateDesktop();
     try {
         Bench bench;
-        bool kept = bench.Size();
-        kept = bench.VersionLine() && kept;
-        kept = bench.Dialogs(times) && kept;
-        kept = bench.LeaksOfExplanations(times ? times : kExplanations) && kept;
+        bool kept = true;
+        if (only.empty()) {
+            kept = bench.Size();
+            kept = bench.VersionLine() && kept;
+        }
+        kept = bench.Dialogs(times, only) && kept;
+        if (only.empty()) kept = bench.LeaksOfExplanations(times ? times : kExplanations) && kept;
         std::printf("%s\n", kept ? "every figure is kept" : "a figure is missed");
         return kept ? 0 : 1;
     } catch (const std::exception& failure) {

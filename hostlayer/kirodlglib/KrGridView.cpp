@@ -19,8 +19,23 @@ int Scaled(HWND window, int pixels) {
 
 }  // namespace
 
+// A hidden list view is left alone: to let it draw again would show it.
+KrGridView::Still::Still(KrGridView& view)
+    : view_(view), holds_(view.list_ && !view.still_ && (GetWindowLongPtrW(view.list_, GWL_STYLE) & WS_VISIBLE) != 0) {
+    if (!holds_) return;
+    view_.still_ = true;
+    view_.Send(WM_SETREDRAW, FALSE);
+}
+
+KrGridView::Still::~Still() {
+    if (!holds_) return;
+    view_.still_ = false;
+    view_.Send(WM_SETREDRAW, TRUE);
+}
+
 void KrGridView::Attach(HWND list) {
     list_ = list;
+    const Still still(*this);
     // So that painting the rows leaves an open editor alone.
     SetWindowLongPtrW(list, GWL_STYLE, GetWindowLongPtrW(list, GWL_STYLE) | WS_CLIPCHILDREN);
     Send(LVM_SETUNICODEFORMAT, TRUE);
@@ -37,6 +52,7 @@ void KrGridView::SetExtendedStyle(DWORD style) const {
 void KrGridView::Start() {
     const bool again = !shares_.empty() && shares_.size() == static_cast<std::size_t>(rows_.Columns());
     shares_.assign(static_cast<std::size_t>(rows_.Columns()), 0.0);
+    if (!starting_) starting_.emplace(*this);
     if (!again) {
         MakeColumns();
         Measure();  // the header has its height by now
@@ -61,13 +77,21 @@ void KrGridView::SetColumn(int column, const std::wstring& title, double share) 
     LVCOLUMNW description{};
     description.mask = LVCF_TEXT;
     description.pszText = text.data();
+    const Still still(*this);
+    const bool first = Share(column) <= 0;
     Share(column) = share;
     SendTo(LVM_SETCOLUMNW, static_cast<WPARAM>(column), &description);
+    // While the columns get their shares one after the other, the last one decides: the list view lays everything out
+    // anew for every width.
+    toFit_ = first && column + 1 < rows_.Columns() && Share(rows_.Columns() - 1) <= 0;
+    if (toFit_) return;
     FitColumns();
+    starting_.reset();
 }
 
 // In the order in which no horizontal scroll bar comes for a moment.
 void KrGridView::RowsChanged() {
+    const Still still(*this);
     const bool wider = WidthForColumns() > fitted_;
     if (!wider) FitColumns();
     Send(LVM_SETITEMCOUNT, static_cast<WPARAM>(rows_.Rows()), LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
@@ -127,6 +151,9 @@ int KrGridView::RowsOnPage() const { return static_cast<int>(Send(LVM_GETCOUNTPE
 void KrGridView::FitColumns() {
     if (!list_ || fitting_) return;
     fitting_ = true;
+    toFit_ = false;
+    laidOut_.reset();
+    const Still still(*this);
     const int width = fitted_ = WidthForColumns();
     const double sum = std::accumulate(shares_.begin(), shares_.end(), 0.0);
     double shares = 0;
@@ -236,7 +263,9 @@ void KrGridView::Repaint(int row) const {
     InvalidateRect(list_, &area, FALSE);
 }
 
-void KrGridView::RepaintAll() const {
+void KrGridView::RepaintAll() {
+    if (toFit_) FitColumns();  // no further column has come
+    starting_.reset();
     if (list_) InvalidateRect(list_, nullptr, TRUE);
 }
 
@@ -252,12 +281,20 @@ void KrGridView::ShowSorting(int column, bool descending) const {
     }
 }
 
+KrGridView::Layout KrGridView::LayoutAt(int index) const {
+    if (laidOut_ && !laidOut_->widths.empty()) return *laidOut_;
+    const RECT area = RectAt(index);
+    Layout layout{{}, area.left, area.right};
+    for (int column = 0; column < rows_.Columns(); ++column) layout.widths.push_back(ColumnWidth(column));
+    if (laidOut_) laidOut_ = layout;
+    return layout;
+}
+
 void KrGridView::Draw(const DRAWITEMSTRUCT& request, GridPlace current, const GridArea& selected, bool editing,
                       bool focused) const {
     if (!list_ || request.hwndItem != list_) return;
     GridPicture picture;
     picture.font = reinterpret_cast<HFONT>(Send(WM_GETFONT));
-    for (int column = 0; column < rows_.Columns(); ++column) picture.widths.push_back(ColumnWidth(column));
     picture.current = current;
     picture.selected = selected;
     picture.focused = focused || HasFocus();
@@ -267,8 +304,8 @@ void KrGridView::Draw(const DRAWITEMSTRUCT& request, GridPlace current, const Gr
     if (picture.focused && current.row < 0) picture.start = {order_.RowAt(0), rows_.FirstEditableColumn()};
     // The request's rectangle may leave out what the list view keeps free for an icon.
     const int index = static_cast<int>(request.itemID);
-    RECT area = RectAt(index);
-    area.top = request.rcItem.top;
-    area.bottom = request.rcItem.bottom;
+    const Layout layout = LayoutAt(index);
+    picture.widths = layout.widths;
+    const RECT area{layout.left, request.rcItem.top, layout.right, request.rcItem.bottom};
     painter_.DrawRow(request.hDC, area, index, order_.RowAt(index), picture);
 }

@@ -6,6 +6,7 @@
 
 #include <commctrl.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -57,12 +58,28 @@ class KrGridView {
     void Reveal(int row) const;
     void ScrollToTop() const;
     void Repaint(int row) const;
-    void RepaintAll() const;
+    void RepaintAll();
     void ReadColors() { painter_.ReadColors(); }
     // focused: what belongs to the list view has the focus, though it is not its child.
     void Draw(const DRAWITEMSTRUCT& request, GridPlace current, const GridArea& selected, bool editing,
               bool focused) const;
+    // Between these two the rows are where they are: asked once for all of them.
+    void BeginPainting() { laidOut_.emplace(); }
+    void EndPainting() { laidOut_.reset(); }
     void ShowSorting(int column, bool descending) const;  // in the head; -1: none
+
+    // While one lives, the list view takes what it is told without laying itself out for each step.
+    class Still {
+      public:
+        explicit Still(KrGridView& view);
+        Still(const Still&) = delete;
+        Still& operator=(const Still&) = delete;
+        ~Still();
+
+      private:
+        KrGridView& view_;
+        bool holds_;
+    };
 
   private:
     template <class Work>
@@ -82,6 +99,15 @@ class KrGridView {
     KrGridPainter painter_;
     HWND list_ = nullptr;
     std::vector<double> shares_;  // of the columns
+    bool toFit_ = false;          // some have shares that they do not show yet
     int fitted_ = 0;              // the width that the columns fill
     bool fitting_ = false;
+    bool still_ = false;
+    std::optional<Still> starting_;  // until every column has its share
+    struct Layout {
+        std::vector<int> widths;   // of the columns
+        LONG left = 0, right = 0;  // of the rows
+    };
+    Layout LayoutAt(int index) const;
+    mutable std::optional<Layout> laidOut_;  // while rows are painted; without widths until the first of them
 };

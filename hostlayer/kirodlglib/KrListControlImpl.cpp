@@ -37,6 +37,7 @@ KrListControlImpl::~KrListControlImpl() {
     if (dialog_) RemoveWindowSubclass(dialog_, &KrListControlImpl::DialogProc, id);
     if (!view_.List()) return;
     RemoveWindowSubclass(view_.List(), &KrListControlImpl::ListProc, id);
+    const KrGridView::Still still(view_);
     view_.Send(LVM_SETITEMCOUNT, 0);  // nobody answers for its texts any more
 }
 

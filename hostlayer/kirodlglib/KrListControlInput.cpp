@@ -419,7 +419,9 @@ LRESULT CALLBACK KrListControlImpl::ListProc(HWND window, UINT message, WPARAM w
     }
     const auto result = Guarded(std::optional<LRESULT>(), [&] { return grid.OnList(message, wParam, lParam); });
     if (result) return *result;
+    if (message == WM_PAINT) grid.view_.BeginPainting();
     const LRESULT usual = DefSubclassProc(window, message, wParam, lParam);
+    if (message == WM_PAINT) grid.view_.EndPainting();
     Guarded([&] { grid.AfterList(message); });
     return usual;
 }
