@@ -5,9 +5,10 @@
 #include <memory>
 
 #include "convert/Convert.h"
-#include "entry/host/kirodxf.h"
 #include "drawing/DrawingPairs.h"
+#include "entry/host/kirodxf.h"
 #include "tests/fuzz/DxfReading.h"
+#include "tests/native/DrawingText.h"
 #include "tests/native/TableTest.h"
 #include "tools/cli/Text.h"
 
@@ -16,27 +17,6 @@ using namespace convert;
 namespace {
 
 constexpr Unicode kUnicode = {cli::FromCp932, cli::ToCp932};
-
-// "0 LINE/8 A" as the pairs of a text file.
-std::string Pairs(const std::string& text) {
-    std::string out;
-    std::istringstream all(text);
-    for (std::string pair; std::getline(all, pair, '/');) {
-        const std::size_t blank = pair.find(' ');
-        out += pair.substr(0, blank) + "\n" + pair.substr(blank + 1) + "\n";
-    }
-    return out;
-}
-
-std::string Section(const std::string& name, const std::string& pairs) {
-    return Pairs("0 SECTION/2 " + name) + Pairs(pairs) + Pairs("0 ENDSEC");
-}
-
-std::string Drawing(const std::string& tables, const std::string& items, const std::string& blocks = "",
-                    const std::string& version = "AC1015") {
-    return Section("HEADER", "9 $ACADVER/1 " + version) + Section("TABLES", tables) + Section("BLOCKS", blocks) +
-           Section("ENTITIES", items) + Pairs("0 EOF");
-}
 
 struct Tables {
     std::unique_ptr<DxfInLayerTable> inLayers = std::make_unique<DxfInLayerTable>();
