@@ -94,6 +94,7 @@ CallResult DemoDrawings(const std::wstring& dosFile, const std::filesystem::path
     return Drive([] { return CallExport(*FindExport("PlInputDlg"), Json::object()); },
                  [&] {
                      const HWND dialog = Settle();
+                     Click(dialog, kPlInAddRadio);  // the model that was imported stays
                      Click(dialog, kPlInSecondSourceRadio);
                      Focus(dialog, kPlInFileEdit);
                      Type(dialog, kPlInFileEdit, dosFile);
