@@ -411,6 +411,20 @@ TEST_F(ImportTables, NamesOfADrawingGetRows) {
             Click(dialog, IDOK);
         });
     }
+    Attributes([&](HWND dialog) {
+        Click(dialog, kTextWidthTableRadio);
+        for (const int button : {kArrowChangeButton, kTextWidthChangeButton, kLineTypeChangeButton}) {
+            Click(dialog, button);
+            const HWND hub = Settle();
+            if (button == kLineTypeChangeButton) Click(hub, kLineTypesButton);
+            const HWND editor = Settle();
+            Key(VK_F8);
+            EXPECT_EQ(0u, Guidance(editor).find(L"plan.dxf：")) << button;
+            Click(editor, IDCANCEL);
+            if (hub != editor) Click(hub, IDCANCEL);
+        }
+        Click(dialog, IDCANCEL);
+    });
 }
 
 TEST_F(ImportTables, ADrawingThatIsNotNamedIsAskedFor) {
