@@ -205,7 +205,11 @@ DxfInParamBlock& KrDxfIn::Params() {
 
 void KrDxfIn::OpenParameters() { KrDxfInParam(info_, Params()).DoModal(Handle()); }
 
-void KrDxfIn::OpenAttributes() { KrDxfInAttr(Params()).DoModal(Handle()); }
+void KrDxfIn::OpenAttributes() {
+    // Only DXF can be searched for names.
+    const bool named = !isDwg_ && file_.HasName() && !file_.IsPattern();
+    KrDxfInAttr(Params(), named ? file_.InternalPath() : "").DoModal(Handle());
+}
 
 void KrDxfIn::OpenBatch() {
     table_.LendTo(info_.layerTableFileName, kRefusalCaption, [this] { KrDxfInAll(info_, Params()).DoModal(Handle()); });

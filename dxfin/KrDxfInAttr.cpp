@@ -1,5 +1,6 @@
 #include "dxfin/KrDxfInAttr.h"
 
+#include <utility>
 #include <vector>
 
 #include "dxfin_tables/KrDxfInTbl_Arrow.h"
@@ -25,9 +26,10 @@ std::vector<std::int32_t> LineWeights() {
 
 }  // namespace
 
-KrDxfInAttr::KrDxfInAttr(DxfInParamBlock& params)
+KrDxfInAttr::KrDxfInAttr(DxfInParamBlock& params, std::string drawing)
     : HostDialog(kDxfInAttrDialog),
       params_(params),
+      drawing_(std::move(drawing)),
       layer_(*this, {kLayerAutoRadio, kLayerBothRadio, kLayerTableRadio}),
       target_(*this, {kTargetClassRadio, kTargetRevisionRadio}),
       textWidth_(*this, {kTextWidthAutoRadio, kTextWidthTableRadio}),
@@ -66,10 +68,10 @@ void KrDxfInAttr::BindControls() {
         Bind(id, BN_CLICKED, [this] { OpenTable(LayerTableUse::kChange); });
     }
     for (const int id : {kLineTypeChangeButton, kLineWidthChangeButton}) {
-        Bind(id, BN_CLICKED, [this] { KrDxfInTbl_Line().DoModal(Handle()); });
+        Bind(id, BN_CLICKED, [this] { KrDxfInTbl_Line(drawing_).DoModal(Handle()); });
     }
-    Bind(kArrowChangeButton, BN_CLICKED, [this] { KrDxfInTbl_Arrow().DoModal(Handle()); });
-    Bind(kTextWidthChangeButton, BN_CLICKED, [this] { KrDxfInTbl_TFont().DoModal(Handle()); });
+    Bind(kArrowChangeButton, BN_CLICKED, [this] { KrDxfInTbl_Arrow(drawing_).DoModal(Handle()); });
+    Bind(kTextWidthChangeButton, BN_CLICKED, [this] { KrDxfInTbl_TFont(drawing_).DoModal(Handle()); });
 }
 
 void KrDxfInAttr::OnInit() {

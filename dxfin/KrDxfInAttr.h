@@ -2,6 +2,8 @@
 // are opened from here.
 #pragma once
 
+#include <string>
+
 #include "dxfin_tables/KrDxfInTbl_Layer.h"
 #include "entry/host/ParamBlocks.h"
 #include "ui/Explanations.h"
@@ -10,8 +12,9 @@
 
 class KrDxfInAttr final : public kiro::ui::HostDialog {
   public:
-    // The block is written when the dialog is confirmed.
-    explicit KrDxfInAttr(DxfInParamBlock& params);
+    // The block is written when the dialog is confirmed. drawing: the one to be read, internal form: the tables'
+    // editors find names there. "": none is known.
+    explicit KrDxfInAttr(DxfInParamBlock& params, std::string drawing = {});
 
   private:
     void OnInit() override;
@@ -22,9 +25,10 @@ class KrDxfInAttr final : public kiro::ui::HostDialog {
     void TextWidthChosen();
     void TextWidthFollows();
     bool LacksFontTable() const;  // for what is chosen
-    void OpenTable(LayerTableUse use) { KrDxfInTbl_Layer::Choose(Utility(), Handle(), use); }
+    void OpenTable(LayerTableUse use) { KrDxfInTbl_Layer::Choose(Utility(), Handle(), use, drawing_); }
 
     DxfInParamBlock& params_;
+    std::string drawing_;
     kiro::ui::RadioGroup layer_;
     kiro::ui::RadioGroup target_;
     kiro::ui::RadioGroup textWidth_;

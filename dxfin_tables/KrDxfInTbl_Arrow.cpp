@@ -66,7 +66,11 @@ void DxfInArrowRow::Check(const kiro::ui::RowCheck& check) const {
     }
 }
 
-KrDxfInTbl_Arrow::KrDxfInTbl_Arrow() : GridEditor(kForm), table_(std::make_unique<DxfInArrowTable>()) {}
+KrDxfInTbl_Arrow::KrDxfInTbl_Arrow(std::string drawing)
+    : GridEditor(kForm),
+      table_(std::make_unique<DxfInArrowTable>()),
+      fromDrawing_(*this, Grid(), kForm.caption, {drawing::NameKind::kArrow, kNameColumn, kStorable},
+                   std::move(drawing)) {}
 
 void KrDxfInTbl_Arrow::Load() {
     io_.emplace(Utility(), Handle());

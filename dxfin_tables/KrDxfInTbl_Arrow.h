@@ -5,6 +5,7 @@
 
 #include "dxfin_tables/DxfInArrowTable.h"
 #include "dxfin_tables/KrDxfInTbl_IO.h"
+#include "dxfin_tables/RowsFromDrawing.h"
 #include "ui/GridEditor.h"
 
 struct DxfInArrowRow : kiro::ui::GridRow<5> {
@@ -14,7 +15,8 @@ struct DxfInArrowRow : kiro::ui::GridRow<5> {
 
 class KrDxfInTbl_Arrow final : public kiro::ui::GridEditor<DxfInArrowRow> {
   public:
-    KrDxfInTbl_Arrow();
+    // drawing: where F8 finds names; see RowsFromDrawing.
+    explicit KrDxfInTbl_Arrow(std::string drawing = {});
 
   private:
     void Load() override;
@@ -25,4 +27,5 @@ class KrDxfInTbl_Arrow final : public kiro::ui::GridEditor<DxfInArrowRow> {
 
     std::unique_ptr<DxfInArrowTable> table_;
     std::optional<KrDxfInTbl_IO> io_;
+    RowsFromDrawing fromDrawing_;
 };

@@ -64,11 +64,13 @@ kiro::ui::GridForm KrDxfInTbl_CLayer::FormOf(const DxfInLayerTable& table) {
     return form;
 }
 
-KrDxfInTbl_CLayer::KrDxfInTbl_CLayer(DxfInLayerTable& table)
+KrDxfInTbl_CLayer::KrDxfInTbl_CLayer(DxfInLayerTable& table, std::string drawing)
     : GridEditor(FormOf(table)),
       mode_(table.layerSwitch == 1 ? kRevisions : kClasses),
       list_(table.layerSwitch == 1 ? RevisionsOf(table) : ClassesOf(table)),
-      hasOther_(list_.numbers[0] != 0) {
+      hasOther_(list_.numbers[0] != 0),
+      fromDrawing_(*this, Grid(), mode_.form.caption, {drawing::NameKind::kLayer, kNameColumn, mode_.storable},
+                   std::move(drawing)) {
     for (int entry = hasOther_ ? 0 : 1; entry <= std::clamp(list_.count, 0, kDxfInLayerSlots - 1); ++entry) {
         DxfInLayerRow row;
         row[kNameColumn] = entry == 0 ? "OTHER" : SlotText(list_.names[entry]);

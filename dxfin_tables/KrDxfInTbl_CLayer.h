@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dxfin_tables/DxfInLayerTable.h"
+#include "dxfin_tables/RowsFromDrawing.h"
 #include "ui/GridEditor.h"
 
 struct DxfInLayerRow : kiro::ui::GridRow<3> {
@@ -10,7 +11,8 @@ struct DxfInLayerRow : kiro::ui::GridRow<3> {
 
 class KrDxfInTbl_CLayer final : public kiro::ui::GridEditor<DxfInLayerRow> {
   public:
-    explicit KrDxfInTbl_CLayer(DxfInLayerTable& table);  // changed when the dialog is confirmed
+    // The table is changed when the dialog is confirmed. drawing: where F8 finds names; see RowsFromDrawing.
+    explicit KrDxfInTbl_CLayer(DxfInLayerTable& table, std::string drawing = {});
 
   private:
     // What differs between classes and revisions.
@@ -27,4 +29,5 @@ class KrDxfInTbl_CLayer final : public kiro::ui::GridEditor<DxfInLayerRow> {
     const Mode& mode_;
     DxfInLayerList list_;
     bool hasOther_;  // entry 0 has a row
+    RowsFromDrawing fromDrawing_;
 };

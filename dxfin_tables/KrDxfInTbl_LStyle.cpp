@@ -41,7 +41,11 @@ void DxfInLineTypeRow::Check(const kiro::ui::RowCheck& check) const {
     }
 }
 
-KrDxfInTbl_LStyle::KrDxfInTbl_LStyle(DxfInLineTable& table) : GridEditor(kForm), table_(table) {
+KrDxfInTbl_LStyle::KrDxfInTbl_LStyle(DxfInLineTable& table, std::string drawing)
+    : GridEditor(kForm),
+      table_(table),
+      fromDrawing_(*this, Grid(), kForm.caption, {drawing::NameKind::kLineType, kNameColumn, kStorable},
+                   std::move(drawing)) {
     for (int entry = 0; entry < table.lineTypeCount; ++entry) {
         DxfInLineTypeRow row;
         row[kNameColumn] = SlotText(table.lineTypeName[entry]);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dxfin_tables/DxfInLineTable.h"
+#include "dxfin_tables/RowsFromDrawing.h"
 #include "ui/GridEditor.h"
 
 struct DxfInLineTypeRow : kiro::ui::GridRow<4> {
@@ -11,10 +12,12 @@ struct DxfInLineTypeRow : kiro::ui::GridRow<4> {
 
 class KrDxfInTbl_LStyle final : public kiro::ui::GridEditor<DxfInLineTypeRow> {
   public:
-    explicit KrDxfInTbl_LStyle(DxfInLineTable& table);  // changed when the dialog is confirmed
+    // The table is changed when the dialog is confirmed. drawing: where F8 finds names; see RowsFromDrawing.
+    explicit KrDxfInTbl_LStyle(DxfInLineTable& table, std::string drawing = {});
 
   private:
     void Store() override;
 
     DxfInLineTable& table_;
+    RowsFromDrawing fromDrawing_;
 };

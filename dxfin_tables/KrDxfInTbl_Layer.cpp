@@ -12,7 +12,8 @@ constexpr int kToRevisions = 1;
 
 }  // namespace
 
-KrDxfInTbl_Layer::KrDxfInTbl_Layer(const DxfInLayerTable& table, std::int32_t allowBoth, std::int32_t forcedMode)
+KrDxfInTbl_Layer::KrDxfInTbl_Layer(const DxfInLayerTable& table, std::int32_t allowBoth, std::int32_t forcedMode,
+                                   const std::string& drawing)
     : TableHub(kLayerTableDialog, {"レイヤ割当て・色割当て", "変更内容を保存しますか？",
                                    "テーブルが変更されています。\n変更内容を保存しますか？"}),
       allowBoth_(allowBoth),
@@ -21,17 +22,17 @@ KrDxfInTbl_Layer::KrDxfInTbl_Layer(const DxfInLayerTable& table, std::int32_t al
       mode_(*this, {kLayersToClassesRadio, kLayersToRevisionsRadio}) {
     mode_.OnChosen([this](int index) { ModeChosen(index); });
     for (const int id : {kLayerClassButton, kLayerRevisionButton})
-        Edit(id, [this] { return KrDxfInTbl_CLayer(*table_); });
+        Edit(id, [this, drawing] { return KrDxfInTbl_CLayer(*table_, drawing); });
     for (const int id : {kColorRevisionButton, kColorClassButton})
         Edit(id, [this] { return KrDxfInTbl_Color(*table_); });
 }
 
-void KrDxfInTbl_Layer::Choose(KrUtility& utility, HWND owner, LayerTableUse use) {
-    OpenLayerTable(utility, owner, use, "DXFKIRO_LAYER", [owner](const std::string& path, bool fresh) {
+void KrDxfInTbl_Layer::Choose(KrUtility& utility, HWND owner, LayerTableUse use, const std::string& drawing) {
+    OpenLayerTable(utility, owner, use, "DXFKIRO_LAYER", [&](const std::string& path, bool fresh) {
         const auto table = std::make_unique<DxfInLayerTable>();
         table->noFileRead = fresh;
         StoreText(table->fileName, path);
-        KrDxfInTbl_Layer(*table, 1, 0).DoModal(owner);
+        KrDxfInTbl_Layer(*table, 1, 0, drawing).DoModal(owner);
     });
 }
 

@@ -17,10 +17,12 @@ class KrDxfInTbl_Layer final : public TableHub {
   public:
     // Of the table only fileName and noFileRead count: the rest comes from the file.
     // allowBoth 0: only the mode forcedMode can be chosen (0: layers become classes, otherwise revisions).
-    KrDxfInTbl_Layer(const DxfInLayerTable& table, std::int32_t allowBoth, std::int32_t forcedMode);
+    // drawing: where the editors of layers find names; see RowsFromDrawing.
+    KrDxfInTbl_Layer(const DxfInLayerTable& table, std::int32_t allowBoth, std::int32_t forcedMode,
+                     const std::string& drawing = {});
 
     // Lets the user choose a table and opens it. The owner is the utility's parent window.
-    static void Choose(KrUtility& utility, HWND owner, LayerTableUse use);
+    static void Choose(KrUtility& utility, HWND owner, LayerTableUse use, const std::string& drawing = {});
 
   private:
     void Read() override;

@@ -14,7 +14,7 @@ constexpr int kOff = 1;
 }  // namespace
 
 // "取消" deliberately asks nothing, unlike that of the layer table.
-KrDxfInTbl_Line::KrDxfInTbl_Line()
+KrDxfInTbl_Line::KrDxfInTbl_Line(const std::string& drawing)
     : TableHub(kLineTableDialog, {"線種・線幅割当て", "変更内容を保存しますか？", nullptr}),
       table_(std::make_unique<DxfInLineTable>()),
       polylines_{
@@ -25,7 +25,7 @@ KrDxfInTbl_Line::KrDxfInTbl_Line()
     OnSwitch(polylines_, nullptr);
     OnSwitch(colors_, &widths_);
     OnSwitch(widths_, &colors_);
-    Edit(kLineTypesButton, [this] { return KrDxfInTbl_LStyle(*table_); });
+    Edit(kLineTypesButton, [this, drawing] { return KrDxfInTbl_LStyle(*table_, drawing); });
     Edit(kPolylineWidthsButton, [this] { return KrDxfInTbl_PWidth(*table_); });
     Edit(kColorWidthsButton, [this] { return KrDxfInTbl_CWidth(*table_); });
     Edit(kLineWidthsButton, [this] { return KrDxfInTbl_LWidth(*table_); });

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "dxfin_tables/DxfInLineTable.h"
 #include "dxfin_tables/KrDxfInTbl_IO.h"
@@ -12,7 +13,8 @@
 
 class KrDxfInTbl_Line final : public TableHub {
   public:
-    KrDxfInTbl_Line();
+    // drawing: where the editor of line types finds names; see RowsFromDrawing.
+    explicit KrDxfInTbl_Line(const std::string& drawing = {});
 
   private:
     // "割当てる" and "割当てない", the switch that they set, and the editor that is of use then.

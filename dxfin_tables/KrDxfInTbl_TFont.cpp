@@ -74,7 +74,11 @@ void DxfInStyleRow::Check(const kiro::ui::RowCheck& check) const {
     }
 }
 
-KrDxfInTbl_TFont::KrDxfInTbl_TFont() : GridEditor(kForm), table_(std::make_unique<DxfInStyleTable>()) {
+KrDxfInTbl_TFont::KrDxfInTbl_TFont(std::string drawing)
+    : GridEditor(kForm),
+      table_(std::make_unique<DxfInStyleTable>()),
+      fromDrawing_(*this, Grid(), kForm.caption, {drawing::NameKind::kTextStyle, kNameColumn, kStorable},
+                   std::move(drawing)) {
     On(kExplainButton, BN_CLICKED, &KrDxfInTbl_TFont::Explain);
 }
 

@@ -5,6 +5,7 @@
 
 #include "dxfin_tables/DxfInStyleTable.h"
 #include "dxfin_tables/KrDxfInTbl_IO.h"
+#include "dxfin_tables/RowsFromDrawing.h"
 #include "ui/GridEditor.h"
 
 struct DxfInStyleRow : kiro::ui::GridRow<8> {
@@ -16,7 +17,8 @@ struct DxfInStyleRow : kiro::ui::GridRow<8> {
 
 class KrDxfInTbl_TFont final : public kiro::ui::GridEditor<DxfInStyleRow> {
   public:
-    KrDxfInTbl_TFont();
+    // drawing: where F8 finds names; see RowsFromDrawing.
+    explicit KrDxfInTbl_TFont(std::string drawing = {});
 
   private:
     void Load() override;
@@ -29,4 +31,5 @@ class KrDxfInTbl_TFont final : public kiro::ui::GridEditor<DxfInStyleRow> {
 
     std::unique_ptr<DxfInStyleTable> table_;
     std::optional<KrDxfInTbl_IO> io_;
+    RowsFromDrawing fromDrawing_;
 };

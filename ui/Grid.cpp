@@ -232,6 +232,7 @@ std::optional<INT_PTR> Grid::Notified(LPARAM lParam) {
 }
 
 void Grid::Moved() {
+    Unfade();
     if (moved_) moved_(control_->GetSelectedItem(), control_->GetSelectedColumn());
 }
 
@@ -242,6 +243,7 @@ void Grid::TakeChange(int row, int column) {
     control_->GetItemText(row, column, text.data(), static_cast<int>(text.size()));
     text.pop_back();
     const Step step(*this);
+    Unfade();
     refused_.erase({row, column});
     ReplaceText(row, column, std::move(text));
     Pass(row, column);  // its mark was for the text before

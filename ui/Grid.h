@@ -48,6 +48,8 @@ class Grid {
         std::function<void(int from)> rowsMoved;  // rows were added, inserted or deleted
     };
     void OfferRowMenu(RowMenu menu) { menu_ = std::move(menu); }
+    // F8: rows for the names that a drawing uses, which the dialog knows.
+    void OfferUsedNames(std::function<void()> add) { addUsed_ = std::move(add); }
 
     using RowChecker = std::function<void(const RowCheck& check)>;
     void CheckRowsWith(RowChecker check, std::function<void()> before = nullptr);
@@ -75,6 +77,9 @@ class Grid {
     // The rows are other ones now, or show something else: nothing of before can be undone.
     void ForgetHistory();
     void ShowRow(int row);  // after its texts were changed elsewhere
+    // New rows behind the last one, each with one of the names, as one step; the first becomes the current one.
+    bool AddNames(int column, const std::vector<std::string>& names);
+    void Fade(const std::vector<int>& rows);  // in grey until the user does something else; nothing else changes
     void SetChoices(int column, const std::vector<std::string>& choices);
     int CurrentRow() const { return control_->GetSelectedItem(); }
     void GoTo(int row, int column) const { control_->ClickCell(row, column); }
@@ -123,6 +128,7 @@ class Grid {
     std::vector<std::string> TextsOf(int row) const;
     bool LastRowIsUnused() const;
     void DropUnusedRow();
+    void Unfade();
     void KeepUnusedRow();  // from now on it is one as the others are
     void Tell(const char* text) const { control_->MessageText(text); }
 
@@ -194,6 +200,7 @@ class Grid {
     std::function<void(int, int)> moved_;
     std::function<void(int, int)> changed_;
     std::function<void()> marked_;
+    std::function<void()> addUsed_;
     bool valid_ = false;  // the result of the last check holds
     bool ended_ = false;  // a fault was found that ends the check
     std::vector<GridFault> faults_;
@@ -202,6 +209,7 @@ class Grid {
     bool toggling_ = false;  // texts come from the history
     Filling* filling_ = nullptr;
     std::set<std::pair<int, int>> refused_;  // cells that were not pasted over: marked until something else is done
+    std::vector<int> faded_;                 // rows
     std::vector<std::string> unused_;        // the texts of a row that Enter or Tab has added
 };
 

@@ -13,6 +13,7 @@ namespace kiro::ui {
 bool Grid::Serve(int request) {
     history_.EndLoose();
     refused_.clear();
+    Unfade();
     switch (request) {
         case kKrAskPaste:
             return Paste(), true;
@@ -34,12 +35,15 @@ bool Grid::Serve(int request) {
             return CountUp(), true;
         case kKrAskKeys:
             return ShowKeys(), true;
+        case kKrAskUsedNames:
+            return addUsed_ && (addUsed_(), true);
         default:
             return false;
     }
 }
 
 void Grid::RowCommand(UINT command) {
+    Unfade();
     switch (command) {
         case kAddRowCommand:
             AddRow(false);
@@ -71,6 +75,7 @@ void Grid::ShowKeys() const {
             "Ins　行を挿入　　　　　Del　行を削除\n"
             "最後のセルで Enter、Tab　行を追加\n"
             "Ctrl+Shift+V　名前だけを新しい行に貼り付け\n";
+    if (addUsed_) text += "F8　図面にある名前の行を追加\n";
     MessageBoxW(dialog_.Handle(), ToWide(text).c_str(), L"表のキー操作", MB_OK | MB_ICONINFORMATION);
     SetFocus(List());
 }
@@ -163,6 +168,34 @@ void Grid::DeleteRows() {
         end = begin;
     }
     RowsChanged(rows.front());
+}
+
+bool Grid::AddNames(int column, const std::vector<std::string>& names) {
+    const Step step(*this);
+    DropUnusedRow();
+    const int at = Rows();
+    if (names.empty() || !InsertRows(at, static_cast<int>(names.size()))) return false;
+    for (std::size_t i = 0; i < names.size(); ++i) Give(at + static_cast<int>(i), column, names[i]);
+    GoTo(at, column);
+    RowsChanged(at);
+    control_->DrawItem();
+    return true;
+}
+
+void Grid::Fade(const std::vector<int>& rows) {
+    Unfade();
+    faded_ = rows;
+    for (const int row : faded_)
+        for (int column = 0; column < Columns(); ++column) control_->SetFadedFlag(row, column, 1);
+    control_->DrawItem();
+}
+
+// Before rows come or go: they are known by their numbers.
+void Grid::Unfade() {
+    if (faded_.empty()) return;
+    for (const int row : std::exchange(faded_, {}))
+        for (int column = 0; column < Columns(); ++column) control_->SetFadedFlag(row, column, 0);
+    control_->DrawItem();
 }
 
 void Grid::RowsChanged(int from) {

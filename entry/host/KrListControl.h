@@ -73,6 +73,7 @@ constexpr int kKrAskAddRow = 7;      // Enter or Tab in the last cell that can b
 constexpr int kKrAskFillDown = 8;    // Ctrl+D: the first of the selected texts in all cells below it
 constexpr int kKrAskCountUp = 9;     // Ctrl+R: numbers that go on from the first two
 constexpr int kKrAskKeys = 10;       // F1: which keys there are
+constexpr int kKrAskUsedNames = 11;  // F8: a row for each name that a drawing uses
 
 // lParam of kKrListRequest.
 struct KrListRequest {
@@ -184,6 +185,8 @@ class KrListControl {
     // hold it, without the blanks around it and with its digits as its column has them. wide: UTF-16.
     virtual int TakesText(int row, int column, const char16_t* wide, char* taken, int takenSize, char* reason,
                           int reasonSize) const = 0;
+    // A cell whose text is shown in grey, whatever its colours. It can be edited as before.
+    virtual void SetFadedFlag(int row, int column, int on) = 0;
 
   protected:
     ~KrListControl() = default;

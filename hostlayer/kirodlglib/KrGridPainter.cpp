@@ -87,13 +87,14 @@ KrGridPainter::Look KrGridPainter::LookOf(const Shown& shown, const GridPicture&
                                : Look{GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE)};
 
     const bool available = rows_.IsAvailable(place);
-    Look look{GetSysColor(available ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT), GetSysColor(COLOR_WINDOW)};
+    Look look{GetSysColor(available && !cell.faded ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT), GetSysColor(COLOR_WINDOW)};
     if (systemColorsOnly_) return look;
     // Darker than the system's grey: such texts are read all day, row numbers above all.
     if (!available)
         look = {Blend(look.text, GetSysColor(COLOR_WINDOWTEXT), kUnavailablePercent),
                 Blend(look.background, GetSysColor(COLOR_BTNFACE), kUnavailablePercent)};
     if (cell.colors) look = {cell.colors->text, cell.colors->background};
+    if (cell.faded) look.text = GetSysColor(COLOR_GRAYTEXT);
     if (current || shown.selected)
         look.background =
             Blend(GetSysColor(COLOR_WINDOW), GetSysColor(picture.focused ? COLOR_HIGHLIGHT : COLOR_BTNSHADOW),

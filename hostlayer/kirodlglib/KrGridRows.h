@@ -52,6 +52,7 @@ struct GridCell {
     std::optional<bool> available;                       // none: as its column
     std::shared_ptr<const std::vector<double>> pattern;  // lengths in millimetres; empty: an unbroken line
     bool error = false;
+    bool faded = false;
 };
 
 struct GridPlace {

@@ -222,6 +222,8 @@ bool KrListControlImpl::OnFunctionKey(WPARAM key, bool shift) {
             return !shift && Ask(kKrAskDeleteRows);
         case VK_F1:
             return Ask(kKrAskKeys);
+        case VK_F8:
+            return !shift && Ask(kKrAskUsedNames);
         case VK_F3:
             FindNext(!shift);
             return true;

@@ -148,6 +148,10 @@ void KrListControlImpl::SetErrorFlag(int row, int column, int on) {
     if (GridCell* cell = rows_.Find({row, column})) cell->error = on != 0;
 }
 
+void KrListControlImpl::SetFadedFlag(int row, int column, int on) {
+    if (GridCell* cell = rows_.Find({row, column})) cell->faded = on != 0;
+}
+
 void KrListControlImpl::SetAvailableFlag(int row, int column, int available) {
     rows_.SetAvailable({row, column}, available != 0);
 }

@@ -86,6 +86,7 @@ class KrListControlImpl final : public KrListControl,
     void SetItemPattern(int row, int column, const double* lengths, int count) override;
     int TakesText(int row, int column, const char16_t* wide, char* taken, int takenSize, char* reason,
                   int reasonSize) const override;
+    void SetFadedFlag(int row, int column, int on) override;
 
   private:
     // While one of these lives the object does, also when the dialog releases it in the middle of a message.

@@ -52,6 +52,8 @@ using Cells = std::vector<std::wstring>;
 
 class ImportTables : public ImportHost {
   protected:
+    std::string drawing;  // that the command names
+
     enum RowCommand { kAdd, kInsert, kDelete };  // in the order of the menu
 
     // ---- Files ----
@@ -73,26 +75,26 @@ class ImportTables : public ImportHost {
         return kiro::drive::Drive([&] { return dialog.DoModal(owner); }, [&] { user(kiro::drive::Settle()); });
     }
     void Attributes(const std::function<void(HWND dialog)>& user) {
-        KrDxfInAttr dialog(record.params);
+        KrDxfInAttr dialog(record.params, drawing);
         Play(dialog, user);
     }
     // The dialog that owns the file.
     INT_PTR Open(const std::wstring& file, const std::function<void(HWND dialog)>& user) {
         if (file == kLineFile) {
-            KrDxfInTbl_Line dialog;
+            KrDxfInTbl_Line dialog(drawing);
             return Play(dialog, user);
         }
         if (file == kFontFile) {
-            KrDxfInTbl_TFont dialog;
+            KrDxfInTbl_TFont dialog(drawing);
             return Play(dialog, user);
         }
         if (file == kArrowFile) {
-            KrDxfInTbl_Arrow dialog;
+            KrDxfInTbl_Arrow dialog(drawing);
             return Play(dialog, user);
         }
         const auto table = std::make_unique<DxfInLayerTable>();
         WriteFixedText(table->fileName, "DXFKIRO_LAYER");
-        KrDxfInTbl_Layer dialog(*table, 1, 0);
+        KrDxfInTbl_Layer dialog(*table, 1, 0, drawing);
         return Play(dialog, user);
     }
     // An editor; afterwards the table is saved or not.

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "tests/dialogs/ImportTables.h"
+#include "text/TextFormat.h"
 #include "ui/GridBlock.h"
 
 using namespace kiro::drive;
@@ -20,6 +21,29 @@ void ShiftTimes(WORD key, int times) {
 void PasteBlock(const std::wstring& text) {
     PutOnClipboard(text);
     Control('V');
+}
+
+// A drawing, by its pairs: "0 LINE/8 A".
+std::string Drawing(std::string pairs) {
+    pairs =
+        "0 SECTION/2 TABLES/0 TABLE/2 DIMSTYLE/0 DIMSTYLE/2 M/5 MARK/0 DIMSTYLE/2 D/5 solid/0 ENDTAB/0 ENDSEC/"
+        "0 SECTION/2 ENTITIES/" +
+        pairs + "0 ENDSEC/0 EOF/";
+    for (std::size_t at = 0; at < pairs.size(); at = pairs.find('/', at) + 1) pairs[pairs.find(' ', at)] = '\n';
+    std::replace(pairs.begin(), pairs.end(), '/', '\n');
+    return pairs;
+}
+std::string Times(int count, const std::string& text) {
+    std::string all;
+    for (int i = 0; i < count; ++i) all += Formatted(text.c_str(), i);
+    return all;
+}
+bool IsGrey(const Grid& grid, int row) {
+    const RECT area = grid.Area(row, 2);
+    for (int x = 0; x < area.right - area.left - 1; ++x)
+        for (int y = 1; y < area.bottom - area.top - 1; ++y)
+            if (grid.Pixel(row, 2, x, y) == GetSysColor(COLOR_GRAYTEXT)) return true;
+    return false;
 }
 
 constexpr char kLayers[] = "LAYER 壁 = 5\nLAYER 柱 = 6\nLAYER 窓 = 7\n";
@@ -318,6 +342,118 @@ TEST_F(ImportTables, TextsAreFoundAsTheyAreTyped) {
         EXPECT_EQ((GridPlace{4, 1}), grid.Current());
         Key(VK_ESCAPE);
     });
+}
+
+TEST_F(ImportTables, NamesOfADrawingGetRows) {
+    const std::string path = Write(L"plan.dxf", Drawing("0 LINE/8 壁/0 LINE/8 my Wall/0 LINE/8 my Wall/0 LINE/8 Z/"
+                                                        "0 LINE/8 MYWALL/0 LINE/8 A=B/0 LINE/8 \x81/0 LINE/8 " +
+                                                        std::string(68, 'x') +
+                                                        "/0 LINE/8 z/6 Dashed/0 LINE/8 z/6 NEW/0 LINE/8 z/6 NEW/"
+                                                        "0 LINE/8 z/6 LAST/0 TEXT/8 z/7 NOTE/0 TEXT/8 z/7 a,b/"
+                                                        "0 DIMENSION/8 z/3 M/0 DIMENSION/8 z/3 D/"))
+                                 .generic_string();
+    const struct {
+        const Editor& editor;
+        std::string table;
+        std::vector<Cells> added;
+        const wchar_t* guidance;
+        int grey;  // a row
+    } cases[] = {
+        {kClasses,
+         "LAYER 壁 = 5\nLAYER 古 = 6\n",
+         {{L"4", L"Z", L"1"}, {L"5", L"myWall", L"1"}, {L"6", std::wstring(68, L'x'), L"1"}},
+         L"plan.dxf：3 行を追加しました。書けない名前 2 件は除きました。灰色の 1 行は図面にありません。",
+         2},
+        {kRevisions,
+         "LAYER-SWITCH 1\nLAYER-REVISION 壁 = 5\nLAYER-REVISION 古 = 6\n",
+         {{L"4", L"Z", L"1"}, {L"5", L"myWall", L"1"}},
+         L"plan.dxf：2 行を追加しました。書けない名前 3 件は除きました。灰色の 1 行は図面にありません。",
+         2},
+        {kLineTypes,
+         "LINE-TYPE DASHED = 2,1\n" + Times(254, "LINE-TYPE T%d = 1,1\n"),
+         {{L"256", L"CONTINUOUS", L"1", L"1"}},
+         L"plan.dxf：1 行を追加しました。表に入らない名前が 2 件あります。灰色の 254 行は図面にありません。",
+         1},
+        {kFonts,
+         "",
+         {{L"5", L"NOTE", L"横", L"1.1875", L"0.95", L"0.4", L"0.95", L"0.75"}},
+         L"plan.dxf：1 行を追加しました。書けない名前 1 件は除きました。灰色の 4 行は図面にありません。",
+         1},
+        {kArrows,
+         "",
+         {{L"5", L"MARK", L"1", L"180", L"3"}},
+         L"plan.dxf：1 行を追加しました。灰色の 2 行は図面にありません。",
+         2},
+    };
+    drawing = path;
+    for (const auto& of : cases) {
+        SCOPED_TRACE(testing::PrintToString(std::wstring(of.editor.caption)));
+        WriteTable(of.editor.file, of.table);
+        Edit(of.editor, false, [&](HWND dialog, const Grid& grid) {
+            const auto opened = AllRows(grid);
+            auto more = opened;
+            more.insert(more.end(), of.added.begin(), of.added.end());
+            Key(VK_F8);
+            EXPECT_EQ(of.guidance, Guidance(dialog));
+            EXPECT_EQ(more, AllRows(grid));
+            EXPECT_EQ((GridPlace{static_cast<int>(opened.size()), 1}), grid.Current());
+            Control('Z');
+            EXPECT_EQ(opened, AllRows(grid));
+            Control('Y');
+            Key(VK_F8);
+            EXPECT_EQ(0u, Guidance(dialog).find(L"plan.dxf：追加する名前はありません。"));
+            EXPECT_EQ(more, AllRows(grid));
+            Control(VK_HOME);
+            Key(VK_F8);
+            EXPECT_TRUE(IsGrey(grid, of.grey));
+            Key(VK_RIGHT);
+            EXPECT_FALSE(IsGrey(grid, of.grey));
+            Click(dialog, IDOK);
+        });
+    }
+    Attributes([&](HWND dialog) {
+        Click(dialog, kTextWidthTableRadio);
+        for (const int button : {kArrowChangeButton, kTextWidthChangeButton, kLineTypeChangeButton}) {
+            Click(dialog, button);
+            const HWND hub = Settle();
+            if (button == kLineTypeChangeButton) Click(hub, kLineTypesButton);
+            const HWND editor = Settle();
+            Key(VK_F8);
+            EXPECT_EQ(0u, Guidance(editor).find(L"plan.dxf：")) << button;
+            Click(editor, IDCANCEL);
+            if (hub != editor) Click(hub, IDCANCEL);
+        }
+        Click(dialog, IDCANCEL);
+    });
+}
+
+TEST_F(ImportTables, ADrawingThatIsNotNamedIsAskedFor) {
+    Write(L"DXF\\plan.dxf", Drawing("0 LINE/8 z/6 NEW/"));
+    Write(L"DXF\\plan.dwg", "AC1015" + std::string(100, '\0'));
+    for (const char* named : {"", "C:/gone/plan.dxf"}) {
+        drawing = named;
+        Edit(kLineTypes, false, [&](HWND dialog, const Grid& grid) {
+            const auto opened = AllRows(grid);
+            const auto choose = [&](const wchar_t* name, int button) {
+                Key(VK_F8);
+                const HWND chooser = Settle();
+                SendMessageW(kiro::drive::Control(chooser, kChooserName), WM_SETTEXT, 0,
+                             reinterpret_cast<LPARAM>(name));
+                Click(chooser, button);
+            };
+            choose(L"plan.dxf", IDCANCEL);
+            choose(L"plan.dwg", IDOK);
+            const Box box = ReadBox();
+            EXPECT_NE(std::wstring::npos, box.text.find(L"plan.dwg\n\nDWGファイルの読込みには対応していません。"));
+            EXPECT_EQ(L"線種割当て", box.caption);
+            Answer(box, IDOK);
+            EXPECT_EQ(opened, AllRows(grid));
+            EXPECT_EQ(kGrid, FocusId());
+            choose(L"plan.dxf", IDOK);
+            EXPECT_EQ(L"NEW", grid.Cell(static_cast<int>(opened.size()), 1));
+            Click(dialog, IDOK);
+        });
+    }
 }
 
 TEST_F(ImportTables, KeysAreListed) {

@@ -47,6 +47,7 @@ class Import : public ImportDialog {
 TEST_F(Import, LeadsThroughAllWindows) {
     KiroHostSetModified(true);
     WriteTable(kLayerFile, "LAYER 壁 = 5\n");
+    Write(L"DXF\\used.dxf", "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n柱\n0\nENDSEC\n0\nEOF\n");
     record.params.colorConversion = 0;
     WriteFixedText(input.layerTableFileName, "\xC9\xBD");  // EUC for 表
     Confirm([&](HWND dialog) {
@@ -61,6 +62,7 @@ TEST_F(Import, LeadsThroughAllWindows) {
             EXPECT_EQ(dialog, Settle());
             EXPECT_STREQ("\xC9\xBD", input.layerTableFileName);
         }
+        GiveName(dialog, L"used.dxf");
         Click(dialog, kAttributesButton);
         const HWND attributes = Settle();
         Click(attributes, kColorTableRadio);
@@ -72,6 +74,8 @@ TEST_F(Import, LeadsThroughAllWindows) {
             EXPECT_EQ(L"壁", grid.Cell(1, 1));
             grid.Click(1, 2);
             grid.Write(L"7");
+            Key(VK_F8);  // from the drawing that is named
+            EXPECT_EQ(L"柱", grid.Cell(2, 1));
             Click(editor, IDOK);
             EXPECT_EQ(hub, Settle());
             Click(hub, IDOK);

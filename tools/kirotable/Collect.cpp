@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <ctime>
 #include <set>
-#include <unordered_set>
 
 #include "Commands.h"
 #include "Comparison.h"
@@ -67,22 +66,29 @@ struct Additions {
 };
 
 Additions AdditionsFor(const NameRole& role, const NameRows& rows, const std::vector<drawing::UsedName>& used) {
+    using Fit = drawing::MissingName::Fit;
     Additions add;
     // The first LINE-TYPE of a file takes the place of the default line types: these are to stay.
     const bool defaults =
         std::all_of(rows.All().begin(), rows.All().end(), [](const TableRow& row) { return row.line == 0; });
     FreeNumbers numbers(role, rows);
-    std::unordered_set<std::string> added;
-    for (const drawing::UsedName& one : used) {
-        const std::string name = drawing::NameInTable(one.name), shown = cli::FromCp932(one.name);
-        if (rows.Find(name) || !added.insert(drawing::KeyInTable(name)).second) continue;
-        const bool bad = name.empty() || name.find_first_of(std::string(role.separator) + "\t\x1a") != name.npos;
-        if (bad || name.size() > rows.LongestName())
-            add.left.push_back(shown + (bad ? ": テーブルに書けない文字があります" : ": 長すぎます"));
-        else if (rows.All().size() + add.count >= role.most)
-            add.left.push_back(shown + ": テーブルに入りきりません");
-        else
-            add.text += Record(role, rows.Keyword(), name, numbers), ++add.count;
+    const std::size_t room = role.most - std::min(role.most, rows.All().size());
+    for (const drawing::MissingName& name : rows.Names().Missing(used, {role.separator, rows.LongestName(), room})) {
+        const std::string shown = cli::FromCp932(name.used->name);
+        switch (name.fit) {
+            case Fit::kUnwritable:
+                add.left.push_back(shown + ": テーブルに書けない文字があります");
+                break;
+            case Fit::kTooLong:
+                add.left.push_back(shown + ": 長すぎます");
+                break;
+            case Fit::kNoRoom:
+                add.left.push_back(shown + ": テーブルに入りきりません");
+                break;
+            case Fit::kFits:
+                add.text += Record(role, rows.Keyword(), name.text, numbers), ++add.count;
+                break;
+        }
     }
     if (add.count == 0 || role.names != NameKind::kLineType || !defaults) return add;
     std::string kept;

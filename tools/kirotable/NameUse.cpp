@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <unordered_set>
 
 #include "dxfin_tables/DxfInArrowTable.h"
 #include "dxfin_tables/DxfInLayerTable.h"
@@ -25,11 +24,8 @@ constexpr NameRole kRoles[] = {
     {"dxfin-style", NameKind::kTextStyle, "styles", "STYLE", kDxfInLongestStyle, kDxfInStyles, ",", "文字スタイル"},
     {"dxfin-arrow", NameKind::kArrow, "arrows", "ARROW", kDxfInLongestArrow, kDxfInArrows, "=", "矢印"},
 };
-constexpr std::string_view kOther = "OTHER";
 
 std::string FromEuc(std::string_view text) { return kirobc::EucToSjis(text); }
-
-bool HasDefault(const NameRole& role) { return role.names == NameKind::kLayer || role.names == NameKind::kArrow; }
 
 }  // namespace
 
@@ -55,31 +51,24 @@ NameRows::NameRows(const NameRole& role, const Reading& reading)
         const auto line = reading.lines.find(RecordKey(keyword_, cli::ToCp932(row[0].text)));
         rows_.push_back({&row, line == reading.lines.end() ? 0 : line->second});
     }
-    for (const TableRow& row : rows_) {
-        const std::string& text = (*row.values)[0].text;
-        byKey_.emplace(drawing::KeyInTable(cli::ToCp932(text)), &row);
-        if (HasDefault(role) && text == kOther && !default_) default_ = &row;
-    }
+    std::vector<std::string> names;
+    for (const TableRow& row : rows_) names.push_back(cli::ToCp932((*row.values)[0].text));
+    names_.emplace(role.names, names);
 }
 
-const TableRow* NameRows::Find(std::string_view name) const {
-    const auto row = byKey_.find(drawing::KeyInTable(name));
-    return row == byKey_.end() ? nullptr : row->second;
-}
+const TableRow* NameRows::Find(std::string_view name) const { return RowAt(names_->Find(name)); }
 
 NameCover CoverOf(const TableKind& kind, const NameRows& rows, const std::vector<drawing::UsedName>& used) {
     NameCover cover = {&kind, &rows.Rows(), {}, {}};
-    std::unordered_set<const TableRow*> found;
     for (const drawing::UsedName& name : used) {
         const TableRow* row = rows.Find(name.name);
         const bool byDefault = !row || row == rows.Default();
         if (byDefault) row = rows.Default();
         cover.notCovered += byDefault;
-        found.insert(row);
         cover.names.push_back({cli::FromCp932(name.name), name.count, row, byDefault});
     }
-    for (const TableRow& row : rows.All())
-        if (row.line > 0 && &row != rows.Default() && !found.contains(&row)) cover.unused.push_back(&row);
+    for (const std::size_t row : rows.Names().Unused(used))
+        if (rows.All()[row].line > 0) cover.unused.push_back(&rows.All()[row]);
     return cover;
 }
 

@@ -2,12 +2,13 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "Reading.h"
-#include "drawing/UsedNames.h"
+#include "drawing/TableNames.h"
 
 namespace kirotable {
 
@@ -36,20 +37,22 @@ class NameRows {
     NameRows& operator=(const NameRows&) = delete;
 
     const TableRow* Find(std::string_view name) const;  // null: none; of several the first
-    const TableRow* Default() const { return default_; }
+    const TableRow* Default() const { return RowAt(names_->Default()); }
+    const drawing::TableNames& Names() const { return *names_; }
     const Section& Rows() const { return *section_; }
     std::string_view Keyword() const { return keyword_; }
     std::size_t LongestName() const { return longest_; }
     const std::vector<TableRow>& All() const { return rows_; }
 
   private:
+    const TableRow* RowAt(std::optional<std::size_t> row) const { return row ? &rows_[*row] : nullptr; }
+
     TableView view_;
     const Section* section_ = nullptr;
     std::string_view keyword_;
     std::size_t longest_;
     std::vector<TableRow> rows_;
-    std::unordered_map<std::string, const TableRow*> byKey_;
-    const TableRow* default_ = nullptr;
+    std::optional<drawing::TableNames> names_;
 };
 
 struct NameCover {
