@@ -29,11 +29,11 @@ struct DialogFigures {
     int openings;      // of which that is the median
     int leakTimes;     // how often it is opened in search of what it leaves behind
 };
-constexpr DialogFigures kSimple{1.3, 100, 1000};
-constexpr DialogFigures kSlower{1.5, 50, 200};  // many controls, or a file that is read
+constexpr DialogFigures kSimple{1.2, 100, 1000};
+constexpr DialogFigures kSlower{1.4, 50, 200};  // many controls, or a file that is read
 constexpr DialogFigures kForms{1.2, 100, 200};  // long lists and many fields, but nothing to read
 // The bare grid has no guidance line, and neither marks, lines nor a current cell.
-constexpr DialogFigures kHasGrid{3.5, 30, 200};
+constexpr DialogFigures kHasGrid{2.5, 30, 200};
 
 struct CatalogueDialog {
     const char* name;
