@@ -67,6 +67,8 @@ bool KrListControlImpl::Drag(UINT message, POINT point) {
     if (message == WM_MOUSEMOVE && IsKeyDown(VK_LBUTTON)) {
         ExtendWithMouse(point);
     } else {
+        // Of quick moves only the last position may be told, and that with the release.
+        if (message == WM_LBUTTONUP) ExtendWithMouse(point);
         dragging_ = false;
         dragged_ = message == WM_LBUTTONUP;
         if (GetCapture() == view_.List()) ReleaseCapture();
