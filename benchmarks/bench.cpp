@@ -27,7 +27,7 @@ using namespace kiro::drive;
 namespace {
 
 constexpr int kExplanations = 1000;
-constexpr double kDllLimit = 1.5 * 1024 * 1024;
+constexpr double kDllLimit = 1.2e6;
 constexpr std::size_t kLargeFile = std::size_t{300} << 20;
 constexpr std::size_t kSmallFile = 5 << 10;
 

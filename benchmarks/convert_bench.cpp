@@ -123,7 +123,7 @@ class Bench {
     }
     void ReadBare() const {
         Source source(bytes_);
-        static DxfReader reader;
+        static DxfReader reader(ShortestReal);
         Require(reader.Open(source), "the drawing is not opened");
         while (reader.ReadLine() && reader.LineAsCode() >= 0) reader.ReadLine();
     }
@@ -136,7 +136,7 @@ class Bench {
     void Copy() const {
         Source source(bytes_);
         Nowhere sink;
-        static drawing::DrawingPairs pairs;
+        static drawing::DrawingPairs pairs(ShortestReal);
         DxfWriter writer(sink, false);
         Require(pairs.Open(source) == 0, "the drawing is not opened");
         while (pairs.Next()) writer.Put(pairs.Code(), pairs.Text());

@@ -98,7 +98,7 @@ void FindNames(std::string_view items, std::size_t size) {
 
 void ReadOnly(std::string_view items, std::size_t size) {
     LargeDrawing drawing(items, size);
-    const auto reader = std::make_unique<DxfReader>();
+    const auto reader = std::make_unique<DxfReader>(nullptr);
     std::size_t records = 0;
     if (!reader->OpenText(drawing)) throw std::runtime_error("the drawing cannot be opened");
     while (reader->ReadLine()) {

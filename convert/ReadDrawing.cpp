@@ -80,7 +80,7 @@ class Reader {
     ModelContent& content_;
     Summary& summary_;
     ImportMapping mapping_;
-    drawing::DrawingPairs pairs_;
+    drawing::DrawingPairs pairs_{ShortestReal};
     Names<Layer> layers_{content_.layers, content_.encoding};
     Names<LineType> lineTypes_{content_.lineTypes, content_.encoding};
     Names<Entry> styles_{content_.styles, content_.encoding};

@@ -11,6 +11,8 @@ namespace drawing {
 
 class DrawingPairs {
   public:
+    explicit DrawingPairs(RealText realText) : reader_(realText) {}  // as DxfReader takes it
+
     Result Open(ByteSource& source);  // the source must outlive this
     bool Next();                      // false after "EOF" and on an error
     Result Error() const { return error_; }

@@ -141,15 +141,15 @@ bool DxfReader::ReadValue(int code) {
         case ValueKind::kText:
             return ReadString();
         case ValueKind::kBool:
-            return ReadNumber<std::uint8_t>();
+            return ReadInteger<std::uint8_t>();
         case ValueKind::kInt16:
-            return ReadNumber<std::int16_t>();
+            return ReadInteger<std::int16_t>();
         case ValueKind::kInt32:
-            return ReadNumber<std::int32_t>();
+            return ReadInteger<std::int32_t>();
         case ValueKind::kInt64:
-            return ReadNumber<std::int64_t>();
+            return ReadInteger<std::int64_t>();
         case ValueKind::kDouble:
-            return ReadNumber<double>();
+            return ReadReal();
         case ValueKind::kChunk:
             return ReadChunk();
         case ValueKind::kUnknown:
@@ -196,11 +196,19 @@ bool DxfReader::Take(T& value) {
 }
 
 template <class T>
-bool DxfReader::ReadNumber() {
+bool DxfReader::ReadInteger() {
     T value = 0;
     if (!Take(value)) return false;
-    char digits[32];  // the shortest form of a double has at most 24 characters
+    char digits[24];  // the longest, of eight bytes, has twenty characters
     const auto [end, error] = std::to_chars(digits, digits + sizeof digits, value);
     text_.Append({digits, static_cast<std::size_t>(end - digits)});
     return error == std::errc();
+}
+
+bool DxfReader::ReadReal() {
+    double value = 0;
+    if (!Take(value)) return false;
+    char digits[kRealTextSize];
+    if (realText_) text_.Append({digits, realText_(value, digits)});
+    return true;
 }

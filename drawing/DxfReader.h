@@ -2,6 +2,7 @@
 // for every file; no byte of a file is trusted.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 #include "drawing/BufferedInput.h"
@@ -15,8 +16,18 @@ struct DxfStart {
 };
 DxfStart ExamineDxfStart(std::string_view start);
 
+// Writes a real number as text to out, which has room for kRealTextSize characters; gives their count.
+inline constexpr std::size_t kRealTextSize = 32;
+using RealText = std::size_t (*)(double value, char* out);
+// The shortest text that reads as the same number (at most 24 characters). The tables it needs have 150 KB: whoever
+// does not look at reals does without it.
+std::size_t ShortestReal(double value, char* out);
+
 class DxfReader {
   public:
+    // realText: makes the values of a binary file that are reals; null: those have an empty text.
+    explicit DxfReader(RealText realText) : realText_(realText) {}
+
     // A source stays the caller's and must live until Close. False when the source cannot be read, or is not binary DXF
     // where it should be; nothing is open then.
     bool OpenText(ByteSource& source);
@@ -49,8 +60,10 @@ class DxfReader {
     template <class T>
     bool Take(T& value);
     template <class T>
-    bool ReadNumber();
+    bool ReadInteger();
+    bool ReadReal();
 
+    const RealText realText_;
     Kind kind_ = Kind::kNone;
     bool wideCodes_ = false;
     bool afterCr_ = false;  // the last line ended with a CR, to which an LF may belong

@@ -54,7 +54,7 @@ class UseReader {
     void AddArrows(const ArrowUse& use, std::size_t count, NameCounts<>& blocks) const;
 
     const NameConversion& conversion_;
-    DrawingPairs pairs_;
+    DrawingPairs pairs_{nullptr};  // no name is a real
     bool utf8_ = false;
     Section section_ = Section::kOutside;
     Record record_ = Record::kNone;

@@ -2,7 +2,11 @@
 
 #include <algorithm>
 #include <charconv>
+#include <clocale>
+#include <cstdio>
+#include <cstring>
 #include <iterator>
+#include <span>
 
 namespace {
 
@@ -11,6 +15,20 @@ int TakeNumber(std::string_view& format, int missing) {
     const auto [end, error] = std::from_chars(format.data(), format.data() + format.size(), missing);
     format.remove_prefix(static_cast<std::size_t>(end - format.data()));
     return missing;
+}
+
+// The C library's printing in the place of to_chars, whose tables for reals are an eighth of the library; only what the
+// host's locale has for a point has to be undone. Gives the count of characters.
+std::size_t WriteReal(std::span<char> out, double value, int precision) {
+    const int count = precision < 0 ? std::snprintf(out.data(), out.size(), "%g", value)
+                                    : std::snprintf(out.data(), out.size(), "%.*f", precision, value);
+    const std::size_t size = std::min(static_cast<std::size_t>(std::max(count, 0)), out.size() - 1);
+    const std::string_view point = std::localeconv()->decimal_point;
+    const std::size_t at = point == "." ? std::string_view::npos : std::string_view(out.data(), size).find(point);
+    if (at == std::string_view::npos) return size;
+    out[at] = '.';
+    std::memmove(&out[at + 1], &out[at + point.size()], size - at - point.size());
+    return size - point.size() + 1;
 }
 
 }  // namespace
@@ -23,14 +41,9 @@ void FormatArgument::Append(std::string& out, std::size_t width, int precision) 
     }
     char digits[400];  // the largest double has 309 digits before the point
     char* const limit = digits + sizeof digits;
-    std::to_chars_result result;
-    if (kind_ == Kind::kInteger)
-        result = std::to_chars(digits, limit, integer_);
-    else if (precision < 0)
-        result = std::to_chars(digits, limit, real_, std::chars_format::general, 6);
-    else
-        result = std::to_chars(digits, limit, real_, std::chars_format::fixed, precision);
-    const auto size = static_cast<std::size_t>(result.ptr - digits);
+    const std::size_t size = kind_ == Kind::kInteger
+                                 ? static_cast<std::size_t>(std::to_chars(digits, limit, integer_).ptr - digits)
+                                 : WriteReal({digits, sizeof digits}, real_, precision);
     out.append(width > size ? width - size : 0, ' ').append(digits, size);
 }
 

@@ -32,7 +32,7 @@ constexpr int kFailure = -1;
 
 DxfInputBlock inputBlock = {0, 0};
 HostFile openFile;
-DxfReader reader;
+DxfReader reader(ShortestReal);
 
 int OpenWith(bool (DxfReader::*open)(ByteSource&), const char* path) {
     dxfxxclos();

@@ -1,7 +1,9 @@
 // The window layer under the dialogs, on a template of this program's own.
+#include <clocale>
 #include <new>
 
 #include "tests/dialogs/TestHost.h"
+#include "text/TextFormat.h"
 #include "ui/Dialog.h"
 #include "ui/MessageBoxes.h"
 #include "ui/RadioGroup.h"
@@ -167,6 +169,16 @@ TEST_F(Ui, QuitAndADestroyedOwnerCancel) {
                                 DestroyWindow(owner);
                                 dialog.End(IDOK);
                             }));
+}
+
+// A host program may have set the locale of the C library that all in the process use.
+TEST(TextFormat, TheHostsLocaleDoesNotMoveThePoint) {
+    ASSERT_TRUE(std::setlocale(LC_NUMERIC, "German_Germany"));
+    const std::string comma = std::localeconv()->decimal_point;
+    const std::string text = Formatted("%g %8.2f %g", 1.5, -2.25, 1e-7);
+    std::setlocale(LC_NUMERIC, "C");
+    ASSERT_EQ(",", comma);
+    EXPECT_EQ("1.5    -2.25 1e-07", text);
 }
 
 TEST_F(Ui, TextIsNeverBentToFitTheCodePage) {

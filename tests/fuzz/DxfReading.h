@@ -59,7 +59,7 @@ inline std::string TakeText(const DxfReader& reader, int size) {
 
 // Every line of a text file or every pair of a binary one, with what must hold for any input.
 inline std::vector<DxfItem> ReadAll(MemorySource& source, bool binary) {
-    static DxfReader reader;
+    static DxfReader reader(ShortestReal);
     std::vector<DxfItem> items;
     if (!(binary ? reader.OpenBinary(source) : reader.OpenText(source))) return items;
     for (;;) {

@@ -85,7 +85,7 @@ std::vector<std::string> Items(const std::string& bytes, const std::string& sect
                                const std::vector<int>& wanted = {}) {
     std::vector<std::string> items;
     MemorySource source(bytes);
-    drawing::DrawingPairs pairs;
+    drawing::DrawingPairs pairs(ShortestReal);
     EXPECT_EQ(pairs.Open(source), 0);
     bool inside = false;
     while (pairs.Next()) {

@@ -75,7 +75,7 @@ TEST(DxfText, LinesOfAnyLength) {
     constexpr int kLong = 10'000'000;
     const std::string file = std::string(kLong, 'a') + "\r\n" + std::string(5000, '0') + "\n7";
     MemorySource source(file);
-    static DxfReader reader;
+    static DxfReader reader(ShortestReal);
     ASSERT_TRUE(reader.OpenText(source));
     EXPECT_LE(source.Taken(), 8192u) << "the start of a huge file costs little";
     ASSERT_TRUE(reader.ReadLine());
@@ -127,7 +127,7 @@ TEST_P(DxfBinary, TheStartTellsTheForm) {
 }
 
 TEST(DxfReading, OnlyTheRightKindIsRead) {
-    static DxfReader reader;
+    static DxfReader reader(ShortestReal);
     const std::string text = "0\nSECTION\n";
     MemorySource asText(text), noBinary(text), broken(text, {}, 0), halfMark(std::string_view(kMark).substr(0, 21));
     EXPECT_FALSE(reader.OpenBinary(noBinary));
