@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <utility>
 
 namespace {
 
@@ -47,9 +48,9 @@ LRESULT CALLBACK DrawGrids(HWND dialog, UINT message, WPARAM wParam, LPARAM lPar
         if (grid.id != static_cast<int>(wParam) || draw.itemID >= grid.shown.size()) continue;
         FillRect(draw.hDC, &draw.rcItem, GetSysColorBrush(COLOR_WINDOW));
         RECT cell = draw.rcItem;
-        const int width = static_cast<int>(cell.right - cell.left) / (std::max)(grid.columns, 1);
-        for (const std::wstring& text : grid.shown[draw.itemID]) {
-            cell.right = cell.left + width;
+        for (std::size_t column = 0; column < grid.columns.size(); ++column) {
+            const std::wstring& text = grid.shown[draw.itemID][column];
+            cell.right = cell.left + grid.columns[column].width;
             DrawTextW(draw.hDC, text.c_str(), -1, &cell, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
             cell.left = cell.right;
         }
@@ -57,20 +58,39 @@ LRESULT CALLBACK DrawGrids(HWND dialog, UINT message, WPARAM wParam, LPARAM lPar
     return TRUE;
 }
 
-void FillGrid(HWND list, const BareContents::Grid& size) {
-    RECT client{};
-    GetClientRect(list, &client);
-    const int width = static_cast<int>(client.right) / (std::max)(size.columns, 1);
-    wchar_t title[] = L"番号";
-    for (int i = 0; i < size.columns; ++i) {
+std::vector<BareContents::Column> ColumnsOf(HWND list) {
+    const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+    std::vector<BareContents::Column> columns(static_cast<std::size_t>(SendMessageW(header, HDM_GETITEMCOUNT, 0, 0)));
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        wchar_t title[260] = L"";
+        LVCOLUMNW column{};
+        column.mask = LVCF_TEXT | LVCF_WIDTH;
+        column.pszText = title;
+        column.cchTextMax = 260;
+        SendMessageW(list, LVM_GETCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
+        columns[i] = {title, column.cx};
+    }
+    return columns;
+}
+
+int HeightOfRows(HWND list) {
+    RECT row{};
+    row.left = LVIR_BOUNDS;
+    return SendMessageW(list, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&row)) ? row.bottom - row.top : 0;
+}
+
+void FillGrid(HWND list, const BareContents::Grid& grid) {
+    SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, static_cast<LPARAM>(grid.style));
+    for (std::size_t i = 0; i < grid.columns.size(); ++i) {
+        std::wstring title = grid.columns[i].title;
         LVCOLUMNW column{};
         column.mask = LVCF_TEXT | LVCF_SUBITEM | LVCF_WIDTH;
-        column.pszText = title;
-        column.iSubItem = i;
-        column.cx = width;
-        SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&column));
+        column.pszText = title.data();
+        column.iSubItem = static_cast<int>(i);
+        column.cx = grid.columns[i].width;
+        SendMessageW(list, LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
     }
-    SendMessageW(list, LVM_SETITEMCOUNT, static_cast<WPARAM>(size.rows), 0);
+    SendMessageW(list, LVM_SETITEMCOUNT, static_cast<WPARAM>(grid.rows), 0);
 }
 
 }  // namespace
@@ -88,12 +108,19 @@ BareContents ReadContents(HWND dialog) {
             contents.edits.push_back({id, text});
         }
         if (!HasClass(child, L"SysListView32")) continue;
-        const auto header = reinterpret_cast<HWND>(SendMessageW(child, LVM_GETHEADER, 0, 0));
-        const int columns = static_cast<int>(SendMessageW(header, HDM_GETITEMCOUNT, 0, 0));
+        const auto style = static_cast<DWORD>(SendMessageW(child, LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0));
+        std::vector<BareContents::Column> columns = ColumnsOf(child);
         const int rows = static_cast<int>(SendMessageW(child, LVM_GETITEMCOUNT, 0, 0));
-        contents.grids.push_back({id, columns, rows, ShownRows(child, columns, rows)});
+        auto shown = ShownRows(child, static_cast<int>(columns.size()), rows);
+        contents.grids.push_back({id, style, HeightOfRows(child), std::move(columns), rows, std::move(shown)});
     }
     return contents;
+}
+
+int RowHeightOf(const BareContents& contents, int listId) {
+    for (const BareContents::Grid& grid : contents.grids)
+        if (grid.id == listId) return grid.rowHeight;
+    return 0;
 }
 
 void FillBare(HWND dialog, const BareContents& contents) {

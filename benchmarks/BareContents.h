@@ -12,9 +12,15 @@ struct BareContents {
         int id;
         std::vector<std::wstring> entries;
     };
+    struct Column {
+        std::wstring title;
+        int width;  // pixels
+    };
     struct Grid {
         int id;
-        int columns;
+        DWORD style;    // the list view's extended one
+        int rowHeight;  // pixels
+        std::vector<Column> columns;
         int rows;
         std::vector<std::vector<std::wstring>> shown;  // the texts of the first rows, as many as a page has
     };
@@ -30,4 +36,5 @@ struct BareContents {
 
 // On the dialog's own thread. The contents outlive the bare dialog, whose grids draw their texts from them.
 BareContents ReadContents(HWND dialog);
+int RowHeightOf(const BareContents& contents, int listId);  // 0: no grid
 void FillBare(HWND dialog, const BareContents& contents);

@@ -90,7 +90,9 @@ void BenchHost::Play(const std::function<void()>& call, const Work& work) {
     if (std::exchange(work_, nullptr)) throw kiro::drive::Failure("no dialog was shown");
 }
 
-void BenchHost::OpenBare(int templateId, const Work& fill) const {
+void BenchHost::OpenBare(int templateId, const BareContents& contents) const {
     const Style style(*this);
-    kiro::drive::OpenBareDialog(library_, templateId, owner_, fill);
+    kiro::drive::OpenBareDialog(
+        library_, templateId, owner_, [&](HWND dialog) { FillBare(dialog, contents); },
+        [&](int listId) { return RowHeightOf(contents, listId); });
 }

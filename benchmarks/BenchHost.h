@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <functional>
 
+#include "benchmarks/BareContents.h"
+
 class BenchHost {
   public:
     BenchHost();
@@ -50,8 +52,8 @@ class BenchHost {
     using Work = std::function<void(HWND dialog)>;
     void Play(const std::function<void()>& call, const Work& work);
 
-    // A template of the library and nothing else, but what fill puts into its controls.
-    void OpenBare(int templateId, const Work& fill = nullptr) const;
+    // A template of the library and nothing else, but the contents in its controls.
+    void OpenBare(int templateId, const BareContents& contents) const;
 
   private:
     static LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

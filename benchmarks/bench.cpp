@@ -1,5 +1,5 @@
-// bench [TIMES [DIALOG]]: the figures that the dialogs are held to. TIMES: how often each dialog is opened and closed in
-// search of leaks (0, or nothing: each as often as the catalogue says). DIALOG: those of one of the catalogue alone.
+// bench [TIMES [DIALOG]]: the figures that the dialogs are held to. TIMES: how often each dialog is opened and closed
+// in search of leaks (0, or nothing: each as often as the catalogue says). DIALOG: those of one of the catalogue alone.
 #include <windows.h>
 
 #include <algorithm>
@@ -47,7 +47,7 @@ class Bench {
             if (dialog.templateId) host_.Play(run, [&](HWND window) { contents = ReadContents(window); });
             const auto bare = [&] {
                 if (!dialog.templateId) return TellBare();
-                host_.OpenBare(dialog.templateId, [&](HWND window) { FillBare(window, contents); });
+                host_.OpenBare(dialog.templateId, contents);
             };
             const BenchHost::AutoClose closing(host_);
             if (dialog.templateId)

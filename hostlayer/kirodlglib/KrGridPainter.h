@@ -12,6 +12,8 @@
 struct GridPicture {
     HFONT font = nullptr;
     std::vector<int> widths;  // of the columns, in pixels
+    LONG left = 0;            // of all rows
+    LONG right = 0;
     GridPlace current;
     GridArea selected;  // with the current cell; shown when it is more than that
     GridPlace start;    // where the first key would go while there is no current cell

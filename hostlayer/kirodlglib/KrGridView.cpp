@@ -8,7 +8,8 @@ namespace {
 
 constexpr int kRowMargin = 8;  // of a row's height beside its line of text, so that a combo fits in
 constexpr int kLeastWidth = 16;
-constexpr int kTitleMargin = 16;  // at both sides of a title
+constexpr int kTitleMargin = 16;                   // at both sides of a title
+constexpr UINT kNoClientChange = 0x0800 | 0x1000;  // SWP_NOCLIENTSIZE, SWP_NOCLIENTMOVE: in no header, but in messages
 
 int Scaled(HWND window, int pixels) {
     const HDC dc = GetDC(window);
@@ -35,11 +36,11 @@ KrGridView::Still::~Still() {
 
 void KrGridView::Attach(HWND list) {
     list_ = list;
-    const Still still(*this);
     // So that painting the rows leaves an open editor alone.
     SetWindowLongPtrW(list, GWL_STYLE, GetWindowLongPtrW(list, GWL_STYLE) | WS_CLIPCHILDREN);
     Send(LVM_SETUNICODEFORMAT, TRUE);
     SetExtendedStyle(LVS_EX_FULLROWSELECT);  // or a click would count in the first column only
+    Measure();
 }
 
 void KrGridView::SetExtendedStyle(DWORD style) const {
@@ -50,68 +51,80 @@ void KrGridView::SetExtendedStyle(DWORD style) const {
 // ---- Columns and rows ----
 
 void KrGridView::Start() {
-    const bool again = !shares_.empty() && shares_.size() == static_cast<std::size_t>(rows_.Columns());
-    shares_.assign(static_cast<std::size_t>(rows_.Columns()), 0.0);
-    if (!starting_) starting_.emplace(*this);
-    if (!again) {
-        MakeColumns();
-        Measure();  // the header has its height by now
-    }
+    const auto count = static_cast<std::size_t>(rows_.Columns());
+    toMake_ = toMake_ || count == 0 || columns_.size() != count;
+    columns_.resize(count);
+    for (Column& column : columns_) column.share = 0;
     RowsChanged();
 }
 
-void KrGridView::MakeColumns() const {
+// The list view lays everything out anew for each thing that it is told: it gets the columns when they are all known.
+void KrGridView::MakeColumns() {
+    toMake_ = toFit_ = false;
+    const Still still(*this);
     while (Send(LVM_DELETECOLUMN, 0)) continue;
-    for (int column = 0; column < rows_.Columns(); ++column) {
-        wchar_t title[] = L"";
+    const std::vector<int> widths = WidthsFor(fitted_ = WidthForColumns());
+    for (std::size_t column = 0; column < columns_.size(); ++column) {
         LVCOLUMNW description{};
         description.mask = LVCF_TEXT | LVCF_SUBITEM | LVCF_WIDTH;
-        description.pszText = title;
-        description.iSubItem = column;
-        SendTo(LVM_INSERTCOLUMNW, static_cast<WPARAM>(column), &description);
+        description.pszText = columns_[column].title.data();
+        description.iSubItem = static_cast<int>(column);
+        description.cx = widths[column];
+        SendTo(LVM_INSERTCOLUMNW, column, &description);
     }
+    CountRows();
 }
 
-void KrGridView::SetColumn(int column, const std::wstring& title, double share) {
-    std::wstring text = title;
-    LVCOLUMNW description{};
-    description.mask = LVCF_TEXT;
-    description.pszText = text.data();
-    const Still still(*this);
-    const bool first = Share(column) <= 0;
-    Share(column) = share;
-    SendTo(LVM_SETCOLUMNW, static_cast<WPARAM>(column), &description);
-    // While the columns get their shares one after the other, the last one decides: the list view lays everything out
-    // anew for every width.
-    toFit_ = first && column + 1 < rows_.Columns() && Share(rows_.Columns() - 1) <= 0;
-    if (toFit_) return;
+void KrGridView::SetColumn(int at, const std::wstring& title, double share) {
+    Column& column = columns_[static_cast<std::size_t>(at)];
+    const bool first = column.share <= 0;
+    column.share = share;
+    if (column.title != title) {
+        column.title = title;
+        LVCOLUMNW description{};
+        description.mask = LVCF_TEXT;
+        description.pszText = column.title.data();
+        if (!toMake_) SendTo(LVM_SETCOLUMNW, static_cast<WPARAM>(at), &description);
+    }
+    // While the columns get their shares one after the other, the last one decides.
+    toFit_ = first && at + 1 < rows_.Columns() && columns_.back().share <= 0;
+    if (!toFit_) Settle();
+}
+
+void KrGridView::Settle() {
+    if (toMake_) return MakeColumns();
     FitColumns();
-    starting_.reset();
+}
+
+void KrGridView::CountRows() const {
+    Send(LVM_SETITEMCOUNT, static_cast<WPARAM>(rows_.Rows()), LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
 }
 
 // In the order in which no horizontal scroll bar comes for a moment.
 void KrGridView::RowsChanged() {
+    if (toMake_) return;
     const Still still(*this);
     const bool wider = WidthForColumns() > fitted_;
     if (!wider) FitColumns();
-    Send(LVM_SETITEMCOUNT, static_cast<WPARAM>(rows_.Rows()), LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
+    CountRows();
     if (wider) FitColumns();
     RepaintAll();
 }
 
 // A list view that draws nothing itself asks the dialog for its row height before the dialog can know of the grid, and
-// asks again when its size changes.
+// asks again when it is told that its size has changed.
 void KrGridView::Measure() const {
     RECT area{};
     GetWindowRect(list_, &area);
-    constexpr UINT kSizeOnly = SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW;
-    const int width = area.right - area.left;
-    const int height = area.bottom - area.top;
-    SetWindowPos(list_, nullptr, 0, 0, width, height + 1, kSizeOnly);
-    SetWindowPos(list_, nullptr, 0, 0, width, height, kSizeOnly);
+    WINDOWPOS place{};
+    place.hwnd = list_;
+    place.cx = area.right - area.left;
+    place.cy = area.bottom - area.top;
+    place.flags = SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER | kNoClientChange;
+    SendTo(WM_WINDOWPOSCHANGED, 0, &place);
 }
 
-int KrGridView::RowHeight() const {
+int KrGridView::MeasureRow() {
     const HDC dc = GetDC(list_);
     const HGDIOBJ font = SelectObject(dc, reinterpret_cast<HFONT>(Send(WM_GETFONT)));
     TEXTMETRICW metric{};
@@ -121,7 +134,7 @@ int KrGridView::RowHeight() const {
     // A little more, so that the last row that fits ends where the list view does.
     const int least = metric.tmHeight + Scaled(list_, kRowMargin);
     const int room = RoomForRows();
-    return room > least ? room / (room / least) : least;
+    return rowHeight_ = room > least ? room / (room / least) : least;
 }
 
 // The height inside the list view below the header, without a horizontal scroll bar.
@@ -129,9 +142,14 @@ int KrGridView::RoomForRows() const {
     RECT client{};
     GetClientRect(list_, &client);
     if (GetWindowLongPtrW(list_, GWL_STYLE) & WS_HSCROLL) client.bottom += GetSystemMetrics(SM_CYHSCROLL);
-    RECT header{};
-    if (const auto window = reinterpret_cast<HWND>(Send(LVM_GETHEADER))) GetWindowRect(window, &header);
-    return client.bottom - (header.bottom - header.top);
+    if (GetWindowLongPtrW(list_, GWL_STYLE) & LVS_NOCOLUMNHEADER) return client.bottom;
+    // Asked for and not looked at: without columns the header may have no size yet.
+    RECT room = client;
+    WINDOWPOS header{};
+    HDLAYOUT layout{&room, &header};
+    if (const auto window = reinterpret_cast<HWND>(Send(LVM_GETHEADER)))
+        SendMessageW(window, HDM_LAYOUT, 0, reinterpret_cast<LPARAM>(&layout));
+    return client.bottom - header.cy;
 }
 
 // The room inside the list view, less a vertical scroll bar when the rows need one.
@@ -140,30 +158,40 @@ int KrGridView::WidthForColumns() const {
     GetClientRect(list_, &client);
     const auto style = GetWindowLongPtrW(list_, GWL_STYLE);
     if (style & WS_VSCROLL) client.right += GetSystemMetrics(SM_CXVSCROLL);
-    const RECT first = RectAt(0);
-    const int height = first.bottom > first.top ? static_cast<int>(first.bottom - first.top) : RowHeight();
-    return client.right - (rows_.Rows() > RoomForRows() / height ? GetSystemMetrics(SM_CXVSCROLL) : 0);
+    const bool scrolls = rows_.Rows() > RoomForRows() / std::max(rowHeight_, 1);
+    return client.right - (scrolls ? GetSystemMetrics(SM_CXVSCROLL) : 0);
 }
 
 int KrGridView::RowsOnPage() const { return static_cast<int>(Send(LVM_GETCOUNTPERPAGE)); }
 
 // Every column gets its share; the ends are rounded, not the widths, so that no pixel is left over.
-void KrGridView::FitColumns() {
-    if (!list_ || fitting_) return;
-    fitting_ = true;
-    toFit_ = false;
-    laidOut_.reset();
-    const Still still(*this);
-    const int width = fitted_ = WidthForColumns();
-    const double sum = std::accumulate(shares_.begin(), shares_.end(), 0.0);
+std::vector<int> KrGridView::WidthsFor(int width) const {
+    double sum = 0;
+    for (const Column& column : columns_) sum += column.share;
+    std::vector<int> widths;
     double shares = 0;
     int left = 0;
-    for (int column = 0; column < rows_.Columns() && sum > 0; ++column) {
-        shares += Share(column);
-        const int right = static_cast<int>(std::lround(width * (shares / sum)));
-        if (ColumnWidth(column) != right - left)
-            Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(right - left, 0));
+    for (const Column& column : columns_) {
+        shares += column.share;
+        const int right = sum > 0 ? static_cast<int>(std::lround(width * (shares / sum))) : 0;
+        widths.push_back(right - left);
         left = right;
+    }
+    return widths;
+}
+
+void KrGridView::FitColumns() {
+    if (!list_ || fitting_ || toMake_) return;
+    fitting_ = true;
+    toFit_ = false;
+    picture_.reset();
+    const std::vector<int> widths = WidthsFor(fitted_ = WidthForColumns());
+    std::optional<Still> still;
+    for (int column = 0; column < rows_.Columns(); ++column) {
+        const int width = widths[static_cast<std::size_t>(column)];
+        if (ColumnWidth(column) == width || !AnyShare()) continue;
+        if (!still) still.emplace(*this);
+        Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(width, 0));
     }
     fitting_ = false;
 }
@@ -264,8 +292,7 @@ void KrGridView::Repaint(int row) const {
 }
 
 void KrGridView::RepaintAll() {
-    if (toFit_) FitColumns();  // no further column has come
-    starting_.reset();
+    if (toMake_ || toFit_) Settle();  // no further column comes
     if (list_) InvalidateRect(list_, nullptr, TRUE);
 }
 
@@ -281,20 +308,15 @@ void KrGridView::ShowSorting(int column, bool descending) const {
     }
 }
 
-KrGridView::Layout KrGridView::LayoutAt(int index) const {
-    if (laidOut_ && !laidOut_->widths.empty()) return *laidOut_;
-    const RECT area = RectAt(index);
-    Layout layout{{}, area.left, area.right};
-    for (int column = 0; column < rows_.Columns(); ++column) layout.widths.push_back(ColumnWidth(column));
-    if (laidOut_) laidOut_ = layout;
-    return layout;
-}
-
-void KrGridView::Draw(const DRAWITEMSTRUCT& request, GridPlace current, const GridArea& selected, bool editing,
-                      bool focused) const {
-    if (!list_ || request.hwndItem != list_) return;
+GridPicture KrGridView::PictureAt(int index, GridPlace current, const GridArea& selected, bool editing,
+                                  bool focused) const {
     GridPicture picture;
     picture.font = reinterpret_cast<HFONT>(Send(WM_GETFONT));
+    for (int column = 0; column < rows_.Columns(); ++column) picture.widths.push_back(ColumnWidth(column));
+    // A request's rectangle may leave out what the list view keeps free for an icon.
+    const RECT area = RectAt(index);
+    picture.left = area.left;
+    picture.right = area.right;
     picture.current = current;
     picture.selected = selected;
     picture.focused = focused || HasFocus();
@@ -302,10 +324,14 @@ void KrGridView::Draw(const DRAWITEMSTRUCT& request, GridPlace current, const Gr
     picture.editing = editing;
     // Before the first key the frame alone shows where it would start.
     if (picture.focused && current.row < 0) picture.start = {order_.RowAt(0), rows_.FirstEditableColumn()};
-    // The request's rectangle may leave out what the list view keeps free for an icon.
+    return picture;
+}
+
+void KrGridView::Draw(const DRAWITEMSTRUCT& request, GridPlace current, const GridArea& selected, bool editing,
+                      bool focused) {
+    if (!list_ || request.hwndItem != list_ || drawing_ == Drawing::kNot) return;
     const int index = static_cast<int>(request.itemID);
-    const Layout layout = LayoutAt(index);
-    picture.widths = layout.widths;
-    const RECT area{layout.left, request.rcItem.top, layout.right, request.rcItem.bottom};
-    painter_.DrawRow(request.hDC, area, index, order_.RowAt(index), picture);
+    if (!picture_ || drawing_ == Drawing::kSingly) picture_ = PictureAt(index, current, selected, editing, focused);
+    const RECT area{picture_->left, request.rcItem.top, picture_->right, request.rcItem.bottom};
+    painter_.DrawRow(request.hDC, area, index, order_.RowAt(index), *picture_);
 }

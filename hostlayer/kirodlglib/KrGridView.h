@@ -6,6 +6,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -35,9 +36,9 @@ class KrGridView {
     void Start();                                                         // the rows are new ones
     void SetColumn(int column, const std::wstring& title, double share);  // share: of the sum of all shares
     void RowsChanged();                                                   // their number
-    int RowHeight() const;
+    int MeasureRow();  // how high a row is to be, when the list view asks
     int RowsOnPage() const;
-    bool NeedsFit() const { return WidthForColumns() != fitted_; }
+    bool NeedsFit() const { return !toMake_ && WidthForColumns() != fitted_; }
     void FitColumns();
     void KeepResized(int column);
 
@@ -61,11 +62,13 @@ class KrGridView {
     void RepaintAll();
     void ReadColors() { painter_.ReadColors(); }
     // focused: what belongs to the list view has the focus, though it is not its child.
-    void Draw(const DRAWITEMSTRUCT& request, GridPlace current, const GridArea& selected, bool editing,
-              bool focused) const;
-    // Between these two the rows are where they are: asked once for all of them.
-    void BeginPainting() { laidOut_.emplace(); }
-    void EndPainting() { laidOut_.reset(); }
+    void Draw(const DRAWITEMSTRUCT& request, GridPlace current, const GridArea& selected, bool editing, bool focused);
+    // kAll: the rows that follow are drawn from what the first of them finds.
+    enum class Drawing { kSingly, kAll, kNot };
+    void Draws(Drawing drawing) {
+        picture_.reset();
+        drawing_ = drawing;
+    }
     void ShowSorting(int column, bool descending) const;  // in the head; -1: none
 
     // While one lives, the list view takes what it is told without laying itself out for each step.
@@ -85,29 +88,37 @@ class KrGridView {
     template <class Work>
     auto WithFont(Work work) const;
     RECT RectAt(int index) const;
-    void MakeColumns() const;
+    void MakeColumns();
+    void Settle();
+    void CountRows() const;
     void Measure() const;
+    std::vector<int> WidthsFor(int width) const;
+    GridPicture PictureAt(int index, GridPlace current, const GridArea& selected, bool editing, bool focused) const;
     int RoomForRows() const;
     int WidthForColumns() const;
     int ColumnWidth(int column) const {
         return static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
     }
-    double& Share(int column) { return shares_[static_cast<std::size_t>(column)]; }
+    double& Share(int column) { return columns_[static_cast<std::size_t>(column)].share; }
+    bool AnyShare() const {
+        return std::any_of(columns_.begin(), columns_.end(), [](const Column& column) { return column.share > 0; });
+    }
 
     const GridRows& rows_;
     const GridOrder& order_;
     KrGridPainter painter_;
     HWND list_ = nullptr;
-    std::vector<double> shares_;  // of the columns
-    bool toFit_ = false;          // some have shares that they do not show yet
-    int fitted_ = 0;              // the width that the columns fill
+    struct Column {
+        std::wstring title;
+        double share = 0;
+    };
+    std::vector<Column> columns_;
+    bool toMake_ = false;  // the list view does not have them yet
+    bool toFit_ = false;   // some have shares that they do not show yet
+    int fitted_ = 0;       // the width that the columns fill
+    int rowHeight_ = 0;    // as the list view was told
     bool fitting_ = false;
     bool still_ = false;
-    std::optional<Still> starting_;  // until every column has its share
-    struct Layout {
-        std::vector<int> widths;   // of the columns
-        LONG left = 0, right = 0;  // of the rows
-    };
-    Layout LayoutAt(int index) const;
-    mutable std::optional<Layout> laidOut_;  // while rows are painted; without widths until the first of them
+    Drawing drawing_ = Drawing::kSingly;
+    std::optional<GridPicture> picture_;  // of the rows that are drawn
 };

@@ -37,8 +37,7 @@ KrListControlImpl::~KrListControlImpl() {
     if (dialog_) RemoveWindowSubclass(dialog_, &KrListControlImpl::DialogProc, id);
     if (!view_.List()) return;
     RemoveWindowSubclass(view_.List(), &KrListControlImpl::ListProc, id);
-    const KrGridView::Still still(view_);
-    view_.Send(LVM_SETITEMCOUNT, 0);  // nobody answers for its texts any more
+    view_.Send(LVM_SETITEMCOUNT, 0, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);  // nobody answers for its texts any more
 }
 
 bool KrListControlImpl::Attach(HWND dialog, HWND list) {
@@ -305,7 +304,8 @@ void KrListControlImpl::ClickCell(int row, int column) {
     Guarded([&] {
         if (!rows_.Has({row, column}) || !TakeEdits()) return;
         SetCurrent({row, column}, By::kProgram);
-        if (view_.List() && !view_.HasFocus()) SetFocus(view_.List());
+        // Which control has it first is for the dialog's manager to say.
+        if (view_.List() && !view_.HasFocus() && IsWindowVisible(view_.List())) SetFocus(view_.List());
     });
 }
 

@@ -419,9 +419,11 @@ LRESULT CALLBACK KrListControlImpl::ListProc(HWND window, UINT message, WPARAM w
     }
     const auto result = Guarded(std::optional<LRESULT>(), [&] { return grid.OnList(message, wParam, lParam); });
     if (result) return *result;
-    if (message == WM_PAINT) grid.view_.BeginPainting();
+    // What the focus changes in the picture is painted later, with all else.
+    const bool focus = message == WM_SETFOCUS || message == WM_KILLFOCUS;
+    if (message == WM_PAINT || focus) grid.view_.Draws(focus ? KrGridView::Drawing::kNot : KrGridView::Drawing::kAll);
     const LRESULT usual = DefSubclassProc(window, message, wParam, lParam);
-    if (message == WM_PAINT) grid.view_.EndPainting();
+    if (message == WM_PAINT || focus) grid.view_.Draws(KrGridView::Drawing::kSingly);
     Guarded([&] { grid.AfterList(message); });
     return usual;
 }
@@ -465,7 +467,7 @@ std::optional<LRESULT> KrListControlImpl::OnDialog(UINT message, WPARAM wParam, 
         case WM_MEASUREITEM: {
             auto* request = reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
             if (request->CtlType != ODT_LISTVIEW || static_cast<int>(request->CtlID) != listId_) return std::nullopt;
-            request->itemHeight = static_cast<UINT>(view_.RowHeight());
+            request->itemHeight = static_cast<UINT>(view_.MeasureRow());
             return TRUE;
         }
         case WM_SETTINGCHANGE:
