@@ -20,13 +20,16 @@
 #include "catalogue/Catalogue.h"
 #include "driver/Driver.h"
 #include "entry/host/kirovanteo.h"
+#include "hostlayer/include/KiroHost.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
+#include "text/TextFormat.h"
 
 using namespace kiro::drive;
 
 namespace {
 
 constexpr int kExplanations = 1000;
+constexpr int kMostEntries = 256;
 constexpr double kDllLimit = 1.2e6;
 constexpr std::size_t kLargeFile = std::size_t{300} << 20;
 constexpr std::size_t kSmallFile = 5 << 10;
@@ -41,20 +44,27 @@ class Bench {
         bool kept = true;
         for (const kiro::CatalogueDialog& dialog : kiro::Catalogue()) {
             if (!only.empty() && only != dialog.name) continue;
-            const kiro::Opening opening = dialog.prepare();
-            const auto run = [&] { opening.run(); };
-            BareContents contents;
-            if (dialog.templateId) host_.Play(run, [&](HWND window) { contents = ReadContents(window); });
-            const auto bare = [&] {
-                if (!dialog.templateId) return TellBare();
-                host_.OpenBare(dialog.templateId, contents);
-            };
-            const BenchHost::AutoClose closing(host_);
-            if (dialog.templateId)
-                kept = Report(std::string(dialog.name) + ", open and close / the bare template",
-                              Compare(dialog.figures.openings, run, bare), dialog.figures.openLimit) &&
-                       kept;
-            kept = ReportLeaks(dialog.name, times ? times : dialog.figures.leakTimes, run, bare) && kept;
+            kept = Dialog(dialog, dialog.name, times ? times : dialog.figures.leakTimes) && kept;
+        }
+        return kept;
+    }
+
+    // The export of a model with as many pictures and layouts as there can be: entries of its lists, rows of its grids.
+    bool FullModel(int times) {
+        std::string json = "{\"pictures\": [";
+        for (int i = 1; i <= kMostEntries; ++i)
+            json += (i > 1 ? ", " : "") + Formatted("{\"number\": %d, \"itemCount\": %d}", i, i);
+        json += "], \"layouts\": [";
+        for (int i = 1; i <= kMostEntries; ++i)
+            json += (i > 1 ? ", " : "") +
+                    Formatted("{\"number\": %d, \"name\": \"LAYOUT-%d\", \"windows\": [%d]}", i, i, i);
+        const std::filesystem::path model = host_.Home() / L"full.json";
+        std::ofstream(model, std::ios::binary) << json << "]}";
+        if (KiroHostLoadModel(model.c_str(), nullptr, 0) != 0) throw Failure("the full model cannot be read");
+        bool kept = true;
+        for (const char* name : {"export-dxf", "export-pages", "export-pictures"}) {
+            const kiro::CatalogueDialog& dialog = *kiro::FindDialog(name);
+            kept = Dialog(dialog, std::string(name) + " of 256", times ? times : dialog.figures.leakTimes) && kept;
         }
         return kept;
     }
@@ -108,6 +118,24 @@ class Bench {
     }
 
   private:
+    // How long it takes to open and close, beside its bare template, and what it leaves behind.
+    bool Dialog(const kiro::CatalogueDialog& dialog, const std::string& name, int leakTimes) {
+        const kiro::Opening opening = dialog.prepare();
+        const auto run = [&] { opening.run(); };
+        BareContents contents;
+        if (dialog.templateId) host_.Play(run, [&](HWND window) { contents = ReadContents(window); });
+        const auto bare = [&] {
+            if (!dialog.templateId) return TellBare();
+            host_.OpenBare(dialog.templateId, contents);
+        };
+        const BenchHost::AutoClose closing(host_);
+        bool kept = true;
+        if (dialog.templateId)
+            kept = Report(name + ", open and close / the bare template", Compare(dialog.figures.openings, run, bare),
+                          dialog.figures.openLimit);
+        return ReportLeaks(name.c_str(), leakTimes, run, bare) && kept;
+    }
+
     bool LeaksOfExplanations(const kiro::CatalogueDialog& entry, const std::vector<kiro::Explanation>& popups,
                              int times) {
         bool kept = false;
@@ -203,6 +231,7 @@ int main(int argc, char** argv) {
         }
         kept = bench.Dialogs(times, only) && kept;
         if (only.empty()) kept = bench.LeaksOfExplanations(times ? times : kExplanations) && kept;
+        if (only.empty() || only == "full") kept = bench.FullModel(times) && kept;
         std::printf("%s\n", kept ? "every figure is kept" : "a figure is missed");
         return kept ? 0 : 1;
     } catch (const std::exception& failure) {
