@@ -227,6 +227,12 @@ void Grid::ForgetHistory() {
     unused_.clear();
 }
 
+void Grid::ExchangeHistory(GridHistory& other) {
+    std::swap(history_, other);
+    refused_.clear();
+    unused_.clear();
+}
+
 void Grid::Undo() {
     GridStep* const step = history_.Undo();
     if (!step) return Tell("これより前には戻せません。");

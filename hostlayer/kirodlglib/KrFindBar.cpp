@@ -2,7 +2,7 @@
 
 #include <commctrl.h>
 
-#include "KrGuarded.h"
+#include "KrAllKeys.h"
 
 namespace {
 
@@ -124,11 +124,7 @@ LRESULT CALLBACK KrFindBar::Procedure(HWND window, UINT message, WPARAM wParam, 
         RemoveWindowSubclass(window, &KrFindBar::Procedure, id);
         self->edit_ = self->label_ = nullptr;
         self->open_ = false;
-    } else if (message == WM_GETDLGCODE) {
-        return DefSubclassProc(window, message, wParam, lParam) | DLGC_WANTALLKEYS;
-    } else if (const auto result =
-                   Guarded(std::optional<LRESULT>(), [&] { return self->OnMessage(message, wParam); })) {
-        return *result;
+        return DefSubclassProc(window, message, wParam, lParam);
     }
-    return DefSubclassProc(window, message, wParam, lParam);
+    return AnswerAllKeys(window, message, wParam, lParam, [&] { return self->OnMessage(message, wParam); });
 }

@@ -1,9 +1,6 @@
 // What is done with many cells and rows of the table editors at once: copied, pasted, filled, undone; and the keys by
 // which rows come and go.
 #include <algorithm>
-#include <array>
-#include <cstdlib>
-#include <random>
 
 #include "tests/dialogs/ImportTables.h"
 #include "text/TextFormat.h"
@@ -465,64 +462,4 @@ TEST_F(ImportTables, KeysAreListed) {
         EXPECT_EQ(kGrid, FocusId());
         Click(dialog, IDCANCEL);
     });
-}
-
-// A user who does anything: the rows stay within their limit, all of it can be undone, and "取消" writes nothing.
-// KIRO_RANDOM_EVENTS: how much he does in each editor.
-TEST_F(ImportTables, WhateverIsDoneCanBeUndone) {
-    const struct {
-        const Editor& editor;
-        int limit;
-    } cases[] = {{kClasses, kDxfInLayerSlots}, {kPolylines, 50}, {kColorRevisions, 255}};
-    const wchar_t* const texts[] = {L"1",          L"２",          L"300", L"壁",     L"a\tb\tc",
-                                    L"\t7\n\t8\n", L"x\r\ny\r\nz", L"=",   L"\x00E9", L"0.5\t3\n1.5\t4",
-                                    L"999999"};
-    const WORD keys[] = {VK_UP,     VK_DOWN, VK_LEFT,   VK_RIGHT,  VK_HOME,   VK_END, VK_RETURN,
-                         VK_RETURN, VK_TAB,  VK_INSERT, VK_INSERT, VK_DELETE, VK_F2};
-    const WORD chords[] = {'V', 'V', 'D', 'R', 'Z', 'Z', 'Z', 'Y', 'A', 'C', VK_HOME, VK_END};
-    const WORD shifted[] = {'V', 'Z', 'L', VK_HOME, VK_END};
-    const char* const wanted = std::getenv("KIRO_RANDOM_EVENTS");
-    const int events = wanted ? std::atoi(wanted) : 300;
-    for (const auto& of : cases) {
-        WriteTable(of.editor.file, of.editor.file == kLayerFile ? kLayers : "WIDTH 0,0.5 = 2\nWIDTH 0.5,999 = 5\n");
-        const std::string file = Bytes(of.editor.file);
-        Edit(of.editor, false, [&](HWND dialog, const Grid& grid) {
-            std::mt19937 random(static_cast<unsigned>(of.limit));
-            const auto pick = [&](const auto& from) { return from[random() % std::size(from)]; };
-            const auto inTable = [&] {
-                auto rows = AllRows(grid);
-                std::sort(rows.begin(), rows.end(),
-                          [](const Cells& one, const Cells& other) { return std::stoi(one[0]) < std::stoi(other[0]); });
-                return rows;
-            };
-            const auto settle = [&] {
-                while (Settle() != dialog) Answer(ReadBox(), ReadBox().buttons[random() % ReadBox().buttons.size()]);
-                if (FocusWindow() != grid.List() && !IsChild(grid.List(), FocusWindow())) Focus(dialog, kGrid);
-            };
-            const auto opened = inTable();
-            for (int event = 0; event < events; ++event) {
-                settle();
-                const unsigned kind = random() % 10;
-                if (kind < 3) Key(pick(keys));
-                if (kind == 3)
-                    KeyHolding(VK_SHIFT, pick(std::to_array<WORD>({VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT, VK_NEXT})));
-                if (kind == 4) ControlShift(pick(shifted));
-                if (kind == 5 || kind == 6) Control(pick(chords));
-                if (kind == 7) PutOnClipboard(pick(texts));
-                if (kind == 8 && grid.Rows() > 0)
-                    grid.Click(static_cast<int>(random() % static_cast<unsigned>(grid.Rows())),
-                               static_cast<int>(random() % 2));
-                if (kind == 9) PostMessageW(FocusWindow(), WM_CHAR, pick(texts)[0], 1);
-                Sync();
-                ASSERT_LE(grid.Rows(), of.limit);
-            }
-            settle();
-            if (grid.IsOpen()) Key(VK_ESCAPE);
-            Control('Z');
-            for (int step = 0; step < events && Guidance(dialog) != L"これより前には戻せません。"; ++step) Control('Z');
-            EXPECT_EQ(opened, inTable()) << testing::PrintToString(std::wstring(of.editor.caption));
-            Click(dialog, IDCANCEL);
-        });
-        EXPECT_EQ(file, Bytes(of.editor.file));
-    }
 }
