@@ -43,6 +43,47 @@ bool IsGrey(const Grid& grid, int row) {
     return false;
 }
 
+// Another program.
+class Spreadsheet {
+  public:
+    Spreadsheet() {
+        wchar_t command[] = L"spreadsheet.exe";
+        STARTUPINFOW start{};
+        start.cb = sizeof start;
+        PROCESS_INFORMATION process{};
+        if (!CreateProcessW(nullptr, command, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process))
+            throw Failure("the spreadsheet does not start");
+        CloseHandle(process.hThread);
+        process_ = process.hProcess;
+        Until("the spreadsheet is there", [&] {
+            DWORD owner = 0;
+            window_ = FindWindowW(L"spreadsheet", nullptr);
+            return window_ && GetWindowThreadProcessId(window_, &owner) && owner == process.dwProcessId;
+        });
+    }
+    Spreadsheet(const Spreadsheet&) = delete;
+    Spreadsheet& operator=(const Spreadsheet&) = delete;
+    ~Spreadsheet() {
+        PostMessageW(window_, WM_CLOSE, 0, 0);
+        WaitForSingleObject(process_, kPatience);
+        CloseHandle(process_);
+    }
+    void Offer(const wchar_t* text) const {
+        Send(window_, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+        EXPECT_TRUE(Send(window_, WM_COPY));
+    }
+    std::wstring Taken() const {
+        EXPECT_TRUE(Send(window_, WM_PASTE));
+        wchar_t text[1000] = L"";
+        Send(window_, WM_GETTEXT, 1000, reinterpret_cast<LPARAM>(text));
+        return text;
+    }
+
+  private:
+    HANDLE process_ = nullptr;
+    HWND window_ = nullptr;
+};
+
 constexpr char kLayers[] = "LAYER 壁 = 5\nLAYER 柱 = 6\nLAYER 窓 = 7\n";
 
 }  // namespace
@@ -104,6 +145,21 @@ TEST_F(ImportTables, BlocksGoToASpreadsheetAndComeBack) {
         Click(dialog, IDOK);
     });
     EXPECT_TRUE(Has(kLayerFile, "LAYER 屋根 = 1\r\nLAYER 表ソ = 12\r\n")) << Bytes(kLayerFile);
+}
+
+TEST_F(ImportTables, AnotherProgramTakesAndGivesBlocks) {
+    WriteTable(kLayerFile, kLayers);
+    Edit(kClasses, false, [&](HWND dialog, const Grid& grid) {
+        const Spreadsheet spreadsheet;
+        spreadsheet.Offer(L"\"a\"\"b\"\t１２\r\n床\t13\r\n");
+        grid.Click(3, 1);
+        Control('V');
+        EXPECT_EQ((Cells{L"4", L"a\"b", L"12"}), Row(grid, 3));
+        EXPECT_EQ((Cells{L"5", L"床", L"13"}), Row(grid, 4));
+        Control('C');
+        EXPECT_EQ(L"a\"b\t12\r\n床\t13\r\n", spreadsheet.Taken());
+        Click(dialog, IDCANCEL);
+    });
 }
 
 TEST_F(ImportTables, WhatCannotBePastedIsAskedFor) {
