@@ -37,6 +37,8 @@ struct GridKind {
     bool linked = false;            // the second grid shows something of the first one's current row
 };
 
+void PrintTo(const GridKind& kind, std::ostream* out) { *out << kind.dialog; }
+
 const GridKind kKinds[] = {
     {"table-layer-classes", 2048},
     {"table-colors"},
