@@ -43,6 +43,12 @@ bool IsGrey(const Grid& grid, int row) {
     return false;
 }
 
+std::wstring Texts(const Grid& grid, int column, int from, int to) {
+    std::wstring texts;
+    for (int row = from; row <= to; ++row) texts += grid.Cell(row, column) + L" ";
+    return texts;
+}
+
 // Another program.
 class Spreadsheet {
   public:
@@ -117,19 +123,21 @@ TEST(GridBlocks, NumbersGoOn) {
 TEST_F(ImportTables, BlocksGoToASpreadsheetAndComeBack) {
     WriteTable(kLayerFile, kLayers);
     Edit(kClasses, true, [&](HWND dialog, const Grid& grid) {
+        const Spreadsheet spreadsheet;
         const auto opened = AllRows(grid);
         grid.Click(1, 1);
         ShiftTimes(VK_DOWN, 1);
         ShiftTimes(VK_RIGHT, 1);
         EXPECT_EQ((GridPlace{1, 1}), grid.Current());
         Control('C');
-        EXPECT_EQ(L"壁\t5\r\n柱\t6\r\n", TextOnClipboard());
+        EXPECT_EQ(L"壁\t5\r\n柱\t6\r\n", spreadsheet.Taken());
         Control('A');
         Control('C');
-        EXPECT_TRUE(TextOnClipboard().starts_with(L"1\tOTHER\t"));
+        EXPECT_TRUE(spreadsheet.Taken().starts_with(L"1\tOTHER\t"));
         // From the first row on: the name of "OTHER" and the numbers of the rows stay; two rows are added.
         grid.Click(0, 0);
-        PasteBlock(L"x\t別名\t２\r\n9\t 梁\t256\r\n9\t床\t1\r\n9\t\"a\"\"b\"\t7\r\n9\t屋根\r\n9\t表ソ\t12\r\n");
+        spreadsheet.Offer(L"x\t別名\t２\r\n9\t 梁\t256\r\n9\t床\t1\r\n9\t\"a\"\"b\"\t7\r\n9\t屋根\r\n9\t表ソ\t12\r\n");
+        Control('V');
         EXPECT_EQ(L"6 行に貼り付けました。編集できない列の値は除きました。", Guidance(dialog));
         const std::vector<Cells> pasted = {{L"1", L"OTHER", L"2"}, {L"2", L"梁", L"256"}, {L"3", L"床", L"1"},
                                            {L"4", L"a\"b", L"7"},  {L"5", L"屋根", L"1"}, {L"6", L"表ソ", L"12"}};
@@ -145,21 +153,6 @@ TEST_F(ImportTables, BlocksGoToASpreadsheetAndComeBack) {
         Click(dialog, IDOK);
     });
     EXPECT_TRUE(Has(kLayerFile, "LAYER 屋根 = 1\r\nLAYER 表ソ = 12\r\n")) << Bytes(kLayerFile);
-}
-
-TEST_F(ImportTables, AnotherProgramTakesAndGivesBlocks) {
-    WriteTable(kLayerFile, kLayers);
-    Edit(kClasses, false, [&](HWND dialog, const Grid& grid) {
-        const Spreadsheet spreadsheet;
-        spreadsheet.Offer(L"\"a\"\"b\"\t１２\r\n床\t13\r\n");
-        grid.Click(3, 1);
-        Control('V');
-        EXPECT_EQ((Cells{L"4", L"a\"b", L"12"}), Row(grid, 3));
-        EXPECT_EQ((Cells{L"5", L"床", L"13"}), Row(grid, 4));
-        Control('C');
-        EXPECT_EQ(L"a\"b\t12\r\n床\t13\r\n", spreadsheet.Taken());
-        Click(dialog, IDCANCEL);
-    });
 }
 
 TEST_F(ImportTables, WhatCannotBePastedIsAskedFor) {
@@ -227,11 +220,7 @@ TEST_F(ImportTables, CellsAreFilledWhereRowsAreGiven) {
     WriteTable(kLayerFile, "");
     Edit(kColorRevisions, true, [&](HWND dialog, const Grid& grid) {
         const auto opened = AllRows(grid);
-        const auto column = [&](int from, int to) {
-            std::wstring texts;
-            for (int row = from; row <= to; ++row) texts += grid.Cell(row, 1) + L" ";
-            return texts;
-        };
+        const auto column = [&](int from, int to) { return Texts(grid, 1, from, to); };
         Change(grid, 9, 1, L"２０");  // typed with full-width digits
         Change(grid, 10, 1, L"22");
         grid.Click(9, 1);
@@ -322,11 +311,7 @@ TEST_F(ImportTables, RowsComeAndGoByKey) {
 TEST_F(ImportTables, RowsAreSeenInAnotherOrderAndStayInTheirs) {
     WriteTable(kLayerFile, "LAYER b = 10\nLAYER C = 9\nLAYER ａ = 200\n");
     Edit(kClasses, true, [&](HWND dialog, const Grid& grid) {
-        const auto seen = [&](int column) {
-            std::wstring texts;
-            for (int index = 0; index < grid.Rows(); ++index) texts += grid.Cell(index, column) + L" ";
-            return texts;
-        };
+        const auto seen = [&](int column) { return Texts(grid, column, 0, grid.Rows() - 1); };
         grid.Click(2, 2);
         ControlShift('L');
         EXPECT_EQ(L"3 2 4 1 ", seen(0)) << "numbers as numbers";
