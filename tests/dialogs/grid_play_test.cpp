@@ -62,6 +62,7 @@ const GridKind kKinds[] = {
 };
 
 constexpr int kEventsOfOneOpening = 500;
+constexpr int kFindField = 0x7E12;  // in the bar below a grid
 constexpr wchar_t kNothingToUndo[] = L"これより前には戻せません。";
 constexpr wchar_t kNothingToRedo[] = L"やり直す操作はありません。";
 
@@ -101,8 +102,11 @@ class Player {
     void Repeat(WORD key, const wchar_t* end) {
         ForEachGrid([&](const Grid& grid) {
             Focus(dialog_, GetDlgCtrlID(grid.List()));
-            do KeyHolding(VK_CONTROL, key);
-            while (Guidance(dialog_) != end);
+            int steps = 0;
+            do {
+                KeyHolding(VK_CONTROL, key);
+                if (++steps > 4 * kEventsOfOneOpening) throw Failure("there is no end to the history");
+            } while (Guidance(dialog_) != end);
         });
     }
     // In the order of the tables.
@@ -156,10 +160,6 @@ class Player {
         return std::ranges::any_of(
             grids_, [&](const Grid& grid) { return focus == grid.List() || IsChild(grid.List(), focus); });
     }
-    bool IsInFindBar(HWND focus) const {
-        return focus && GetParent(focus) == dialog_ && !IsInGrid(focus) && !IsOwn(focus);
-    }
-    static bool IsOwn(HWND control) { return GetDlgCtrlID(control) < 0x7000; }
 
     // Whatever has opened is answered or left, and a grid has the focus.
     void Settle() {
@@ -172,7 +172,7 @@ class Player {
                 Answer(box, box.buttons[random_() % box.buttons.size()]);
             Sync();
         }
-        if (IsInGrid(FocusWindow()) || IsInFindBar(FocusWindow())) return;
+        if (IsInGrid(FocusWindow()) || FocusId() == kFindField) return;
         GoToGrid();
     }
     void GoToGrid() {
@@ -182,7 +182,7 @@ class Player {
     // No editor is open, and no bar.
     void Rest() {
         Settle();
-        if (IsInFindBar(FocusWindow())) Key(VK_ESCAPE);
+        if (FocusId() == kFindField) Key(VK_ESCAPE);
         for (const Grid& grid : grids_) {
             while (grid.IsOpen()) {
                 Focus(dialog_, GetDlgCtrlID(grid.List()));
@@ -266,7 +266,7 @@ class Player {
         PostMessageW(header, WM_LBUTTONUP, 0, place);
     }
     void UseMenu() {
-        if (IsInFindBar(FocusWindow())) return Key(VK_ESCAPE);
+        if (FocusId() == kFindField) return Key(VK_ESCAPE);
         Key(VK_APPS);
         if (!(GuiState().flags & GUI_INMENUMODE)) return;
         const int item = Below(4);
