@@ -304,7 +304,8 @@ int Grid::NameColumn() const {
 void Grid::PasteNames() {
     const auto text = ClipboardText(List());
     const int column = NameColumn();
-    if (!text || text->empty() || column < 0) return control_->ErrorText(kNoText);
+    if (column < 0) return control_->ErrorText("この表には名前の列がありません。");
+    if (!text || text->empty()) return control_->ErrorText(kNoText);
     std::vector<std::wstring> names;
     for (auto& line : ReadGridBlock(*text))
         if (line[0].find_first_not_of(L" \u3000") != std::wstring::npos) names.push_back(std::move(line[0]));

@@ -84,9 +84,9 @@ void Grid::ShowKeys() const {
     if (menu_)
         text +=
             "Ins\t\t行を挿入\n"
-            "Del\t\t行を削除\n"
-            "Enter、Tab\t最後のセルで、行を追加\n"
-            "Ctrl+Shift+V\t名前だけを新しい行に貼り付け\n";
+            "Del\t\t行を削除\n";
+    if (menu_ && !menu_->addAboveLast) text += "Enter、Tab\t最後のセルで、行を追加\n";
+    if (menu_ && NameColumn() >= 0) text += "Ctrl+Shift+V\t名前だけを新しい行に貼り付け\n";
     if (addUsed_) text += "F8\t\t図面にある名前の行を追加\n";
     MessageBoxW(dialog_.Handle(), ToWide(text).c_str(), L"表のキー操作", MB_OK | MB_ICONINFORMATION);
     SetFocus(List());

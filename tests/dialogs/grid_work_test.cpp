@@ -494,13 +494,22 @@ TEST_F(ImportTables, ADrawingThatIsNotNamedIsAskedFor) {
     }
 }
 
-TEST_F(ImportTables, KeysAreListed) {
-    Edit(kLineTypes, false, [&](HWND dialog, const Grid&) {
-        Key(VK_F1);
-        const Box box = ReadBox();
-        EXPECT_NE(std::wstring::npos, box.text.find(L"Ctrl+Shift+V"));
-        Answer(box, IDOK);
-        EXPECT_EQ(kGrid, FocusId());
-        Click(dialog, IDCANCEL);
-    });
+TEST_F(ImportTables, KeysAreListedThatTheGridHas) {
+    const struct {
+        const Editor& editor;
+        bool rows;
+        bool names;
+    } cases[] = {{kLineTypes, true, true}, {kPolylines, true, false}, {kColorRevisions, false, false}};
+    for (const auto& of : cases) {
+        Edit(of.editor, false, [&](HWND dialog, const Grid&) {
+            Key(VK_F1);
+            const Box box = ReadBox();
+            EXPECT_EQ(of.rows, box.text.find(L"Ins") != std::wstring::npos);
+            EXPECT_EQ(of.names, box.text.find(L"Ctrl+Shift+V") != std::wstring::npos);
+            EXPECT_EQ(of.names, box.text.find(L"F8") != std::wstring::npos);
+            Answer(box, IDOK);
+            EXPECT_EQ(kGrid, FocusId());
+            Click(dialog, IDCANCEL);
+        });
+    }
 }
