@@ -6,6 +6,8 @@
 #include <cwchar>
 #include <utility>
 
+#include "driver/GridDriver.h"
+
 namespace {
 
 bool HasClass(HWND window, const wchar_t* name) {
@@ -27,15 +29,7 @@ std::vector<std::vector<std::wstring>> ShownRows(HWND list, int columns, int row
     const int page = static_cast<int>(SendMessageW(list, LVM_GETCOUNTPERPAGE, 0, 0)) + 1;
     for (int row = 0; row < (std::min)(rows, page); ++row) {
         auto& texts = shown.emplace_back();
-        for (int column = 0; column < columns; ++column) {
-            wchar_t text[260] = L"";
-            LVITEMW item{};
-            item.iSubItem = column;
-            item.pszText = text;
-            item.cchTextMax = 260;
-            SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-            texts.emplace_back(text);
-        }
+        for (int column = 0; column < columns; ++column) texts.push_back(kiro::drive::CellText(list, row, column));
     }
     return shown;
 }

@@ -104,13 +104,17 @@ std::shared_ptr<ImportData> DemoImport(bool dwg) {
     return data;
 }
 
-// "一括変換" hands the name of the layer table over although nothing is confirmed.
-Opening ImportCommand(bool dwg) {
-    const auto data = DemoImport(dwg);
+// A command over its record, of which it may write a part although nothing is confirmed.
+template <class Data, class Command>
+Opening CommandOver(const std::shared_ptr<Data>& data, Command command, std::size_t part, std::size_t behind) {
     const auto bytes = BytesOf(data->info);
+    return {[data, command] { return Ended(command(&data->info)); }, {bytes.first(part), bytes.subspan(behind)}};
+}
+
+// "一括変換" hands the name of the layer table over.
+Opening ImportCommand(bool dwg) {
     constexpr std::size_t table = offsetof(TarnaImportView, layerTableFileName);
-    constexpr std::size_t behind = table + sizeof TarnaImportView::layerTableFileName;
-    return {[data] { return Ended(DxfInputDlg(&data->info)); }, {bytes.first(table), bytes.subspan(behind)}};
+    return CommandOver(DemoImport(dwg), DxfInputDlg, table, table + sizeof TarnaImportView::layerTableFileName);
 }
 
 // With tables for layers and text fonts.
@@ -125,13 +129,10 @@ std::shared_ptr<ExportData> DemoExport(bool dwg) {
     return data;
 }
 
-// When the model's check finds faults, the record is written although nothing is confirmed: all but the host's fields.
+// When the model's check finds faults, all is written but the host's fields.
 Opening ExportCommand(bool dwg) {
-    const auto data = DemoExport(dwg);
-    const auto bytes = BytesOf(data->info);
-    return {
-        [data] { return Ended(DxfOutputDlg(&data->info)); },
-        {bytes.first(offsetof(TarnaExportView, mediaKind)), bytes.subspan(offsetof(TarnaExportView, exportParams))}};
+    return CommandOver(DemoExport(dwg), DxfOutputDlg, offsetof(TarnaExportView, mediaKind),
+                       offsetof(TarnaExportView, exportParams));
 }
 
 Opening ExportParameters(bool dwg) {

@@ -93,6 +93,8 @@ void CloseBox(HWND dialog);  // the caption's close button
 // Cancels whatever is open, innermost first, until the call returns. A question without a cancel button is answered No.
 void CancelEverything();
 
+constexpr int kChooserField = 0x47C;  // the system's file chooser: the combo that takes a name
+
 // ---- Message boxes ----
 
 struct Box {

@@ -47,6 +47,17 @@ inline void KeyHolding(std::initializer_list<WORD> held, WORD key) {
 
 inline void KeyHolding(WORD held, WORD key) { KeyHolding({held}, key); }
 
+// The text of a cell, by the list view's own word.
+inline std::wstring CellText(HWND list, int row, int column) {
+    wchar_t text[260] = L"";
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = text;
+    item.cchTextMax = 260;
+    Send(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    return text;
+}
+
 class Grid {
   public:
     Grid(HWND dialog, int listId) : list_(Control(dialog, listId)) {}
@@ -55,15 +66,7 @@ class Grid {
 
     HWND List() const { return list_; }
     int Rows() const { return static_cast<int>(Send(list_, LVM_GETITEMCOUNT)); }
-    std::wstring Cell(int row, int column) const {
-        wchar_t text[260] = L"";
-        LVITEMW item{};
-        item.iSubItem = column;
-        item.pszText = text;
-        item.cchTextMax = 260;
-        Send(list_, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-        return text;
-    }
+    std::wstring Cell(int row, int column) const { return CellText(list_, row, column); }
     GridPlace Current() const { return CurrentCell(list_); }
     bool IsSelected(int row) const {  // by the list view's own word, as screen readers hear it
         return Send(list_, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) != 0;
@@ -130,18 +133,22 @@ class Grid {
         Sync();
         if (!IsDropped()) throw Failure("no choices are offered");
     }
-    // Picks from the choices with the mouse.
-    void Choose(int index) const {
-        if (!IsOpen() || !IsDropped()) Drop();
+    HWND ChoiceList() const {
         COMBOBOXINFO info{};
         info.cbSize = sizeof info;
         Send(Opened(), CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
-        Send(info.hwndList, LB_SETTOPINDEX, static_cast<WPARAM>(index));
+        return info.hwndList;
+    }
+    // Picks from the choices with the mouse.
+    void Choose(int index) const {
+        if (!IsOpen() || !IsDropped()) Drop();
+        const HWND list = ChoiceList();
+        Send(list, LB_SETTOPINDEX, static_cast<WPARAM>(index));
         RECT item{};
-        Send(info.hwndList, LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
+        Send(list, LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
         const LPARAM point = MAKELPARAM(item.left + 2, item.top + 2);
-        PostMessageW(info.hwndList, WM_LBUTTONDOWN, MK_LBUTTON, point);
-        PostMessageW(info.hwndList, WM_LBUTTONUP, 0, point);
+        PostMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, point);
+        PostMessageW(list, WM_LBUTTONUP, 0, point);
         Sync();
         Sync();  // what the combo posted when it took the choice
     }

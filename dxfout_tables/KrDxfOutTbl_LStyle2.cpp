@@ -150,6 +150,8 @@ void KrDxfOutTbl_LStyle2::ShowPattern(int row) {
 }
 
 void KrDxfOutTbl_LStyle2::ShowPitches(int row) {
+    if (shownHistory_) pairs_.ExchangeHistory(*shownHistory_);
+    shownHistory_.reset();
     shown_ = row;
     pairRow_ = -1;
     const DxfOutPatternRow none;
@@ -162,6 +164,10 @@ void KrDxfOutTbl_LStyle2::ShowPitches(int row) {
         }
     }
     pairs_.ForgetHistory();
+    if (row >= 0) {
+        shownHistory_ = pattern.history;
+        pairs_.ExchangeHistory(*shownHistory_);
+    }
     pairs_.Changed();
     pairs_.Control().DrawItem();
     EnableWindow(pairs_.List(), row >= 0);

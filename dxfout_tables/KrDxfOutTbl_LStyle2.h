@@ -26,6 +26,8 @@ struct DxfOutPatternRow : kiro::ui::GridRow<3> {
     DxfOutLineTable::Pattern opened{};                            // with what the grids do not show
     std::array<kiro::ui::GridRow<3>, kDxfOutShownPairs> pairs{};  // rows of the second grid
     bool pitchesTouched = false;
+    // What was done to them, while another pattern is shown.
+    std::shared_ptr<kiro::ui::GridHistory> history = std::make_shared<kiro::ui::GridHistory>();
 };
 
 class KrDxfOutTbl_LStyle2 final : public kiro::ui::HostDialog {
@@ -59,7 +61,8 @@ class KrDxfOutTbl_LStyle2 final : public kiro::ui::HostDialog {
     kiro::ui::GridRows<kiro::ui::GridRow<3>> pairRows_;
     kiro::ui::Grid patterns_;
     kiro::ui::Grid pairs_;
-    int shown_ = -1;         // the pattern whose pitches are shown; -1: none
-    int pairRow_ = -1;       // of the second grid, when it was checked last
-    int badPitchesOf_ = -1;  // the first pattern with a fault there; -1: none
+    int shown_ = -1;                                       // the pattern whose pitches are shown; -1: none
+    std::shared_ptr<kiro::ui::GridHistory> shownHistory_;  // where that pattern's goes
+    int pairRow_ = -1;                                     // of the second grid, when it was checked last
+    int badPitchesOf_ = -1;                                // the first pattern with a fault there; -1: none
 };

@@ -201,6 +201,7 @@ void KrDxfLineType::NameAll() {
     ClearMarks(grid_);
     for (int row = 1; row < rows_.Count(); ++row)
         grid_.SetTextAt(row, kNameColumn, "LTYPE" + std::to_string(rows_[row].number));
+    ShowPatterns();
     BackToGrid(grid_);
 }
 
@@ -213,6 +214,7 @@ void KrDxfLineType::RestoreNames() {
         const char* const name = HxLineStylePatternGetName(HxLineStyleGetPattern(style, rows_[row].number));
         grid_.SetTextAt(row, kNameColumn, rows_[row].name.Open(name, kLongestRestored));
     }
+    ShowPatterns();
     BackToGrid(grid_);
 }
 

@@ -76,6 +76,8 @@ class Grid {
     void SetTextAt(int row, int column, std::string_view text);
     // The rows are other ones now, or show something else: nothing of before can be undone.
     void ForgetHistory();
+    // The rows show something else for a while, of which this is the history.
+    void ExchangeHistory(GridHistory& other);
     void ShowRow(int row);  // after its texts were changed elsewhere
     // New rows behind the last one, each with one of the names, as one step; the first becomes the current one.
     bool AddNames(int column, const std::vector<std::string>& names);

@@ -14,7 +14,6 @@ namespace {
 constexpr std::size_t kMostPasted = std::size_t{1} << 22;  // UTF-16 units
 constexpr int kLongestCell = 2048;                         // bytes
 constexpr int kLongestReason = 200;
-constexpr char kUsualReason[] = "この列には入れられない値です。";
 constexpr char kNoText[] = "クリップボードに文字がありません。";
 
 // None: there is no text, or another program has the clipboard.
@@ -31,6 +30,12 @@ std::optional<std::wstring> ClipboardText(HWND owner) {
     }
     CloseClipboard();
     return text;
+}
+
+// Where the host has shown its own.
+std::string UsualReason(const GridColumn& column) {
+    return column.numbers.Any() ? Formatted("%d～%d の番号ではありません。", column.numbers.first, column.numbers.last)
+                                : std::string("この列には入れられない値です。");
 }
 
 // As a message may show it.
@@ -138,7 +143,8 @@ bool Grid::TakeBackBad(int row) {
         if (!cell) continue;
         cell->written = false;
         cell->bad = true;
-        cell->reason = fault.message.empty() ? kUsualReason : fault.message;
+        cell->reason =
+            fault.message.empty() ? UsualReason(columns_[static_cast<std::size_t>(cell->column)]) : fault.message;
         if (const auto texts = filling_->texts.find(cell->column); texts != filling_->texts.end()) {
             const auto given = texts->second.written.find(TextAt(cell->row, cell->column));
             if (given != texts->second.written.end() && given->second == cell->row) texts->second.written.erase(given);
@@ -298,7 +304,8 @@ int Grid::NameColumn() const {
 void Grid::PasteNames() {
     const auto text = ClipboardText(List());
     const int column = NameColumn();
-    if (!text || text->empty() || column < 0) return control_->ErrorText(kNoText);
+    if (column < 0) return control_->ErrorText("この表には名前の列がありません。");
+    if (!text || text->empty()) return control_->ErrorText(kNoText);
     std::vector<std::wstring> names;
     for (auto& line : ReadGridBlock(*text))
         if (line[0].find_first_not_of(L" \u3000") != std::wstring::npos) names.push_back(std::move(line[0]));

@@ -62,20 +62,32 @@ void Grid::RowCommand(UINT command) {
 }
 
 void Grid::ShowKeys() const {
-    std::string text =
-        "Shift+矢印、Ctrl+Shift+Home／End、Ctrl+A\n　　セルを選択（マウスのドラッグでも）\n"
-        "Ctrl+C　コピー　　　　Ctrl+V　貼り付け\n"
-        "Ctrl+Z　元に戻す　　　Ctrl+Y　やり直す\n"
-        "Ctrl+D　下へ同じ値　　Ctrl+R　続きの番号\n"
-        "Ctrl+F　検索　　　　　F3　次を検索\n"
-        "Ctrl+Shift+L　列の順に表示（見出しのクリックでも）\n"
-        "F2　セルを編集　　　　F4　選択肢を開く\n";
+    // Two tabs behind a short key: the texts then begin at the same place in any font.
+    std::string text = marks_ == kKrSelectMultiple ? "Space\t\t行に印を付ける、消す\n"
+                                                     "Shift+矢印\t続けて行に印を付ける\n"
+                                                     "Ctrl+A\t\tすべてのセルを選択（ドラッグで一部）\n"
+                                                   : "Shift+矢印\tセルを選択（ドラッグでも）\n"
+                                                     "Ctrl+Shift+Home、End\n\t\t表の左上、右下まで選択\n"
+                                                     "Ctrl+A\t\tすべてのセルを選択\n";
+    text +=
+        "Ctrl+C\t\tコピー\n"
+        "Ctrl+V\t\t貼り付け\n"
+        "Ctrl+Z\t\t元に戻す\n"
+        "Ctrl+Y\t\tやり直す\n"
+        "Ctrl+D\t\t下へ同じ値\n"
+        "Ctrl+R\t\t続きの番号\n"
+        "Ctrl+F\t\t検索\n"
+        "F3\t\t次を検索\n"
+        "Ctrl+Shift+L\t列の順に表示（見出しのクリックでも）\n"
+        "F2\t\tセルを編集\n"
+        "F4\t\t選択肢を開く\n";
     if (menu_)
         text +=
-            "Ins　行を挿入　　　　　Del　行を削除\n"
-            "最後のセルで Enter、Tab　行を追加\n"
-            "Ctrl+Shift+V　名前だけを新しい行に貼り付け\n";
-    if (addUsed_) text += "F8　図面にある名前の行を追加\n";
+            "Ins\t\t行を挿入\n"
+            "Del\t\t行を削除\n";
+    if (menu_ && !menu_->addAboveLast) text += "Enter、Tab\t最後のセルで、行を追加\n";
+    if (menu_ && NameColumn() >= 0) text += "Ctrl+Shift+V\t名前だけを新しい行に貼り付け\n";
+    if (addUsed_) text += "F8\t\t図面にある名前の行を追加\n";
     MessageBoxW(dialog_.Handle(), ToWide(text).c_str(), L"表のキー操作", MB_OK | MB_ICONINFORMATION);
     SetFocus(List());
 }
@@ -223,6 +235,12 @@ void Grid::ReplaceText(int row, int column, std::string text) {
 
 void Grid::ForgetHistory() {
     history_.Forget();
+    refused_.clear();
+    unused_.clear();
+}
+
+void Grid::ExchangeHistory(GridHistory& other) {
+    std::swap(history_, other);
     refused_.clear();
     unused_.clear();
 }

@@ -4,9 +4,9 @@
 
 #include <algorithm>
 
+#include "KrAllKeys.h"
 #include "KrGridMessages.h"
 #include "KrGridPainter.h"
-#include "KrGuarded.h"
 #include "KrSwatch.h"
 #include "KrText.h"
 
@@ -419,12 +419,8 @@ LRESULT CALLBACK KrCellEditor::Procedure(HWND window, UINT message, WPARAM wPara
         self->windows_[kind] = {};
         self->accessible_[kind].End();
         self->open_ = self->kind_ == static_cast<Kind>(kind) ? nullptr : self->open_;
-    } else if (message == WM_GETDLGCODE) {
-        return DefSubclassProc(window, message, wParam, lParam) | DLGC_WANTALLKEYS;
-    } else if (const auto result = Guarded(std::optional<LRESULT>(), [&] {
-                   return self->OnMessage(static_cast<Kind>(kind), message, wParam, lParam);
-               })) {
-        return *result;
+        return DefSubclassProc(window, message, wParam, lParam);
     }
-    return DefSubclassProc(window, message, wParam, lParam);
+    return AnswerAllKeys(window, message, wParam, lParam,
+                         [&] { return self->OnMessage(static_cast<Kind>(kind), message, wParam, lParam); });
 }

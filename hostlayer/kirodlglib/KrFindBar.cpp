@@ -2,12 +2,12 @@
 
 #include <commctrl.h>
 
-#include "KrGuarded.h"
+#include "KrAllKeys.h"
 
 namespace {
 
 constexpr int kLabelId = 0x7E11, kEditId = 0x7E12;
-constexpr int kLabelWidth = 40, kMargin = 6;  // pixels of 96 dpi
+constexpr int kLabelWidth = 40, kAbove = 4, kAroundText = 3;  // pixels of 96 dpi
 constexpr WPARAM kLongest = 256;
 constexpr wchar_t kLabel[] = L"検索";
 constexpr wchar_t kTab = L'\t', kEnter = L'\r', kEscape = 0x1B;
@@ -52,16 +52,19 @@ void KrFindBar::Open(HWND list) {
         TEXTMETRICW metric{};
         GetTextMetricsW(dc, &metric);
         const int label = Scaled(dc, kLabelWidth);
-        height_ = metric.tmHeight + Scaled(dc, kMargin) + 2 * GetSystemMetrics(SM_CYEDGE);
+        // An edit has its text at its upper end: no more room than the text needs.
+        const int height = metric.tmHeight + Scaled(dc, kAroundText) + 2 * GetSystemMetrics(SM_CYEDGE);
+        height_ = height + Scaled(dc, kAbove);
         SelectObject(dc, font);
         ReleaseDC(list, dc);
         const RECT area = InDialog(list);
         const int width = area.right - area.left;
-        const int top = area.bottom - height_;
-        SetWindowPos(list, nullptr, 0, 0, width, top - area.top, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        const int top = area.bottom - height;
+        SetWindowPos(list, nullptr, 0, 0, width, area.bottom - height_ - area.top,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
         // Behind the list view in the order of the Tab key.
-        SetWindowPos(label_, list, area.left, top, label, height_, SWP_NOACTIVATE | SWP_SHOWWINDOW);
-        SetWindowPos(edit_, label_, area.left + label, top, width - label, height_, SWP_NOACTIVATE | SWP_SHOWWINDOW);
+        SetWindowPos(label_, list, area.left, top, label, height, SWP_NOACTIVATE | SWP_SHOWWINDOW);
+        SetWindowPos(edit_, label_, area.left + label, top, width - label, height, SWP_NOACTIVATE | SWP_SHOWWINDOW);
     }
     if (!open_) return;
     SetFocus(edit_);
@@ -124,11 +127,7 @@ LRESULT CALLBACK KrFindBar::Procedure(HWND window, UINT message, WPARAM wParam, 
         RemoveWindowSubclass(window, &KrFindBar::Procedure, id);
         self->edit_ = self->label_ = nullptr;
         self->open_ = false;
-    } else if (message == WM_GETDLGCODE) {
-        return DefSubclassProc(window, message, wParam, lParam) | DLGC_WANTALLKEYS;
-    } else if (const auto result =
-                   Guarded(std::optional<LRESULT>(), [&] { return self->OnMessage(message, wParam); })) {
-        return *result;
+        return DefSubclassProc(window, message, wParam, lParam);
     }
-    return DefSubclassProc(window, message, wParam, lParam);
+    return AnswerAllKeys(window, message, wParam, lParam, [&] { return self->OnMessage(message, wParam); });
 }

@@ -1,9 +1,6 @@
 // What is done with many cells and rows of the table editors at once: copied, pasted, filled, undone; and the keys by
 // which rows come and go.
 #include <algorithm>
-#include <array>
-#include <cstdlib>
-#include <random>
 
 #include "tests/dialogs/ImportTables.h"
 #include "text/TextFormat.h"
@@ -46,6 +43,53 @@ bool IsGrey(const Grid& grid, int row) {
     return false;
 }
 
+std::wstring Texts(const Grid& grid, int column, int from, int to) {
+    std::wstring texts;
+    for (int row = from; row <= to; ++row) texts += grid.Cell(row, column) + L" ";
+    return texts;
+}
+
+// Another program.
+class Spreadsheet {
+  public:
+    Spreadsheet() {
+        wchar_t command[] = L"spreadsheet.exe";
+        STARTUPINFOW start{};
+        start.cb = sizeof start;
+        PROCESS_INFORMATION process{};
+        if (!CreateProcessW(nullptr, command, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process))
+            throw Failure("the spreadsheet does not start");
+        CloseHandle(process.hThread);
+        process_ = process.hProcess;
+        Until("the spreadsheet is there", [&] {
+            DWORD owner = 0;
+            window_ = FindWindowW(L"spreadsheet", nullptr);
+            return window_ && GetWindowThreadProcessId(window_, &owner) && owner == process.dwProcessId;
+        });
+    }
+    Spreadsheet(const Spreadsheet&) = delete;
+    Spreadsheet& operator=(const Spreadsheet&) = delete;
+    ~Spreadsheet() {
+        PostMessageW(window_, WM_CLOSE, 0, 0);
+        WaitForSingleObject(process_, kPatience);
+        CloseHandle(process_);
+    }
+    void Offer(const wchar_t* text) const {
+        Send(window_, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+        EXPECT_TRUE(Send(window_, WM_COPY));
+    }
+    std::wstring Taken() const {
+        EXPECT_TRUE(Send(window_, WM_PASTE));
+        wchar_t text[1000] = L"";
+        Send(window_, WM_GETTEXT, 1000, reinterpret_cast<LPARAM>(text));
+        return text;
+    }
+
+  private:
+    HANDLE process_ = nullptr;
+    HWND window_ = nullptr;
+};
+
 constexpr char kLayers[] = "LAYER 壁 = 5\nLAYER 柱 = 6\nLAYER 窓 = 7\n";
 
 }  // namespace
@@ -79,19 +123,21 @@ TEST(GridBlocks, NumbersGoOn) {
 TEST_F(ImportTables, BlocksGoToASpreadsheetAndComeBack) {
     WriteTable(kLayerFile, kLayers);
     Edit(kClasses, true, [&](HWND dialog, const Grid& grid) {
+        const Spreadsheet spreadsheet;
         const auto opened = AllRows(grid);
         grid.Click(1, 1);
         ShiftTimes(VK_DOWN, 1);
         ShiftTimes(VK_RIGHT, 1);
         EXPECT_EQ((GridPlace{1, 1}), grid.Current());
         Control('C');
-        EXPECT_EQ(L"壁\t5\r\n柱\t6\r\n", TextOnClipboard());
+        EXPECT_EQ(L"壁\t5\r\n柱\t6\r\n", spreadsheet.Taken());
         Control('A');
         Control('C');
-        EXPECT_TRUE(TextOnClipboard().starts_with(L"1\tOTHER\t"));
+        EXPECT_TRUE(spreadsheet.Taken().starts_with(L"1\tOTHER\t"));
         // From the first row on: the name of "OTHER" and the numbers of the rows stay; two rows are added.
         grid.Click(0, 0);
-        PasteBlock(L"x\t別名\t２\r\n9\t 梁\t256\r\n9\t床\t1\r\n9\t\"a\"\"b\"\t7\r\n9\t屋根\r\n9\t表ソ\t12\r\n");
+        spreadsheet.Offer(L"x\t別名\t２\r\n9\t 梁\t256\r\n9\t床\t1\r\n9\t\"a\"\"b\"\t7\r\n9\t屋根\r\n9\t表ソ\t12\r\n");
+        Control('V');
         EXPECT_EQ(L"6 行に貼り付けました。編集できない列の値は除きました。", Guidance(dialog));
         const std::vector<Cells> pasted = {{L"1", L"OTHER", L"2"}, {L"2", L"梁", L"256"}, {L"3", L"床", L"1"},
                                            {L"4", L"a\"b", L"7"},  {L"5", L"屋根", L"1"}, {L"6", L"表ソ", L"12"}};
@@ -174,11 +220,7 @@ TEST_F(ImportTables, CellsAreFilledWhereRowsAreGiven) {
     WriteTable(kLayerFile, "");
     Edit(kColorRevisions, true, [&](HWND dialog, const Grid& grid) {
         const auto opened = AllRows(grid);
-        const auto column = [&](int from, int to) {
-            std::wstring texts;
-            for (int row = from; row <= to; ++row) texts += grid.Cell(row, 1) + L" ";
-            return texts;
-        };
+        const auto column = [&](int from, int to) { return Texts(grid, 1, from, to); };
         Change(grid, 9, 1, L"２０");  // typed with full-width digits
         Change(grid, 10, 1, L"22");
         grid.Click(9, 1);
@@ -269,11 +311,7 @@ TEST_F(ImportTables, RowsComeAndGoByKey) {
 TEST_F(ImportTables, RowsAreSeenInAnotherOrderAndStayInTheirs) {
     WriteTable(kLayerFile, "LAYER b = 10\nLAYER C = 9\nLAYER ａ = 200\n");
     Edit(kClasses, true, [&](HWND dialog, const Grid& grid) {
-        const auto seen = [&](int column) {
-            std::wstring texts;
-            for (int index = 0; index < grid.Rows(); ++index) texts += grid.Cell(index, column) + L" ";
-            return texts;
-        };
+        const auto seen = [&](int column) { return Texts(grid, column, 0, grid.Rows() - 1); };
         grid.Click(2, 2);
         ControlShift('L');
         EXPECT_EQ(L"3 2 4 1 ", seen(0)) << "numbers as numbers";
@@ -456,73 +494,22 @@ TEST_F(ImportTables, ADrawingThatIsNotNamedIsAskedFor) {
     }
 }
 
-TEST_F(ImportTables, KeysAreListed) {
-    Edit(kLineTypes, false, [&](HWND dialog, const Grid&) {
-        Key(VK_F1);
-        const Box box = ReadBox();
-        EXPECT_NE(std::wstring::npos, box.text.find(L"Ctrl+Shift+V"));
-        Answer(box, IDOK);
-        EXPECT_EQ(kGrid, FocusId());
-        Click(dialog, IDCANCEL);
-    });
-}
-
-// A user who does anything: the rows stay within their limit, all of it can be undone, and "取消" writes nothing.
-// KIRO_RANDOM_EVENTS: how much he does in each editor.
-TEST_F(ImportTables, WhateverIsDoneCanBeUndone) {
+TEST_F(ImportTables, KeysAreListedThatTheGridHas) {
     const struct {
         const Editor& editor;
-        int limit;
-    } cases[] = {{kClasses, kDxfInLayerSlots}, {kPolylines, 50}, {kColorRevisions, 255}};
-    const wchar_t* const texts[] = {L"1",          L"２",          L"300", L"壁",     L"a\tb\tc",
-                                    L"\t7\n\t8\n", L"x\r\ny\r\nz", L"=",   L"\x00E9", L"0.5\t3\n1.5\t4",
-                                    L"999999"};
-    const WORD keys[] = {VK_UP,     VK_DOWN, VK_LEFT,   VK_RIGHT,  VK_HOME,   VK_END, VK_RETURN,
-                         VK_RETURN, VK_TAB,  VK_INSERT, VK_INSERT, VK_DELETE, VK_F2};
-    const WORD chords[] = {'V', 'V', 'D', 'R', 'Z', 'Z', 'Z', 'Y', 'A', 'C', VK_HOME, VK_END};
-    const WORD shifted[] = {'V', 'Z', 'L', VK_HOME, VK_END};
-    const char* const wanted = std::getenv("KIRO_RANDOM_EVENTS");
-    const int events = wanted ? std::atoi(wanted) : 300;
+        bool rows;
+        bool names;
+    } cases[] = {{kLineTypes, true, true}, {kPolylines, true, false}, {kColorRevisions, false, false}};
     for (const auto& of : cases) {
-        WriteTable(of.editor.file, of.editor.file == kLayerFile ? kLayers : "WIDTH 0,0.5 = 2\nWIDTH 0.5,999 = 5\n");
-        const std::string file = Bytes(of.editor.file);
-        Edit(of.editor, false, [&](HWND dialog, const Grid& grid) {
-            std::mt19937 random(static_cast<unsigned>(of.limit));
-            const auto pick = [&](const auto& from) { return from[random() % std::size(from)]; };
-            const auto inTable = [&] {
-                auto rows = AllRows(grid);
-                std::sort(rows.begin(), rows.end(),
-                          [](const Cells& one, const Cells& other) { return std::stoi(one[0]) < std::stoi(other[0]); });
-                return rows;
-            };
-            const auto settle = [&] {
-                while (Settle() != dialog) Answer(ReadBox(), ReadBox().buttons[random() % ReadBox().buttons.size()]);
-                if (FocusWindow() != grid.List() && !IsChild(grid.List(), FocusWindow())) Focus(dialog, kGrid);
-            };
-            const auto opened = inTable();
-            for (int event = 0; event < events; ++event) {
-                settle();
-                const unsigned kind = random() % 10;
-                if (kind < 3) Key(pick(keys));
-                if (kind == 3)
-                    KeyHolding(VK_SHIFT, pick(std::to_array<WORD>({VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT, VK_NEXT})));
-                if (kind == 4) ControlShift(pick(shifted));
-                if (kind == 5 || kind == 6) Control(pick(chords));
-                if (kind == 7) PutOnClipboard(pick(texts));
-                if (kind == 8 && grid.Rows() > 0)
-                    grid.Click(static_cast<int>(random() % static_cast<unsigned>(grid.Rows())),
-                               static_cast<int>(random() % 2));
-                if (kind == 9) PostMessageW(FocusWindow(), WM_CHAR, pick(texts)[0], 1);
-                Sync();
-                ASSERT_LE(grid.Rows(), of.limit);
-            }
-            settle();
-            if (grid.IsOpen()) Key(VK_ESCAPE);
-            Control('Z');
-            for (int step = 0; step < events && Guidance(dialog) != L"これより前には戻せません。"; ++step) Control('Z');
-            EXPECT_EQ(opened, inTable()) << testing::PrintToString(std::wstring(of.editor.caption));
+        Edit(of.editor, false, [&](HWND dialog, const Grid&) {
+            Key(VK_F1);
+            const Box box = ReadBox();
+            EXPECT_EQ(of.rows, box.text.find(L"Ins") != std::wstring::npos);
+            EXPECT_EQ(of.names, box.text.find(L"Ctrl+Shift+V") != std::wstring::npos);
+            EXPECT_EQ(of.names, box.text.find(L"F8") != std::wstring::npos);
+            Answer(box, IDOK);
+            EXPECT_EQ(kGrid, FocusId());
             Click(dialog, IDCANCEL);
         });
-        EXPECT_EQ(file, Bytes(of.editor.file));
     }
 }

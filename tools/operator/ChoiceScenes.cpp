@@ -32,8 +32,7 @@ Windows ModelNameRepeated(const std::wstring&) {
     grid.Click(1, 1);
     grid.Click(1, 2);
     grid.Write(grid.Cell(4, 2));
-    Click(dialog, IDOK);
-    return {dialog, ReadBox().window};
+    return Pressed(dialog, IDOK);
 }
 
 Windows ModelsMarked(const std::wstring&) {
@@ -46,8 +45,7 @@ Windows Version3Refused(const std::wstring&) {
     const HWND dialog = Settle();
     Click(dialog, kPlVersion3Radio);
     Type(dialog, kPlCapacityEdit, L"5");
-    Click(dialog, IDOK);
-    return {dialog, ReadBox().window};
+    return Pressed(dialog, IDOK);
 }
 
 Windows CatiaFilled(const std::wstring&) {

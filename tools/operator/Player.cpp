@@ -15,8 +15,6 @@ namespace {
 
 using namespace drive;
 
-constexpr int kChooserName = 0x47C;  // the system chooser's file-name combo
-
 // None with which the system's windows are left for others or something could be deleted outside the dialogs.
 constexpr WORD kKeys[] = {VK_TAB,   VK_TAB,    VK_RETURN, VK_ESCAPE, VK_SPACE, VK_UP, VK_DOWN, VK_LEFT,
                           VK_RIGHT, VK_HOME,   VK_END,    VK_PRIOR,  VK_NEXT,  VK_F2, VK_F4,   VK_APPS,
@@ -223,7 +221,7 @@ void Player::InBox(HWND box) {
 
 // The system's own: it is given a name or closed, and nothing else, for it could do things to other files.
 void Player::InChooser(HWND chooser) {
-    const HWND name = GetDlgItem(chooser, kChooserName);
+    const HWND name = GetDlgItem(chooser, kChooserField);
     if (!name || Chance(40)) {
         Log("cancels", chooser);
         PostMessageW(chooser, WM_COMMAND, IDCANCEL, 0);

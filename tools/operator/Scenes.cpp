@@ -38,25 +38,19 @@ Windows Filled(const std::wstring& drawing) {
 Windows AfterStart(const std::wstring& drawing) {
     const HWND dialog = Filled(drawing).front();
     Click(dialog, kNewRadio);
-    Click(dialog, IDOK);
-    return {dialog, ReadBox().window};
+    return Pressed(dialog, IDOK);
 }
 
 template <int button>
 Windows Opened(const std::wstring&) {
-    const HWND dialog = Settle();
-    Click(dialog, button);
-    const HWND next = Settle();
-    if (next == dialog) throw Failure("no dialog opens");
-    return {dialog, next};
+    return Pressed(Settle(), button);
 }
 
 Windows PictureRefused(const std::wstring&) {
     const HWND dialog = Settle();
     Focus(dialog, kPictureEdit);
     Type(dialog, kPictureEdit, L"0");
-    Click(dialog, IDOK);
-    return {dialog, ReadBox().window};
+    return Pressed(dialog, IDOK);
 }
 
 Windows LabelMenu(const std::wstring&) {
@@ -131,16 +125,14 @@ Windows ExportLayout(const std::wstring&) {
 Windows ExportNothing(const std::wstring& drawing) {
     const HWND dialog = ExportByNumber(drawing).front();
     Type(dialog, kOutPictureEdit, L"5");
-    Click(dialog, IDOK);
-    return {dialog, ReadBox().window};
+    return Pressed(dialog, IDOK);
 }
 
 Windows NameRepeated(const std::wstring&) {
     const HWND dialog = Settle();
     Click(dialog, k2010Radio);
     Type(dialog, kHatchNameEdit, Text(dialog, kSubmodelNameEdit));
-    Click(dialog, IDOK);
-    return {dialog, ReadBox().window};
+    return Pressed(dialog, IDOK);
 }
 
 Windows PelionFile(const std::wstring&) {
@@ -153,17 +145,12 @@ Windows PelionFile(const std::wstring&) {
     return {dialog};
 }
 
-Windows PelionDrawings(const std::wstring& drawing) {
-    const HWND dialog = PelionFile(drawing).front();
-    Click(dialog, IDOK);
-    return {dialog, Settle()};
-}
+Windows PelionDrawings(const std::wstring& drawing) { return Pressed(PelionFile(drawing).front(), IDOK); }
 
 Windows PelionRefused(const std::wstring&) {
     const HWND dialog = Settle();
     Type(dialog, kPlInViewEdit, L"");
-    Click(dialog, IDOK);
-    return {dialog, ReadBox().window};
+    return Pressed(dialog, IDOK);
 }
 
 Windows PelionByName(const std::wstring&) {
@@ -174,11 +161,7 @@ Windows PelionByName(const std::wstring&) {
     return {dialog};
 }
 
-Windows PelionModels(const std::wstring& drawing) {
-    const HWND dialog = PelionByName(drawing).front();
-    Click(dialog, kPlOutModelsButton);
-    return {dialog, Settle()};
-}
+Windows PelionModels(const std::wstring& drawing) { return Pressed(PelionByName(drawing).front(), kPlOutModelsButton); }
 
 constexpr Scene kScenes[] = {
     {"import-dxf-filled", "import-dxf", Filled},
@@ -264,6 +247,13 @@ Windows Explained(int zone) {
 }
 
 }  // namespace
+
+Windows Pressed(HWND dialog, int button) {
+    Click(dialog, button);
+    const HWND next = Settle();
+    if (next == dialog) throw Failure("nothing opens");
+    return {dialog, next};
+}
 
 int PaintScenes(const std::filesystem::path& folder, const std::wstring& drawing) {
     Painter painter(folder);

@@ -19,6 +19,9 @@ struct Scene {
     bool modified = false;                         // the model has changes that were not saved
 };
 
+// Presses a button, and what that opens: a dialog or a box over this one.
+Windows Pressed(HWND dialog, int button);
+
 std::span<const Scene> TableScenes();
 std::span<const Scene> ChoiceScenes();
 

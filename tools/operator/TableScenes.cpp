@@ -16,8 +16,7 @@ Windows ClassRefused(const std::wstring&) {
     const Grid grid(editor, kGrid);
     grid.Click(3, 2);
     grid.Write(L"300");
-    Click(editor, IDOK);
-    return {editor, ReadBox().window};
+    return Pressed(editor, IDOK);
 }
 
 Windows ClassMarked(const std::wstring& drawing) {
@@ -34,15 +33,13 @@ Windows ClassTyped(const std::wstring&) {
     return {editor};
 }
 
-Windows ClassChoices(const std::wstring&) {
+template <int column>
+Windows Choices(const std::wstring&) {
     const HWND editor = Settle();
     const Grid grid(editor, kGrid);
-    grid.Click(4, 2);
+    grid.Click(4, column);
     grid.Drop();
-    COMBOBOXINFO info{};
-    info.cbSize = sizeof info;
-    Send(grid.Editor(), CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
-    return {editor, info.hwndList};
+    return {editor, grid.ChoiceList()};
 }
 
 // Cells selected, and a text that is looked for.
@@ -58,21 +55,63 @@ Windows ClassSelected(const std::wstring&) {
     return {editor};
 }
 
-Windows ColorChoices(const std::wstring&) {
-    const HWND editor = Settle();
-    const Grid grid(editor, kGrid);
-    grid.Click(4, 1);
-    grid.Drop();
-    COMBOBOXINFO info{};
-    info.cbSize = sizeof info;
-    Send(grid.Editor(), CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
-    return {editor, info.hwndList};
-}
-
 Windows RowMenu(const std::wstring&) {
     const HWND editor = Settle();
     Grid(editor, kGrid).RightClick(4, 1);
     return {editor, OpenMenu()};
+}
+
+// What cannot be pasted is asked for, and then marked.
+Windows ClassPasted(const std::wstring&) {
+    const HWND editor = Settle();
+    Grid(editor, kGrid).Click(2, 1);
+    PutOnClipboard(L"外壁\t12\r\n内壁\t300\r\n寸法\t14\r\n");
+    KeyHolding(VK_CONTROL, 'V');
+    return {editor, ReadBox().window};
+}
+
+Windows ClassPastedGood(const std::wstring& drawing) {
+    ClassPasted(drawing);
+    Answer(ReadBox(), IDYES);
+    return {Settle()};
+}
+
+Windows ClassSorted(const std::wstring&) {
+    const HWND editor = Settle();
+    Grid(editor, kGrid).Click(1, 2);
+    for (int i = 0; i < 2; ++i) KeyHolding({VK_CONTROL, VK_SHIFT}, 'L');
+    return {editor};
+}
+
+// The names of a drawing, and in grey those that it does not have.
+Windows ClassFromDrawing(const std::wstring& drawing) {
+    Settle();
+    Key(VK_F8);
+    const HWND chooser = Settle();
+    Send(Control(chooser, kChooserField), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(drawing.c_str()));
+    Click(chooser, IDOK);
+    return {Settle()};
+}
+
+Windows ClassKeys(const std::wstring&) {
+    const HWND editor = Settle();
+    Key(VK_F1);
+    return {editor, ReadBox().window};
+}
+
+// A name that has no room in its column is shown below it.
+Windows ClassTip(const std::wstring&) {
+    const HWND editor = Settle();
+    const Grid grid(editor, kGrid);
+    grid.Click(2, 1);
+    grid.Write(L"一階平面図の柱と梁と壁と窓と扉と階段と手すり");
+    Key(VK_UP);
+    HWND tip = nullptr;
+    Until("the whole text is shown", [&] {
+        tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr);
+        return tip && GetWindowThreadProcessId(tip, nullptr) == UiThread() && IsWindowVisible(tip);
+    });
+    return {editor, tip};
 }
 
 Windows PatternChosen(const std::wstring&) {
@@ -111,12 +150,18 @@ Windows LineTypesFactor(const std::wstring&) {
 
 constexpr Scene kScenes[] = {
     {"table-layer-classes-typed", "table-layer-classes", ClassTyped},
-    {"table-layer-classes-choices", "table-layer-classes", ClassChoices},
+    {"table-layer-classes-choices", "table-layer-classes", Choices<2>},
     {"table-layer-classes-refused", "table-layer-classes", ClassRefused},
     {"table-layer-classes-marked", "table-layer-classes", ClassMarked},
     {"table-layer-classes-selected", "table-layer-classes", ClassSelected},
     {"table-layer-classes-menu", "table-layer-classes", RowMenu},
-    {"export-table-colors-choices", "export-table-colors", ColorChoices},
+    {"table-layer-classes-pasted", "table-layer-classes", ClassPasted},
+    {"table-layer-classes-pasted-good", "table-layer-classes", ClassPastedGood},
+    {"table-layer-classes-sorted", "table-layer-classes", ClassSorted},
+    {"table-layer-classes-drawing", "table-layer-classes", ClassFromDrawing},
+    {"table-layer-classes-keys", "table-layer-classes", ClassKeys},
+    {"table-layer-classes-tip", "table-layer-classes", ClassTip},
+    {"export-table-colors-choices", "export-table-colors", Choices<1>},
     {"export-table-line-types-alone", "export-table-lines", LineTypesAlone},
     {"line-types-marked", "line-types", LineTypesMarked},
     {"line-types-factor", "line-types", LineTypesFactor},
