@@ -4,19 +4,23 @@
 
 #include "catalogue/PelionDrive.h"
 #include "driver/GridDriver.h"
+#include "dxfin/DrawingSearch.h"
 #include "entry/host/FixedText.h"
 #include "peliondb/KrPlInDraw1.h"
 #include "peliondb/KrPlInDraw2.h"
 #include "peliondb/KrPlInDrive.h"
 #include "peliondb/KrPlInDrive1.h"
+#include "peliondb/KrPlOut.h"
 #include "peliondb/KrPlOutDraw.h"
 #include "peliondb/KrPlOutParam.h"
 #include "resources/grid.ids.h"
 #include "resources/peliondb/KrPlDraw.ids.h"
 #include "resources/peliondb/KrPlInDrive.ids.h"
+#include "resources/peliondb/KrPlOut.ids.h"
 #include "resources/peliondb/KrPlOutParam.ids.h"
 #include "resources/varosdb/KrVrOutParam.ids.h"
 #include "tests/dialogs/CommandHost.h"
+#include "tests/dialogs/SilentPlace.h"
 #include "varosdb/KrVrOutParam.h"
 
 using namespace kiro::drive;
@@ -144,6 +148,48 @@ TEST_F(DatabaseChoices, WhatIsKnownIsChosenAndTheKeysGoOn) {
         ExpectState(dialog, kPlSetButton, false, L"ドライブ名を選択してください。");
         Click(dialog, IDCANCEL);
     });
+}
+
+TEST_F(DatabaseChoices, DriveThatDoesNotAnswerHoldsUpNobody) {
+    const wchar_t* const paths[] = {L"KAN1/SUZUKI/"};
+    const kiro::PelionDrive drive(paths);
+    std::optional<SilentPlace> silent(L"C:\\");
+    Run<KrPlInDrive>([&](HWND dialog) {
+        EXPECT_EQ(L"", Names(dialog, kPlFirstList));
+        ExpectState(dialog, IDOK, false, L"ドライブ名を選択してください。（応答なし： C:）");
+        Click(dialog, IDCANCEL);
+    });
+    silent.reset();
+    info().plDriveKnown = 1;
+    info().plDrive[0] = 'C';
+    Run<KrPlInDrive>([&](HWND dialog) {  // which it stops to do between the lists
+        silent.emplace(L"C:\\");
+        Choose(dialog, kPlSecondList, L"KAN1");
+        ExpectState(dialog, IDOK, false, L"ドライブが応答しません。", true);
+        Choose(dialog, kPlFirstList, L"C:");
+        ExpectState(dialog, IDOK, false, L"ドライブが応答しません。", true);
+        silent.reset();
+        Choose(dialog, kPlFirstList, L"C:");
+        ExpectState(dialog, IDOK, false, L"グループ名を選択してください。");
+        Click(dialog, IDCANCEL);
+    });
+    info().plwVariant = 1;
+    Run<KrPlOut>([&](HWND dialog) {
+        silent.emplace(L"C:\\");
+        Click(dialog, kPlOutDatabaseRadio);
+        Click(dialog, IDOK);
+        Expect(L"ＰＬ／Ｗ ＤＢ書込み", kFaulty, MB_ICONERROR, IDOK);
+        ExpectState(dialog, IDOK, true, L"ドライブが応答しません。", true);
+        EXPECT_EQ(kPlOutDriveEdit, FocusId());
+        Click(dialog, kPlOutFileRadio);
+        Type(dialog, kPlOutFileEdit, L"C:\\a");
+        Click(dialog, IDOK);
+        Expect(L"ＰＬ／Ｗ ＤＢ書込み", L"C:\\a\n\nフォルダが応答しません。\nネットワークの接続を確認してください。",
+               MB_ICONWARNING, IDOK);
+        EXPECT_EQ(kPlOutFileEdit, FocusId());
+        Click(dialog, IDCANCEL);
+    });
+    EXPECT_EQ(DrawingSearch::Start::kSilent, DrawingSearch().Begin("C:\\*"));
 }
 
 TEST_F(DatabaseChoices, ListsEndAt512Names) {
