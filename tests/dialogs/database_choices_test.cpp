@@ -149,7 +149,7 @@ TEST_F(DatabaseChoices, WhatIsKnownIsChosenAndTheKeysGoOn) {
     Run<KrPlInDrive>([&](HWND dialog) { ExpectState(dialog, kPlSetButton, false, L"ドライブ名を選択してください。"); });
 }
 
-TEST_F(DatabaseChoices, DriveThatDoesNotAnswerHoldsUpNobody) {
+TEST_F(DatabaseChoices, DriveThatDoesNotAnswerOrVanishesHoldsUpNobody) {
     const wchar_t* const paths[] = {L"KAN1/SUZUKI/"};
     const kiro::PelionDrive drive(paths);
     std::optional<SilentPlace> silent(L"C:\\");
@@ -169,6 +169,10 @@ TEST_F(DatabaseChoices, DriveThatDoesNotAnswerHoldsUpNobody) {
         silent.reset();
         Choose(dialog, kPlFirstList, L"C:");
         ExpectState(dialog, IDOK, false, L"グループ名を選択してください。");
+        std::filesystem::remove_all(kiro::PelionDrive::Folder());  // it vanishes
+        MakeChoice(dialog, L"グループ", kPlSecondList, L"KAN1");
+        EXPECT_EQ(L"", Names(dialog, kPlThirdList));
+        ExpectState(dialog, IDOK, false, L"ユーザ名を選択してください。");
     });
     info().plwVariant = 1;
     Run<KrPlOut>([&](HWND dialog) {
@@ -222,7 +226,7 @@ TEST_F(DatabaseChoices, FloppyIsAskedForItsGroupsAndUsers) {
 }
 
 TEST_F(DatabaseChoices, DrawingsAreMarked) {
-    for (int i = 0; i < kDrawings; ++i) AddDrawing(info().dbDrawingCount, "図面", "M");
+    for (int i = 0; i < kDrawings; ++i) AddDrawing(info().dbDrawingCount, std::to_string(i).c_str(), "M");
     std::memset(Drawing(1).drawingName, 'A', sizeof Drawing(1).drawingName);  // no NUL
     EXPECT_EQ(IDOK, Run<KrPlInDraw1>([&](HWND dialog) {
                   const Grid grid(dialog, kGrid);
@@ -239,6 +243,14 @@ TEST_F(DatabaseChoices, DrawingsAreMarked) {
               }));
     EXPECT_EQ(7, Drawing(0).selected);
     for (int i = 1; i < kDrawings; ++i) EXPECT_EQ(1, Drawing(i).selected);
+    WriteFixedText(Drawing(1).drawingName, "1");
+    info().dbOutModelCount = kDrawings;
+    info().dbSelectAllAllowed = 1;
+    EXPECT_EQ(IDOK, Run<KrPlOutDraw>([](HWND dialog) {
+                  Click(dialog, kSelectAllButton);
+                  Click(dialog, IDOK);
+              }));
+    EXPECT_EQ(1, Drawing(0).selected);
     for (const auto& [count, least, most] : {std::tuple(-1, 0, 0), {INT_MIN, 0, 0}, {INT_MAX, kDrawings, 10000}}) {
         info().dbDrawingCount = info().dbOutModelCount = count;
         const User look = [&, low = least, high = most](HWND dialog) {
