@@ -267,29 +267,28 @@ TEST_F(DatabaseOutput, NamesThatAreThereAlready) {
 TEST_F(DatabaseOutput, BrowsesForDriveGroupAndUser) {
     constexpr const wchar_t* kOnDrive[] = {L"設計/山田/"};
     const kiro::PelionDrive drive(kOnDrive);
-    const auto expect = [](HWND dialog, const wchar_t* group, const wchar_t* user) {
-        ASSERT_EQ(dialog, Settle());
-        EXPECT_EQ(group, Text(dialog, kPlOutGroupEdit));
-        EXPECT_EQ(user, Text(dialog, kPlOutUserEdit));
+    const struct {
+        int destination;
+        int button;
+        std::vector<int> lists;  // what is before them is known
+        const wchar_t* user;
+    } kWays[] = {
+        {kPlOutDatabaseRadio, kPlOutDriveButton, {kPlFirstList, kPlSecondList, kPlThirdList}, L"山田"},
+        {kPlOutDatabaseRadio, kPlOutGroupButton, {kPlSecondList, kPlThirdList}, L"山田"},
+        {kPlOutDatabaseRadio, kPlOutUserButton, {kPlThirdList}, L"山田"},
+        {kPlOutFloppyRadio, kPlOutUserButton, {kPlSecondList}, L"QA"},
     };
     Run("PlOutputDlg", With(u8"{}"), [&](HWND dialog) {
-        Click(dialog, kPlOutDatabaseRadio);
-        Click(dialog, kPlOutDriveButton);
-        ChooseNames(Settle(), kPlSetButton);
-        expect(dialog, L"設計", L"山田");
-        for (const int button : {kPlOutGroupButton, kPlOutUserButton}) {  // what is before them is known
-            Click(dialog, button);
+        for (const auto& way : kWays) {
+            Click(dialog, way.destination);
+            Click(dialog, way.button);
             const HWND chooser = Settle();
-            if (button == kPlOutGroupButton) Grid(chooser, kPlSecondList).Click(0, 0);
-            Grid(chooser, kPlThirdList).Click(0, 0);
+            for (const int list : way.lists) Grid(chooser, list).Click(0, 0);
             Click(chooser, kPlSetButton);
-            expect(dialog, L"設計", L"山田");
+            ASSERT_EQ(dialog, Settle());
+            EXPECT_EQ(L"設計", Text(dialog, kPlOutGroupEdit));
+            EXPECT_EQ(way.user, Text(dialog, kPlOutUserEdit));
         }
-        Click(dialog, kPlOutFloppyRadio);
-        Click(dialog, kPlOutUserButton);
-        Grid(Settle(), kPlSecondList).Click(0, 0);
-        Click(Settle(), kPlSetButton);
-        expect(dialog, L"設計", L"QA");
         Click(dialog, kPlOutParametersButton);
         Click(Settle(), IDCANCEL);
     });
