@@ -17,7 +17,7 @@ constexpr wchar_t kRepeated[] = L"図面名が重複しています。";
 constexpr char8_t kRecord[] =
     u8R"({"plwVariant": 1, "plDrive": "C", "plGroup": "KAN1", "plUser": "QA", "dbSource": 9,
     "dbPicture": 2, "dbActiveListCount": 3, "dbPageCounts": {"7": 1, "120": 2}, "dbPageNames": {"7": "表"},
-    "dbPictureCounts": {"2": 5, "9": 1}, "dbPictureNames": {"9": "側板"}})";
+    "dbPictureCounts": {"2": 5, "9": 1}, "dbPictureNames": {"9": "側板"}, "dbOutModelCount": 3})";
 
 class DatabaseOutput : public DatabaseHost {
   protected:
