@@ -25,7 +25,8 @@ bool MayBeSilent(const std::wstring& path);
 // thread.
 class Probe {
   public:
-    // Asks at once; several probes wait together. path: absolute, of what is asked.
+    // Asks at once; several probes wait together. path: absolute, of what is asked. question: refers to nothing that it
+    // does not own.
     Probe(const std::wstring& path, std::function<bool()> question, DWORD patience = kProbePatience);
 
     // Waits, at most until the patience has passed since the beginning. Nothing: there is no answer.
