@@ -373,6 +373,17 @@ class DatabaseParameters : public DatabaseChoices {
         WriteFixedText(block.user, "SUZUKI");
         info().dbOutParams = &block;
     }
+    // What both have; of the words, 1 in each but the frame's.
+    template <class Block>
+    static void ExpectParams(const Block& block, int frame, int capacity, double height, double width,
+                             const char* group, const char* user) {
+        EXPECT_EQ(std::tuple(1, frame, 1, 1),
+                  std::tuple(block.symbolsAsSymbols, block.frameMode, block.skipHiddenItems, block.mergeViews));
+        EXPECT_EQ(std::tuple(capacity, height, width),
+                  std::tuple(block.drawingCapacity, block.textHeightRatio, block.textWidthRatio));
+        EXPECT_STREQ(group, block.group);
+        EXPECT_STREQ(user, block.user);
+    }
 
     PlOutParamBlock pelion;
     VrOutParamBlock varos;
@@ -405,14 +416,10 @@ TEST_F(DatabaseParameters, OfPelionAreCheckedThenWritten) {
         EXPECT_EQ(dialog, Settle());
     });
     // Written all the same.
-    EXPECT_EQ(std::pair(1, 1), std::pair(pelion.version, pelion.doublePrecision));
-    EXPECT_EQ(std::pair(1, 2), std::pair(pelion.symbolsAsSymbols, pelion.frameMode));
-    EXPECT_EQ(std::pair(4, 1), std::pair(pelion.detailMode, pelion.convertOverlays));
-    EXPECT_EQ(std::pair(1, 1), std::pair(pelion.skipHiddenItems, pelion.mergeViews));
-    EXPECT_EQ(9999, pelion.drawingCapacity);
-    EXPECT_EQ(std::pair(0.1, 10.0), std::pair(pelion.textHeightRatio, pelion.textWidthRatio));
-    for (const auto& [text, field] : {std::pair("D", pelion.drive), {"部品", pelion.group}, {"YAMADA", pelion.user}})
-        EXPECT_STREQ(text, field);
+    EXPECT_EQ(std::tuple(1, 1, 4, 1),
+              std::tuple(pelion.version, pelion.doublePrecision, pelion.detailMode, pelion.convertOverlays));
+    EXPECT_STREQ("D", pelion.drive);
+    ExpectParams(pelion, 2, 9999, 0.1, 10, "部品", "YAMADA");
     PlOutParamBlock kept;
     EXPECT_NE(0, ReadPlParameter(&kept));
     std::filesystem::remove(home / L"settings");
@@ -465,13 +472,9 @@ TEST_F(DatabaseParameters, OfVarosAreCheckedThenWritten) {
                                        kVrNoHiddenRadio, kVrOneViewRadio, kVrKeepParametersCheck, IDOK})
                       Click(dialog, id);
               }));
-    EXPECT_EQ(std::pair(1, 1), std::pair(varos.symbolsAsSymbols, varos.frameMode));
     EXPECT_EQ(std::pair(1, 1), std::pair(varos.skipDetails, varos.skipOverlays));
-    EXPECT_EQ(std::pair(1, 1), std::pair(varos.skipHiddenItems, varos.mergeViews));
-    EXPECT_EQ(10, varos.drawingCapacity);
-    EXPECT_EQ(std::pair(2.5, 0.5), std::pair(varos.textHeightRatio, varos.textWidthRatio));
-    for (const auto& [text, field] : {std::pair("A部品名", varos.labelName), {"G", varos.group}, {"U", varos.user}})
-        EXPECT_STREQ(text, field);
+    EXPECT_STREQ("A部品名", varos.labelName);
+    ExpectParams(varos, 1, 10, 2.5, 0.5, "G", "U");
     VrOutParamBlock kept;
     ASSERT_EQ(0, ReadVrParameter(&kept));
     EXPECT_EQ(0, std::memcmp(&kept, &varos, sizeof kept));
