@@ -102,6 +102,7 @@ TEST_F(DatabaseChoices, DriveGroupAndUserFollowOneAnother) {
                                     L"KAN1/.X/",     L"KAN1/file",    L"GUARD/A/",     L".GRP/A/",
                                     L"表ソ/能登子/", L"表ソ/access/", L"NONE/"};
     const kiro::PelionDrive drive(paths);
+    WriteFixedText(info().plDrive, "C");  // left from before
     EXPECT_EQ(IDOK, Run<KrPlInDrive>([](HWND dialog) {
                   EXPECT_FALSE(IsShown(dialog, kPlSetButton));
                   MakeChoice(dialog, L"ドライブ", kPlFirstList, L"C:");
