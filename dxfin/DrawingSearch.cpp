@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "ui/Probe.h"
+#include "ui/QuietDrives.h"
 #include "ui/Text.h"
 
 namespace {
@@ -13,25 +15,14 @@ bool IsFolder(const std::wstring& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
-// Keeps the system from asking for a missing medium in a box of its own.
-class NoSystemBoxes {
-  public:
-    NoSystemBoxes() { SetThreadErrorMode(SEM_FAILCRITICALERRORS, &previous_); }
-    ~NoSystemBoxes() { SetThreadErrorMode(previous_, nullptr); }
-    NoSystemBoxes(const NoSystemBoxes&) = delete;
-    NoSystemBoxes& operator=(const NoSystemBoxes&) = delete;
-
-  private:
-    DWORD previous_ = 0;
-};
-
 }  // namespace
 
 DrawingSearch::Start DrawingSearch::Begin(const std::string& pattern) {
-    const NoSystemBoxes quiet;
+    const kiro::ui::QuietDrives quiet;
     Close();
     unnamed_ = 0;
     const std::wstring path = kiro::ui::ToWide(pattern);
+    if (!kiro::ui::IsAnswering(path.substr(0, path.rfind(L'\\') + 1))) return Start::kSilent;
     const bool hasWildcard = path.find_first_of(L"*?") != path.npos;
     if (!hasWildcard && IsFolder(path)) return Start::kFolder;
     search_ = FindFirstFileExW(path.c_str(), FindExInfoBasic, &entry_, FindExSearchNameMatch, nullptr,
@@ -54,7 +45,7 @@ bool DrawingSearch::Take(int count, std::vector<FoundDrawing>& found) {
 }
 
 bool DrawingSearch::Next() {
-    const NoSystemBoxes quiet;
+    const kiro::ui::QuietDrives quiet;
     while (FindNextFileW(search_, &entry_))
         if (!(entry_.dwFileAttributes & kNoDrawing)) return true;
     Close();

@@ -18,6 +18,7 @@ class DrawingSearch {
         kFound,   // there is at least one file
         kNone,    // there is none
         kFolder,  // the pattern is the name of a folder
+        kSilent,  // the folder's drive or share does not answer
         kFailed   // no such folder, or it cannot be read
     };
 

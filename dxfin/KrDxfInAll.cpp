@@ -74,6 +74,9 @@ void KrDxfInAll::OpenList() {
         case DrawingSearch::Start::kFolder:
             Refuse("フォルダが指定されています。\nフォルダの中のファイルは「フォルダ名\\*」と指定してください。");
             return;
+        case DrawingSearch::Start::kSilent:
+            Refuse("フォルダが応答しません。\nネットワークの接続を確認してください。");
+            return;
         case DrawingSearch::Start::kFailed:
             Refuse("ファイルを探せません。フォルダと媒体を確認してください。");
             return;

@@ -72,6 +72,19 @@ class DbOutParam : public kiro::ui::HostDialog {
         radios.OnChosen(nullptr);
         words_.Radios(word, radios, std::move(values), otherwise);
     }
+    // The choices that both have.
+    struct CommonRadios {
+        kiro::ui::RadioGroup symbols;
+        kiro::ui::RadioGroup frame;
+        kiro::ui::RadioGroup hidden;
+        kiro::ui::RadioGroup views;
+    };
+    void BindRadios(const CommonRadios& radios) {
+        BindRadios(&Block::symbolsAsSymbols, radios.symbols, {0, 1}, 1);
+        BindRadios(&Block::frameMode, radios.frame, {0, 1, 2}, 0);
+        BindRadios(&Block::skipHiddenItems, radios.hidden, {0, 1}, 1);
+        BindRadios(&Block::mergeViews, radios.views, {0, 1}, 1);
+    }
     void BindRatios(const char* heightGuidance, const char* widthGuidance) {
         BindText({form_.controls.heightRatioEdit, kRatioLimit, heightGuidance});
         BindText({form_.controls.widthRatioEdit, kRatioLimit, widthGuidance});

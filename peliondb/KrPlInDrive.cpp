@@ -1,7 +1,6 @@
 #include "peliondb/KrPlInDrive.h"
 
 #include "entry/host/FixedText.h"
-#include "peliondb/PelionTree.h"
 #include "resources/peliondb/KrPlInDrive.ids.h"
 
 namespace {
@@ -17,15 +16,15 @@ KrPlInDrive::KrPlInDrive(TARNAINFO* info)
       drives_(*this, kPlFirstList, kDriveColumn, [this] { DriveChosen(); }),
       groups_(*this, kPlSecondList, kGroupColumn, [this] { GroupChosen(); }),
       users_(*this, kPlThirdList, kUserColumn, [this] { ShowChoice(); }) {
-    SetLevels({{&drives_, "ドライブ名を選択してください。", "ドライブが選択されていません。"},
+    levels_ = {{&drives_, "ドライブ名を選択してください。", "ドライブが選択されていません。"},
                {&groups_, "グループ名を選択してください。", "グループが選択されていません。"},
-               {&users_, "ユーザ名を選択してください。", "ユーザが選択されていません。"}});
+               {&users_, "ユーザ名を選択してください。", "ユーザが選択されていません。"}};
 }
 
 void KrPlInDrive::OnInit() {
     InitUtility();
     const TarnaDatabaseView& info = info_->database;
-    drives_.Init(kMostPelionDrives, PelionDrives());
+    drives_.Init(kMostPelionDrives, Drives());
     if (info.plDriveKnown) drives_.Choose({info.plDrive[0], ':'});
     groups_.Init(kMostPelionNames, Groups(), &drives_);
     if (info.plGroupKnown) groups_.Choose(ReadFixedText(info.plGroup));
@@ -33,12 +32,26 @@ void KrPlInDrive::OnInit() {
     InitChoice();
 }
 
-std::vector<std::string> KrPlInDrive::Groups() const {
-    return drives_.HasChoice() ? PelionGroups(drives_.Chosen()) : std::vector<std::string>();
+std::vector<std::string> KrPlInDrive::Drives() {
+    PelionNames found = PelionDrives();
+    std::string silent;
+    for (const std::string& drive : found.silent) silent += " " + drive;
+    if (!silent.empty()) levels_[kDrives].prompt += "（応答なし：" + silent + "）";
+    return std::move(found.names);
 }
 
-std::vector<std::string> KrPlInDrive::Users() const {
-    return groups_.HasChoice() ? PelionUsers(drives_.Chosen(), groups_.Chosen()) : std::vector<std::string>();
+std::vector<std::string> KrPlInDrive::Groups() {
+    return drives_.HasChoice() ? Told(kGroups, PelionGroups(drives_.Chosen())) : std::vector<std::string>();
+}
+
+std::vector<std::string> KrPlInDrive::Users() {
+    return groups_.HasChoice() ? Told(kUsers, PelionUsers(drives_.Chosen(), groups_.Chosen()))
+                               : std::vector<std::string>();
+}
+
+std::vector<std::string> KrPlInDrive::Told(Lists list, PelionNames found) {
+    levels_[list].none = found.silent.empty() ? "" : "ドライブが応答しません。";
+    return std::move(found.names);
 }
 
 void KrPlInDrive::DriveChosen() {

@@ -43,10 +43,10 @@ KrPlInDrive1::KrPlInDrive1(TARNAINFO* info)
                   ShowChoice();
               }),
       users_(*this, kPlSecondList, kUserColumn, [this] { ShowChoice(); }) {
-    SetLevels(
-        {{&groups_, "グループ名を選択してください。", "グループが選択されていません。",
-          "グループ名の登録がありません。"},
-         {&users_, "ユーザ名を選択してください。", "ユーザが選択されていません。", "ユーザ名の登録がありません。"}});
+    levels_ = {
+        {&groups_, "グループ名を選択してください。", "グループが選択されていません。",
+         "グループ名の登録がありません。"},
+        {&users_, "ユーザ名を選択してください。", "ユーザが選択されていません。", "ユーザ名の登録がありません。"}};
 }
 
 void KrPlInDrive1::OnInit() {

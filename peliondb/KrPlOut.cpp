@@ -6,6 +6,7 @@
 #include "peliondb/KrPlInDrive1.h"
 #include "peliondb/KrPlOutParam.h"
 #include "resources/peliondb/KrPlOut.ids.h"
+#include "ui/Probe.h"
 #include "ui/WaitCursor.h"
 
 namespace {
@@ -122,8 +123,12 @@ void KrPlOut::ChoosePlace(bool driveKnown, bool groupKnown) {
 
 bool KrPlOut::CheckOwn() {
     // Where no drive is asked for, one that has no room is no drive.
-    return Source() != kToDatabase ||
-           CheckText(kPlOutDriveEdit, info_.plDrive, {"ドライブ名が入力されていません。", "無効なドライブ名です。"});
+    if (Source() != kToDatabase) return true;
+    if (!CheckText(kPlOutDriveEdit, info_.plDrive, {"ドライブ名が入力されていません。", "無効なドライブ名です。"}))
+        return false;
+    // The host will look for drawings there.
+    return kiro::ui::IsAnswering(Item<kiro::ui::Window>(kPlOutDriveEdit).WideText() + L":\\") ||
+           Refuse(kPlOutDriveEdit, "ドライブが応答しません。");
 }
 
 void KrPlOut::StoreOwn() {

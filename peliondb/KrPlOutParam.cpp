@@ -26,14 +26,14 @@ KrPlOutParam::KrPlOutParam(TARNAINFO* info)
     constexpr int kNone = -1;
     BindRadios(&Block::version, version_, {0, 1}, 1);
     BindRadios(&Block::doublePrecision, precision_, {0, 1}, 1);
-    BindRadios(&Block::symbolsAsSymbols, {*this, {kPlExpandSymbolsRadio, kPlKeepSymbolsRadio}}, {0, 1}, 1);
-    BindRadios(&Block::frameMode, {*this, {kPlNoFrameRadio, kPlFrameRadio, kPlTitleOnlyRadio}}, {0, 1, 2}, 0);
+    BindRadios({{*this, {kPlExpandSymbolsRadio, kPlKeepSymbolsRadio}},
+                {*this, {kPlNoFrameRadio, kPlFrameRadio, kPlTitleOnlyRadio}},
+                {*this, {kPlHiddenRadio, kPlNoHiddenRadio}},
+                {*this, {kPlEachViewRadio, kPlOneViewRadio}}});
     // Deliberately no button shows another value, which then stays.
     BindRadios(&Block::detailMode, {*this, {kPlNoDetailsRadio, kPlDetailsRadio, kPlCompositeDetailsRadio}}, {0, 1, 4},
                kNone);
     BindRadios(&Block::convertOverlays, {*this, {kPlNoOverlaysRadio, kPlOverlaysRadio}}, {0, 1}, 1);
-    BindRadios(&Block::skipHiddenItems, {*this, {kPlHiddenRadio, kPlNoHiddenRadio}}, {0, 1}, 1);
-    BindRadios(&Block::mergeViews, {*this, {kPlEachViewRadio, kPlOneViewRadio}}, {0, 1}, 1);
     version_.OnChosen([this](int) { VersionChosen(); });
     BindText({kPlDriveEdit, kDriveLimit, "ドライブ名を入力してください。"});
     // Deliberately "下さい".

@@ -27,8 +27,9 @@ const NameChooser::Level* NameChooser::FirstMissing() const {
 void NameChooser::ShowChoice() {
     const Level* missing = FirstMissing();
     Item<kiro::ui::Button>(goOnButton_).Enable(!missing);
-    if (missing && missing->none && missing->list->IsEmpty()) return Utility().ErrorText(missing->none);
-    Utility().MessageText(missing ? missing->prompt : "");
+    if (missing && !missing->none.empty() && missing->list->IsEmpty())
+        return Utility().ErrorText(missing->none.c_str());
+    Utility().MessageText(missing ? missing->prompt.c_str() : "");
 }
 
 void NameChooser::OnOk() {

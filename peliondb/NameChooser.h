@@ -2,6 +2,7 @@
 // chosen in the one before, and the button that goes on when all have a choice.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "entry/host/TARNAINFO.h"
@@ -13,19 +14,19 @@ class NameChooser : public kiro::ui::HostDialog {
     // A list, and what is said while nothing is chosen in it.
     struct Level {
         NameList* list;
-        const char* prompt;
-        const char* missing;         // to a user who wants to go on
-        const char* none = nullptr;  // an error in place of the prompt, where there is nothing to choose from
+        std::string prompt;
+        const char* missing;    // to a user who wants to go on
+        std::string none = {};  // an error in place of the prompt, where there is nothing to choose from
     };
 
     NameChooser(int templateId, TARNAINFO* info);
 
-    void SetLevels(std::vector<Level> levels) { levels_ = std::move(levels); }  // in the order of choosing
-    void InitChoice();                                                          // when the lists are filled
-    void ShowChoice();                                                          // and after every choice
-    virtual void Store() = 0;                                                   // what was chosen, in all of them
+    void InitChoice();         // when the lists are filled
+    void ShowChoice();         // and after every choice
+    virtual void Store() = 0;  // what was chosen, in all of them
 
     TARNAINFO* const info_;
+    std::vector<Level> levels_;  // in the order of choosing
 
   private:
     void OnOk() override;
@@ -33,5 +34,4 @@ class NameChooser : public kiro::ui::HostDialog {
     const Level* FirstMissing() const;  // null: none
 
     int goOnButton_;
-    std::vector<Level> levels_;
 };

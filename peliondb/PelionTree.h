@@ -8,7 +8,11 @@
 constexpr int kMostPelionDrives = 32;
 constexpr int kMostPelionNames = 512;  // of groups, and of users
 
+struct PelionNames {
+    std::vector<std::string> names;
+    std::vector<std::string> silent;  // drives that did not answer
+};
 // "C:" and its like: the fixed and the remote drives that have the folder.
-std::vector<std::string> PelionDrives();
-std::vector<std::string> PelionGroups(const std::string& drive);
-std::vector<std::string> PelionUsers(const std::string& drive, const std::string& group);
+PelionNames PelionDrives();
+PelionNames PelionGroups(const std::string& drive);
+PelionNames PelionUsers(const std::string& drive, const std::string& group);

@@ -2,6 +2,10 @@
 
 #include <utility>
 
+#include "ui/MessageBoxes.h"
+#include "ui/Probe.h"
+#include "ui/Text.h"
+
 namespace kiro::ui {
 namespace {
 
@@ -128,7 +132,17 @@ bool FileNameField::Confirm(const std::string& caption, Pattern pattern, NameChe
         if (!Browse() || pattern == Pattern::kStays) return Refuse();
         utility_.SetKeyword(place.key);
     }
-    return Access(place) || Refuse();
+    return (Answers(place, caption) && Access(place)) || Refuse();
+}
+
+// A name whose drive or share does not answer now stays on the recently used ones.
+bool FileNameField::Answers(const Place& place, const std::string& caption) const {
+    char path[kKrPathSize];
+    const std::string internal = InternalPath();
+    path[internal.copy(path, sizeof path - 1)] = 0;
+    if (!utility_.RealPathName(place.key, path, sizeof path) || IsAnswering(ToWide(path))) return true;
+    Tell(dialog_.Handle(), name_ + "\n\nフォルダが応答しません。\nネットワークの接続を確認してください。", caption);
+    return false;
 }
 
 bool FileNameField::Access(const Place& place) {

@@ -73,6 +73,7 @@ class FileNameField {
     void OnRecentChosen(int index);
     void Normalise();
     bool Refuse();  // false, with the focus in the field
+    bool Answers(const Place& place, const std::string& caption) const;
     bool Access(const Place& place);
     void SetName(const std::string& name);
     void Show(const std::string& text);

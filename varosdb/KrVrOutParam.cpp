@@ -18,13 +18,13 @@ const KrVrOutParam::Form KrVrOutParam::kForm = {kVrOutParamDialog,
 
 KrVrOutParam::KrVrOutParam(TARNAINFO* info) : DbOutParam(kForm, info) {
     using Block = VrOutParamBlock;
-    BindRadios(&Block::symbolsAsSymbols, {*this, {kVrExpandSymbolsRadio, kVrKeepSymbolsRadio}}, {0, 1}, 1);
-    BindRadios(&Block::frameMode, {*this, {kVrNoFrameRadio, kVrFrameRadio, kVrTitleOnlyRadio}}, {0, 1, 2}, 0);
+    BindRadios({{*this, {kVrExpandSymbolsRadio, kVrKeepSymbolsRadio}},
+                {*this, {kVrNoFrameRadio, kVrFrameRadio, kVrTitleOnlyRadio}},
+                {*this, {kVrHiddenRadio, kVrNoHiddenRadio}},
+                {*this, {kVrEachViewRadio, kVrOneViewRadio}}});
     // These two count the other way round than those of Pelion.
     BindRadios(&Block::skipDetails, {*this, {kVrDetailsRadio, kVrNoDetailsRadio}}, {0, 1}, 1);
     BindRadios(&Block::skipOverlays, {*this, {kVrOverlaysRadio, kVrNoOverlaysRadio}}, {0, 1}, 1);
-    BindRadios(&Block::skipHiddenItems, {*this, {kVrHiddenRadio, kVrNoHiddenRadio}}, {0, 1}, 1);
-    BindRadios(&Block::mergeViews, {*this, {kVrEachViewRadio, kVrOneViewRadio}}, {0, 1}, 1);
     BindText({kVrLabelEdit, kLabelLimit, "ラベル名を入力してください。"});
     BindRatios("文字高倍率を入力してください。", "文字幅倍率を入力してください。");
 }

@@ -2,27 +2,13 @@
 
 #include <cstdint>
 
-namespace {
-
-// FNV-1a: meant for damage, not for forgery.
-std::uint32_t Checksum(std::string_view bytes) {
-    std::uint32_t sum = 2166136261u;
-    for (const char byte : bytes) sum = (sum ^ static_cast<unsigned char>(byte)) * 16777619u;
-    return sum;
-}
-
-// Nothing but this system's Windows programs reads the file: numbers are little-endian as in memory.
-void AppendNumber(std::string& file, std::uint32_t number) {
-    file.append(reinterpret_cast<const char*>(&number), sizeof number);
-}
-
-}  // namespace
+#include "hostlayer/kirobc/ByteFile.h"
 
 std::string FormatParamDefaults(std::string_view mark, std::string_view block) {
     std::string file(mark);
-    AppendNumber(file, static_cast<std::uint32_t>(block.size()));
+    kirobc::AppendNumber(file, static_cast<std::uint32_t>(block.size()));
     file += block;
-    AppendNumber(file, Checksum(file));
+    kirobc::AppendNumber(file, kirobc::Checksum<std::uint32_t>(file));
     return file;
 }
 

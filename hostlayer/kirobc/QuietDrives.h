@@ -1,4 +1,5 @@
-// While one lives, a drive without a medium is an error that a function returns, not a box of the system's.
+// While one lives, a drive without a medium is an error that a function returns to this thread, not a box of the
+// system's.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +8,7 @@ namespace kirobc {
 
 class QuietDrives {
   public:
-    QuietDrives() { SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &before_); }
+    QuietDrives() { SetThreadErrorMode(GetThreadErrorMode() | SEM_FAILCRITICALERRORS, &before_); }
     QuietDrives(const QuietDrives&) = delete;
     QuietDrives& operator=(const QuietDrives&) = delete;
     ~QuietDrives() { SetThreadErrorMode(before_, nullptr); }

@@ -9,6 +9,7 @@
 #include "KrFileHandle.h"
 #include "KrPath.h"
 #include "KrText.h"
+#include "hostlayer/kirobc/QuietDrives.h"
 
 namespace {
 
@@ -101,18 +102,6 @@ FileProblem CheckComponents(std::wstring_view components, bool pattern) {
 
 // ---- Files ----
 
-// Keeps the system from asking for a missing medium in a box of its own.
-class NoSystemBoxes {
-  public:
-    NoSystemBoxes() { SetThreadErrorMode(SEM_FAILCRITICALERRORS, &previous_); }
-    ~NoSystemBoxes() { SetThreadErrorMode(previous_, nullptr); }
-    NoSystemBoxes(const NoSystemBoxes&) = delete;
-    NoSystemBoxes& operator=(const NoSystemBoxes&) = delete;
-
-  private:
-    DWORD previous_ = 0;
-};
-
 // Whether a new file may be made is known only by making one; it goes with its handle.
 FileProblem CheckCreatable(const std::wstring& path) {
     const std::wstring folder = path.substr(0, path.rfind(L'\\') + 1);
@@ -150,7 +139,7 @@ CheckedName CheckName(std::string_view name, const std::wstring& folder, bool pa
 }
 
 FileProblem CheckReadable(const std::wstring& path) {
-    const NoSystemBoxes quiet;
+    const kirobc::QuietDrives quiet;
     const DWORD attributes = GetFileAttributesW(path.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY)) return FileProblem::kIsFolder;
     const FileHandle file = OpenFileHandle(path, GENERIC_READ, kShareAll, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
@@ -162,7 +151,7 @@ FileProblem CheckReadable(const std::wstring& path) {
 }
 
 FileProblem CheckWritable(const std::wstring& path, bool& exists) {
-    const NoSystemBoxes quiet;
+    const kirobc::QuietDrives quiet;
     exists = false;
     const DWORD attributes = GetFileAttributesW(path.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return CheckCreatable(path);

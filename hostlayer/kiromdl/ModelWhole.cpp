@@ -6,6 +6,7 @@
 #include "ModelFile.h"
 #include "entry/host/kirodxf.h"
 #include "hostlayer/include/KiroHost.h"
+#include "hostlayer/kirobc/ByteFile.h"
 #include "hostlayer/kirobc/EucCodec.h"
 #include "hostlayer/kirobc/Guarded.h"
 #include "hostlayer/kirobc/HostFiles.h"
@@ -16,17 +17,6 @@ namespace {
 
 constexpr std::string_view kMark = "KIROMODEL 1\n";
 constexpr std::string_view kExtension = ".mdl";
-
-// FNV-1a: meant for damage, not for forgery.
-std::uint64_t Checksum(std::string_view bytes) {
-    std::uint64_t sum = 14695981039346656037u;
-    for (const char byte : bytes) sum = (sum ^ static_cast<unsigned char>(byte)) * 1099511628211u;
-    return sum;
-}
-
-void Append(std::string& file, std::uint64_t number) {
-    file.append(reinterpret_cast<const char*>(&number), sizeof number);
-}
 
 std::uint64_t NumberAt(std::string_view bytes, std::size_t offset) {
     std::uint64_t number = 0;
@@ -43,7 +33,7 @@ Model ReadModelBytes(std::string_view file) {
     const auto fail = [](const char* what) { throw ModelFileError(std::string("file: ") + what); };
     if (!IsModelBytes(file) || file.size() < kStart + kNumber) fail("is no model file");
     const std::string_view summed = file.substr(0, file.size() - kNumber);
-    if (NumberAt(file, summed.size()) != Checksum(summed)) fail("is not whole");
+    if (NumberAt(file, summed.size()) != kirobc::Checksum<std::uint64_t>(summed)) fail("is not whole");
     const std::uint64_t length = NumberAt(file, kMark.size());
     if (length > summed.size() - kStart) fail("is not whole");
     const auto facts = static_cast<std::size_t>(length);
@@ -60,10 +50,10 @@ int Mdlwrite(const char* path) {
         const std::string facts = PrintModel(model);
         model.modified = modified;
         std::string file(kMark);
-        Append(file, facts.size());
+        kirobc::AppendNumber(file, std::uint64_t{facts.size()});
         file += facts;
         file += FormatModelContent(model.content);
-        Append(file, Checksum(file));
+        kirobc::AppendNumber(file, kirobc::Checksum<std::uint64_t>(file));
         const int error = kirobc::ReplaceHostFile(path, file);
         if (error == 0) model.modified = false;
         return error;

@@ -15,6 +15,15 @@ class CommandHost : public TestHost {
   protected:
     using User = std::function<void(HWND dialog)>;
 
+    // The user gets the command's dialog, which is cancelled when he has left it open.
+    static void Use(const User& user) {
+        const HWND dialog = kiro::drive::Settle();
+        user(dialog);
+        const HWND open = kiro::drive::Settle();
+        if (!open) return;
+        EXPECT_EQ(dialog, open) << "something is left open";
+        kiro::drive::Click(open, IDCANCEL);
+    }
     // Types the texts; clicks where there is none.
     static void Play(HWND dialog, std::initializer_list<std::pair<int, const wchar_t*>> steps) {
         for (const auto& [id, text] : steps)

@@ -34,7 +34,7 @@ class DatabaseHost : public CommandHost {
             [&] {
                 return CallExport(*kiro::FindExport(command), {{"record", members}}).json;
             },
-            [&] { user(kiro::drive::Settle()); });
+            [&] { Use(user); });
         record = result["record"];
         return result["returned"];
     }
@@ -53,6 +53,9 @@ class DatabaseHost : public CommandHost {
         return kiro::Utf8FromWide(home.generic_wstring()) + "/" + name;
     }
 
+    static void ExpectAll(HWND dialog, bool enabled, std::initializer_list<int> ids) {
+        for (const int id : ids) EXPECT_EQ(enabled, kiro::drive::IsEnabled(dialog, id)) << id;
+    }
     // Marks the first rows of a list and confirms it.
     static void Mark(HWND dialog, int rows) {
         const kiro::drive::Grid grid(dialog, kGrid);

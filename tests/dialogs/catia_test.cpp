@@ -14,7 +14,7 @@ class CatiaImport : public CommandHost {
   protected:
     CatiaImport() { std::memset(&info, 0xA5, sizeof info); }
     int Run(const User& user) {
-        return Drive([this] { return CatiaInputDlg(&info); }, [&] { user(Settle()); });
+        return Drive([this] { return CatiaInputDlg(&info); }, [&] { Use(user); });
     }
     CATIAINFO info;
 };
@@ -28,7 +28,6 @@ TEST_F(CatiaImport, LeadsFromAPatternToTheRecord) {
     const int cancelled = Run([&](HWND dialog) {
         Choose(dialog, kCatiaBrowseButton, model.filename());
         Click(dialog, kCatiaAddRadio);
-        Click(dialog, IDCANCEL);
     });
     EXPECT_EQ(1, cancelled);
     EXPECT_EQ(0, std::memcmp(&before, &info, sizeof info));
@@ -77,6 +76,5 @@ TEST_F(CatiaImport, MissingFileIsRefusedAndForgotten) {
         EXPECT_EQ(std::vector<std::wstring>{L"b.model"}, Items(dialog, kCatiaRecentCombo));
         Type(dialog, kCatiaFileEdit, L"a|b");
         ExpectRefusal(dialog, L"a|b", kCatiaFileEdit, kCaption);
-        Click(dialog, IDCANCEL);
     });
 }

@@ -17,7 +17,7 @@ constexpr wchar_t kRepeated[] = L"図面名が重複しています。";
 constexpr char8_t kRecord[] =
     u8R"({"plwVariant": 1, "plDrive": "C", "plGroup": "KAN1", "plUser": "QA", "dbSource": 9,
     "dbPicture": 2, "dbActiveListCount": 3, "dbPageCounts": {"7": 1, "120": 2}, "dbPageNames": {"7": "表"},
-    "dbPictureCounts": {"2": 5, "9": 1}, "dbPictureNames": {"9": "側板"}})";
+    "dbPictureCounts": {"2": 5, "9": 1}, "dbPictureNames": {"9": "側板"}, "dbOutModelCount": 3})";
 
 class DatabaseOutput : public DatabaseHost {
   protected:
@@ -40,17 +40,11 @@ TEST_F(DatabaseOutput, DestinationDecidesWhatCanBeSaid) {
         for (const int destination : destinations) {
             Click(dialog, destination);
             const bool file = destination == kPlOutFileRadio, second = destination == kPlOutDatabaseRadio;
-            ExpectEnabled(dialog, {{kPlOutNewRadio, file},
-                                   {kPlOutAddRadio, file},
-                                   {kPlOutFileEdit, file},
-                                   {kPlOutRecentCombo, file},
-                                   {kPlOutBrowseButton, file},
-                                   {kPlOutDriveEdit, second},
-                                   {kPlOutDriveButton, second},
-                                   {kPlOutGroupButton, !file},
-                                   {kPlOutUserButton, !file}});
+            ExpectAll(dialog, file,
+                      {kPlOutNewRadio, kPlOutAddRadio, kPlOutFileEdit, kPlOutRecentCombo, kPlOutBrowseButton});
+            ExpectAll(dialog, second, {kPlOutDriveEdit, kPlOutDriveButton});
+            ExpectAll(dialog, !file, {kPlOutGroupButton, kPlOutUserButton});
         }
-        Click(dialog, IDCANCEL);
     };
     Run("PlOutputDlg", With(u8"{}"), [&](HWND dialog) {
         EXPECT_EQ(kPlw, Text(dialog));
@@ -70,22 +64,17 @@ TEST_F(DatabaseOutput, DestinationDecidesWhatCanBeSaid) {
         Sync();
         EXPECT_TRUE(IsChecked(dialog, kPlOutFileRadio));
         EXPECT_TRUE(IsEnabled(dialog, kPlOutFileEdit));
-        Click(dialog, IDCANCEL);
     });
     EXPECT_EQ(0, record["dbSource"]);
 }
 
 TEST_F(DatabaseOutput, ModelDecidesWhichDataThereAre) {
     const auto expect = [](HWND dialog, int chosen, std::size_t pages, bool byName) {
-        ExpectEnabled(dialog, {{kPlOutPatternEdit, byName},
-                               {kPlOutModelsButton, byName},
-                               {kPlOutDrawingEdit, !byName},
-                               {kPlOutCurrentRadio, !byName},
-                               {kPlOutActiveRadio, !byName},
-                               {kPlOutPageRadio, true},
-                               {kPlOutPictureRadio, true},
-                               {kPlOutPageCombo, chosen == kPlOutPageRadio},
-                               {kPlOutPictureCombo, chosen == kPlOutPictureRadio}});
+        ExpectAll(dialog, byName, {kPlOutPatternEdit, kPlOutModelsButton});
+        ExpectAll(dialog, !byName, {kPlOutDrawingEdit, kPlOutCurrentRadio, kPlOutActiveRadio});
+        ExpectAll(dialog, true, {kPlOutPageRadio, kPlOutPictureRadio});
+        ExpectAll(dialog, chosen == kPlOutPageRadio, {kPlOutPageCombo});
+        ExpectAll(dialog, chosen == kPlOutPictureRadio, {kPlOutPictureCombo});
         EXPECT_TRUE(IsChecked(dialog, chosen));
         EXPECT_EQ(pages, Items(dialog, kPlOutPageCombo).size());
     };
@@ -106,11 +95,10 @@ TEST_F(DatabaseOutput, ModelDecidesWhichDataThereAre) {
         Click(dialog, kPlOutCurrentModelRadio);
         expect(dialog, kPlOutCurrentRadio, 2, false);
         EXPECT_EQ(L"*", Text(dialog, kPlOutPatternEdit));
-        Click(dialog, IDCANCEL);
     });
     Run("PlOutputDlg", Json::object(), [&](HWND dialog) {
         for (int turn = 0; turn < 2; ++turn) {
-            ExpectEnabled(dialog, {{kPlOutPageRadio, false}, {kPlOutActiveRadio, false}});
+            ExpectAll(dialog, false, {kPlOutPageRadio, kPlOutActiveRadio});
             Click(dialog, kPlOutByNameRadio);
             Click(dialog, kPlOutCurrentModelRadio);
         }
@@ -118,7 +106,6 @@ TEST_F(DatabaseOutput, ModelDecidesWhichDataThereAre) {
         Expect(L"Ｐｅｌｉｏｎ ＤＢ書込み", L"ピクチャにデータがありません", MB_ICONWARNING, IDOK);
         Sync();
         EXPECT_TRUE(IsChecked(dialog, kPlOutCurrentRadio));
-        Click(dialog, IDCANCEL);
     });
 }
 
@@ -126,15 +113,12 @@ TEST_F(DatabaseOutput, WritesTheChoicesOfBothDatabases) {
     const struct {
         bool pelion;
         int radio;
-        int entry;  // of its list
-        const char8_t* record;
+        int entry;                  // of its list
+        int page, picture, active;  // in the record
     } ways[] = {
-        {true, kPlOutCurrentRadio, -1, u8R"({"dbOutPage": 0, "dbPicture": 2, "dbFromActiveList": 0})"},
-        {true, kPlOutPageRadio, 1, u8R"({"dbOutPage": 120, "dbPicture": 0, "dbFromActiveList": 0})"},
-        {true, kPlOutPictureRadio, 1, u8R"({"dbOutPage": 0, "dbPicture": 9, "dbFromActiveList": 0})"},
-        {true, kPlOutActiveRadio, -1, u8R"({"dbOutPage": 0, "dbPicture": 0, "dbFromActiveList": 1})"},
-        {false, kVrOutPictureRadio, 0, u8R"({"dbOutPage": 0, "dbPicture": 2, "dbFromActiveList": 0})"},
-        {false, kVrOutActiveRadio, -1, u8R"({"dbOutPage": 0, "dbPicture": 0, "dbFromActiveList": 1})"},
+        {true, kPlOutCurrentRadio, -1, 0, 2, 0}, {true, kPlOutPageRadio, 1, 120, 0, 0},
+        {true, kPlOutPictureRadio, 1, 0, 9, 0},  {true, kPlOutActiveRadio, -1, 0, 0, 1},
+        {false, kVrOutPictureRadio, 0, 0, 2, 0}, {false, kVrOutActiveRadio, -1, 0, 0, 1},
     };
     for (const auto& way : ways) {
         const char* folder = way.pelion ? "TARNA/DOS/" : "TARNA/DB_R/";
@@ -147,7 +131,9 @@ TEST_F(DatabaseOutput, WritesTheChoicesOfBothDatabases) {
         });
         EXPECT_EQ(0, returned);
         EXPECT_EQ(HomePath(std::string(folder) + Utf8(u8"新.out")), record["dbFileName"]);
-        ExpectRecord(way.record);
+        EXPECT_EQ(way.page, record["dbOutPage"]);
+        EXPECT_EQ(way.picture, record["dbPicture"]);
+        EXPECT_EQ(way.active, record["dbFromActiveList"]);
         ExpectRecord(
             u8R"({"dbDrawingName": "図A", "dbSource": 0, "dbMode": 0, "dbModelByName": 0, "plDrive": "C",
                            "plGroup": "KAN1", "plUser": "QA", "dbOutModelCount": 0, "dbModelPattern": ""})");
@@ -158,7 +144,6 @@ TEST_F(DatabaseOutput, WritesTheChoicesOfBothDatabases) {
         FillIn(dialog, true, L"新.out", L"A");
         Click(dialog, IDOK);
         Expect(kPlw, L"出力するアイテムがありません。", MB_ICONERROR, IDOK);
-        Click(dialog, IDCANCEL);
     });
     EXPECT_EQ(0, Run("VrOutputDlg", empty, [](HWND dialog) {
                   FillIn(dialog, false, L"新.out", L"A");
@@ -194,88 +179,82 @@ TEST_F(DatabaseOutput, ModelsByNameGetDrawingNamesOfTheirOwn) {
 }
 
 TEST_F(DatabaseOutput, ChecksInTheOrderOfTheScreen) {
-    const auto fill = [](HWND dialog, int id, const wchar_t* text) { Type(dialog, id, text); };
+    const struct {
+        int id;
+        const wchar_t* text;
+        int refused;
+        const wchar_t* fault;
+    } kSteps[] = {
+        {kPlOutFileEdit, L"*", kPlOutFileEdit, L"図面ファイル名が入力されていません。"},
+        {kPlOutFileEdit, L"a?", kPlOutFileEdit, L"図面ファイル名が入力されていません。"},
+        {kPlOutFileEdit, L"a|b", kPlOutFileEdit, L"図面ファイル名に無効な文字があります。"},
+        {kPlOutFileEdit, L"新.dos", kPlOutGroupEdit, L"グループ名が入力されていません。"},
+        {kPlOutGroupEdit, L"図図図", kPlOutGroupEdit, L"グループ名が長すぎます。（半角で5文字）"},
+        {kPlOutGroupEdit, L"g", kPlOutUserEdit, L"ユーザ名が入力されていません。"},
+        {kPlOutUserEdit, L"u", kPlOutDrawingEdit, L"図面名が入力されていません。"},
+        {kPlOutDrawingEdit, L"図面図面図面図面図面図面", kPlOutDrawingEdit, L"図面名が長すぎます。（半角で23文字）"},
+    };
     Run("PlOutputDlg", Json::object(), [&](HWND dialog) {
-        const std::pair<const wchar_t*, const wchar_t*> files[] = {{L"*", L"図面ファイル名が入力されていません。"},
-                                                                   {L"a?", L"図面ファイル名が入力されていません。"},
-                                                                   {L"a|b", L"図面ファイル名に無効な文字があります。"}};
-        for (const auto& [name, fault] : files) {
-            Focus(dialog, kPlOutFileEdit);
-            fill(dialog, kPlOutFileEdit, name);
-            ExpectFault(dialog, fault, kPlOutFileEdit, MB_ICONERROR);
+        for (const auto& step : kSteps) {
+            Focus(dialog, step.id);
+            Type(dialog, step.id, step.text);
+            ExpectFault(dialog, step.fault, step.refused, MB_ICONERROR);
         }
-        fill(dialog, kPlOutFileEdit, L"図ソ.dos");
+        Type(dialog, kPlOutFileEdit, L"図ソ.dos");
         Click(dialog, IDOK);
         Answer(ReadBox(), IDNO);  // it is there: written over?
-        fill(dialog, kPlOutFileEdit, L"新.dos");
-        ExpectFault(dialog, L"グループ名が入力されていません。", kPlOutGroupEdit, MB_ICONERROR);
-        fill(dialog, kPlOutGroupEdit, L"図図図");
-        ExpectFault(dialog, L"グループ名が長すぎます。（半角で5文字）", kPlOutGroupEdit, MB_ICONERROR);
-        fill(dialog, kPlOutGroupEdit, L"g");
-        ExpectFault(dialog, L"ユーザ名が入力されていません。", kPlOutUserEdit, MB_ICONERROR);
-        fill(dialog, kPlOutUserEdit, L"u");
-        ExpectFault(dialog, L"図面名が入力されていません。", kPlOutDrawingEdit, MB_ICONERROR);
-        fill(dialog, kPlOutDrawingEdit, L"図面図面図面図面図面図面");
-        ExpectFault(dialog, L"図面名が長すぎます。（半角で23文字）", kPlOutDrawingEdit, MB_ICONERROR);
         // It left for the box: "*" alone is no name.
-        Focus(dialog, kPlOutFileEdit);
-        fill(dialog, kPlOutFileEdit, L"*");
+        Type(dialog, kPlOutFileEdit, L"*");
         Focus(dialog, kPlOutUserEdit);
         EXPECT_EQ(L"ファイル名を入力 または［参照］でファイルを選択", Text(dialog, kPlOutFileEdit));
-        Click(dialog, IDCANCEL);
     });
     Run("PlOutputDlg", With(u8R"({"plDrive": ""})"), [](HWND dialog) {
         Click(dialog, kPlOutDatabaseRadio);
         ExpectFault(dialog, L"ドライブ名が入力されていません。", kPlOutDriveEdit, MB_ICONERROR);
-        Click(dialog, IDCANCEL);
     });
 }
 
 TEST_F(DatabaseOutput, NamesThatAreThereAlready) {
     constexpr const wchar_t* kOnDrive[] = {L"KAN1/QA/Pipe"};
     const kiro::PelionDrive drive(kOnDrive);
-    const auto to = [](int destination, const wchar_t* file, const wchar_t* name, const User& then) {
-        return [=](HWND dialog) {
-            Click(dialog, destination);
-            if (file) Play(dialog, {{kPlOutAddRadio, nullptr}, {kPlOutFileEdit, file}});
-            Type(dialog, kPlOutDrawingEdit, name);
-            Click(dialog, IDOK);
-            then(dialog);
-        };
-    };
     Write(L"TARNA\\DOS\\no.dos", "KIRO VAROS 1\n");
-    const auto refused = [](const wchar_t* text) {
-        return [=](HWND dialog) {
-            Expect(kPlw, text, MB_ICONERROR, IDOK);
-            ASSERT_EQ(dialog, Settle());
-            Click(dialog, IDCANCEL);
-        };
+    constexpr wchar_t kAsked[] = L"図面名が重複しています。\n上書きしますか。";
+    const struct {
+        int destination;
+        int source;
+        const wchar_t* file;
+        const wchar_t* name;
+        const wchar_t* told;
+        int answer;
+        int returned;
+    } kCases[] = {
+        {kPlOutFileRadio, 0, L"図ソ.dos", L"abc-1", kRepeated, IDOK, 1},
+        {kPlOutFileRadio, 0, L"no.dos", L"A", L"ＤＯＳファイルではありません。", IDOK, 1},
+        {kPlOutFileRadio, 0, L"図ソ.dos", L"ABC-2", nullptr, 0, 0},
+        {kPlOutDatabaseRadio, 1, nullptr, L"PIPE", kAsked, IDNO, 1},
+        {kPlOutDatabaseRadio, 1, nullptr, L"PIPE", kAsked, IDYES, 0},
+        {kPlOutFloppyRadio, 2, nullptr, L"PIPE", nullptr, 0, 0},
     };
-    const auto asked = [](int answer) {
-        return [=](HWND dialog) {
-            EXPECT_EQ(IDNO, ReadBox().defaultButton);
-            Expect(kPlw, L"図面名が重複しています。\n上書きしますか。", MB_ICONWARNING, answer);
-            if (answer == IDNO) Click(dialog, IDCANCEL);
-        };
-    };
-    const auto nothing = [](HWND) {};
-    const auto run = [&](const User& user) { return Run("PlOutputDlg", With(u8"{}"), user); };
-    EXPECT_EQ(1, run(to(kPlOutFileRadio, L"図ソ.dos", L"abc-1", refused(kRepeated))));
-    EXPECT_EQ(1, run(to(kPlOutFileRadio, L"no.dos", L"A", refused(L"ＤＯＳファイルではありません。"))));
-    EXPECT_EQ(0, run(to(kPlOutFileRadio, L"図ソ.dos", L"ABC-2", nothing)));
-    EXPECT_EQ(1, record["dbMode"]);
-    EXPECT_EQ(1, run(to(kPlOutDatabaseRadio, nullptr, L"PIPE", asked(IDNO))));
-    EXPECT_EQ(0, run(to(kPlOutDatabaseRadio, nullptr, L"PIPE", asked(IDYES))));
-    EXPECT_EQ(1, record["dbSource"]);
-    EXPECT_EQ("", record["dbFileName"]);
-    EXPECT_EQ(0, run(to(kPlOutFloppyRadio, nullptr, L"PIPE", nothing)));
+    for (const auto& way : kCases) {
+        const int returned = Run("PlOutputDlg", With(u8"{}"), [&](HWND dialog) {
+            Click(dialog, way.destination);
+            if (way.file) Play(dialog, {{kPlOutAddRadio, nullptr}, {kPlOutFileEdit, way.file}});
+            Type(dialog, kPlOutDrawingEdit, way.name);
+            Click(dialog, IDOK);
+            if (!way.told) return;
+            EXPECT_EQ(way.answer == IDOK ? IDOK : IDNO, ReadBox().defaultButton);
+            Expect(kPlw, way.told, way.answer == IDOK ? MB_ICONERROR : MB_ICONWARNING, way.answer);
+        });
+        EXPECT_EQ(way.returned, returned);
+        EXPECT_EQ(std::pair(way.source, way.file ? 1 : 0), std::pair(int{record["dbSource"]}, int{record["dbMode"]}));
+        EXPECT_EQ(!way.file, record["dbFileName"] == "");
+    }
     const auto varos = [](const wchar_t* file, const std::wstring& text) {
         return [=](HWND dialog) {
             Click(dialog, kVrOutAddRadio);
             FillIn(dialog, false, file, L"frame-a");
             Click(dialog, IDOK);
             Expect(kVaros, text, MB_ICONERROR, IDOK);
-            Click(dialog, IDCANCEL);
         };
     };
     EXPECT_EQ(1, Run("VrOutputDlg", With(u8"{}"), varos(L"plant.vdb", kRepeated)));
@@ -288,32 +267,30 @@ TEST_F(DatabaseOutput, NamesThatAreThereAlready) {
 TEST_F(DatabaseOutput, BrowsesForDriveGroupAndUser) {
     constexpr const wchar_t* kOnDrive[] = {L"設計/山田/"};
     const kiro::PelionDrive drive(kOnDrive);
-    const auto expect = [](HWND dialog, const wchar_t* group, const wchar_t* user) {
-        ASSERT_EQ(dialog, Settle());
-        EXPECT_EQ(group, Text(dialog, kPlOutGroupEdit));
-        EXPECT_EQ(user, Text(dialog, kPlOutUserEdit));
+    const struct {
+        int destination;
+        int button;
+        std::vector<int> lists;  // what is before them is known
+        const wchar_t* user;
+    } kWays[] = {
+        {kPlOutDatabaseRadio, kPlOutDriveButton, {kPlFirstList, kPlSecondList, kPlThirdList}, L"山田"},
+        {kPlOutDatabaseRadio, kPlOutGroupButton, {kPlSecondList, kPlThirdList}, L"山田"},
+        {kPlOutDatabaseRadio, kPlOutUserButton, {kPlThirdList}, L"山田"},
+        {kPlOutFloppyRadio, kPlOutUserButton, {kPlSecondList}, L"QA"},
     };
     Run("PlOutputDlg", With(u8"{}"), [&](HWND dialog) {
-        Click(dialog, kPlOutDatabaseRadio);
-        Click(dialog, kPlOutDriveButton);
-        ChooseNames(Settle(), kPlSetButton);
-        expect(dialog, L"設計", L"山田");
-        for (const int button : {kPlOutGroupButton, kPlOutUserButton}) {  // what is before them is known
-            Click(dialog, button);
+        for (const auto& way : kWays) {
+            Click(dialog, way.destination);
+            Click(dialog, way.button);
             const HWND chooser = Settle();
-            if (button == kPlOutGroupButton) Grid(chooser, kPlSecondList).Click(0, 0);
-            Grid(chooser, kPlThirdList).Click(0, 0);
+            for (const int list : way.lists) Grid(chooser, list).Click(0, 0);
             Click(chooser, kPlSetButton);
-            expect(dialog, L"設計", L"山田");
+            ASSERT_EQ(dialog, Settle());
+            EXPECT_EQ(L"設計", Text(dialog, kPlOutGroupEdit));
+            EXPECT_EQ(way.user, Text(dialog, kPlOutUserEdit));
         }
-        Click(dialog, kPlOutFloppyRadio);
-        Click(dialog, kPlOutUserButton);
-        Grid(Settle(), kPlSecondList).Click(0, 0);
-        Click(Settle(), kPlSetButton);
-        expect(dialog, L"設計", L"QA");
         Click(dialog, kPlOutParametersButton);
         Click(Settle(), IDCANCEL);
-        Click(dialog, IDCANCEL);
     });
     // The second choice of the normal variant is the floppy, and its button still shows the drives.
     Run("PlOutputDlg", With(u8R"({"plwVariant": 0})"), [&](HWND dialog) {
@@ -321,7 +298,6 @@ TEST_F(DatabaseOutput, BrowsesForDriveGroupAndUser) {
         Click(dialog, kPlOutGroupButton);
         EXPECT_NE(nullptr, GetDlgItem(Settle(), kPlThirdList));
         Click(Settle(), IDCANCEL);
-        Click(dialog, IDCANCEL);
     });
 }
 
@@ -334,20 +310,16 @@ TEST_F(DatabaseOutput, RecordsThatMakeNoSenseDoNoHarm) {
         for (const auto command : {PlInputDlg, VrInputDlg, PlOutputDlg, VrOutputDlg}) {
             std::memset(info.Get(), filler, info.Bytes().size());
             database.dbOutParams = nullptr;
-            const int returned = Drive(
-                [&] { return command(info.Get()); },
-                [&] {
-                    const HWND dialog = Settle();
-                    Click(dialog, IDOK);
+            const auto play = [&](HWND dialog) {
+                const auto press = [&](int id) {
+                    Click(dialog, id);
                     while (Settle() != dialog) CloseBox(Settle());
-                    for (const int id : {kPlOutByNameRadio, kPlOutModelsButton, kVrOutByNameRadio, kVrOutModelsButton})
-                        if (command != PlInputDlg && command != VrInputDlg && IsEnabled(dialog, id)) {
-                            Click(dialog, id);
-                            while (Settle() != dialog) CloseBox(Settle());
-                        }
-                    Click(dialog, IDCANCEL);
-                });
-            EXPECT_EQ(1, returned);
+                };
+                press(IDOK);
+                for (const int id : {kPlOutByNameRadio, kPlOutModelsButton, kVrOutByNameRadio, kVrOutModelsButton})
+                    if (command != PlInputDlg && command != VrInputDlg && IsEnabled(dialog, id)) press(id);
+            };
+            EXPECT_EQ(1, Drive([&] { return command(info.Get()); }, [&] { Use(play); }));
         }
         for (const auto list : {GetPlInputDrawing, GetVrInputDrawing}) EXPECT_EQ(-1, list(info.Get()));
         for (const auto check : {CheckPlDrawingName, CheckVrDrawingName}) check(info.Get());
