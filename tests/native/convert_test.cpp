@@ -422,6 +422,73 @@ TEST(Convert, TextsKeepTheirCharacters) {
     EXPECT_EQ(Count(old.summary, Fate::kNameChanged, name), 1u);
 }
 
+// What code page 932 lacks comes through as drawings write it.
+TEST(Convert, TextsFollowTheCodePageOfTheDrawing) {
+    const struct {
+        const char* page;
+        const char* bytes;
+        int euc;
+        const char* old;
+        const char* newer;
+    } cases[] = {
+        {"ANSI_1252", "\xC4\\U+039B", 0, "\\U+00C4\\U+039B", "\xC3\x84\\U+039B"},
+        {"ansi_1250", "\xB9", 0, "\\U+0105", "\xC4\x85"},
+        {"ANSI_1251", "\xC4", 0, "\x84\x44", "\xD0\x94"},  // in code page 932 too
+        {"dos850", "\x8E", 0, "\\U+00C4", "\xC3\x84"},
+        {"dos932", "\x83\x5C", 0, "\x83\x5C", "\xE3\x82\xBD"},
+        {"ANSI_1252", "\xB3\xA4", 1, "\x8A\x43", "\xE6\xB5\xB7"},
+        {"NONE_9", "\x83\x5C", 0, "\x83\x5C", "\xE3\x82\xBD"},
+    };
+    for (const auto& c : cases) {
+        Tables tables;
+        tables.import.params.kanjiCode = c.euc;
+        const Imported imported =
+            Import(Section("HEADER", "9 $ACADVER/1 AC1015/9 $DWGCODEPAGE/3 " + std::string(c.page)) +
+                       Section("ENTITIES", "0 TEXT/8 0/1 " + std::string(c.bytes)) + Pairs("0 EOF"),
+                   tables.import);
+        EXPECT_EQ(Count(imported.summary, Fate::kCodePageNotKnown, "NONE_9"), c.page == std::string("NONE_9"));
+        for (const int version : {3, 5}) {
+            tables.output.params.outputVersion = version;
+            EXPECT_EQ(Items(Export(imported.content, tables.output).bytes, "ENTITIES", {1}),
+                      std::vector<std::string>{"1 " + std::string(version < 5 ? c.old : c.newer) + "/"})
+                << c.page;
+        }
+    }
+}
+
+// What the model's user has made of its line fonts, and what the export's table says of them.
+TEST(Convert, LineTypesFollowTheLineFontsOfTheModel) {
+    Tables tables("", "", "", "LINE-FONT1 2 = CHAIN\nLINE-FONT1 5 = LONG\nPITCH-LONG = 9,-1\n");
+    const std::string items = "0 LINE/8 WALL/0 LINE/8 0/6 ZIG/0 LINE/8 0/6 EVER";
+    Imported imported = Import(Drawing(kLayers + "/0 LTYPE/2 EVER/3 -- ./49 1/49 0/49 2", items), tables.import);
+    ModelContent& content = imported.content;
+    const auto entries = [&](const char* type) {
+        std::vector<std::string> found;
+        for (const std::string& entry : Items(Export(content, tables.output).bytes, type, {2, 6, 49})) {
+            if (entry.empty()) break;  // the table's end
+            if (entry.find("By") == entry.npos && !entry.ends_with("Continuous/")) found.push_back(entry);
+        }
+        return found;
+    };
+    using Entries = std::vector<std::string>;
+    for (const int font : {2, 5, 6}) {
+        const LineType type = *content.LineTypeOf(font);
+        SetLineFont(content, font, type.name, HostPitches(type));  // nothing is changed
+    }
+    EXPECT_EQ(entries("LTYPE"), (Entries{"2 DASHED/49 2/49 -1/", "2 EVER/49 1/49 0/49 2/", "2 ZIG/49 1/"}));
+    SetLineFont(content, 2, "HASEN", {3, 1.5});
+    SetLineFont(content, 6, "EVER", {4, 1, 1, 1});
+    SetLineFont(content, 7, "NEW", {8, 2});
+    SetLineFont(content, 8, "", {8, 2});
+    EXPECT_EQ(entries("LTYPE"),
+              (Entries{"2 EVER/49 4/49 -1/49 1/49 -1/", "2 HASEN/49 3/49 -1.5/", "2 NEW/49 8/49 -2/", "2 ZIG/49 1/"}));
+    EXPECT_EQ(entries("LAYER"), Entries{"2 2/6 HASEN/"});
+    tables.output.params.lineConversion = 1;
+    const Entries byTable = entries("LTYPE");
+    EXPECT_EQ(std::count(byTable.begin(), byTable.end(), "2 CHAIN/49 3/49 -1.5/"), 1);
+    EXPECT_EQ(std::count(byTable.begin(), byTable.end(), "2 LONG/49 9/49 -1/"), 1);
+}
+
 TEST(Convert, BadInputIsRefused) {
     const std::string good = Drawing(kLayers, kKinds, kBlock);
     Tables tables;
