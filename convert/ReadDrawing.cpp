@@ -193,9 +193,10 @@ void Reader::BeginItem(std::string_view type) {
 
 // A drawing that is added to another may have another encoding.
 std::string_view Reader::InModel(std::string_view text) {
-    if ((encoding_ == content_.encoding && encoding_ != Encoding::kUtf8) || IsAscii(text)) return text;
-    if (encoding_ == Encoding::kUtf8 && !characters_.IsUtf8()) text = utf8_ = characters_.ToUtf8(text);
-    if (encoding_ == content_.encoding) return text;
+    const bool otherPage = encoding_ == Encoding::kUtf8 && !characters_.IsUtf8();
+    if (!otherPage && (encoding_ == content_.encoding || IsAscii(text))) return text;
+    if (otherPage && IsAscii(text) && text.find("\\U+") == text.npos) return text;
+    if (otherPage) text = utf8_ = characters_.ToUtf8(text);
     return converted_ = Convert(text, encoding_, content_.encoding, settings_.unicode);
 }
 

@@ -17,7 +17,7 @@ class CharacterSet {
     const std::string& Version() const { return version_; }  // "AC1015"; "" when there is none
     bool IsUtf8() const { return version_ >= kFirstUtf8Version; }
     bool IsJapanese() const { return !IsUtf8() && page_ == kJapanesePage; }
-    // Of a text of the drawing, when it is in another code page than the Japanese one.
+    // Of a text of the drawing, when that is not Japanese.
     std::string ToUtf8(std::string_view text) const;
 
   private:
@@ -27,6 +27,9 @@ class CharacterSet {
     std::string variable_, version_;
     int page_ = kJapanesePage;
 };
+
+// "\U+XXXX" becomes the character itself.
+std::string Unescaped(std::string utf8);
 
 // By the system's tables. Bytes that are no character become U+FFFD; nothing when the system has no such code page.
 std::optional<std::string> Utf8OfCodePage(int page, std::string_view text);

@@ -431,7 +431,8 @@ TEST(Convert, TextsFollowTheCodePageOfTheDrawing) {
         const char* old;
         const char* newer;
     } cases[] = {
-        {"ANSI_1252", "\xC4\\U+039B", 0, "\\U+00C4\\U+039B", "\xC3\x84\\U+039B"},
+        {"ANSI_1252", "\xC4\\U+039B", 0, "\\U+00C4\x83\xA9", "\xC3\x84\xCE\x9B"},
+        {"ANSI_1252", "\\U+039B", 0, "\x83\xA9", "\xCE\x9B"},
         {"ansi_1250", "\xB9", 0, "\\U+0105", "\xC4\x85"},
         {"ANSI_1251", "\xC4", 0, "\x84\x44", "\xD0\x94"},  // in code page 932 too
         {"dos850", "\x8E", 0, "\\U+00C4", "\xC3\x84"},
