@@ -1,5 +1,5 @@
 // batch_host HOME: the batch of the import converts all drawings of HOME\DXF, by a user who agrees to everything; tells
-// what it says of them. Lines come as soon as they are known, for whoever ends it meanwhile.
+// what becomes of them. "start" comes at once, for whoever ends it meanwhile.
 // batch_host HOME check: exit status 3 when a model of HOME\MODEL is not whole.
 #include <windows.h>
 
@@ -27,64 +27,54 @@ void Say(const std::wstring& text) {
     std::fflush(stdout);
 }
 
-void Convert(HWND import) {
-    constexpr int kVersion = 3, kModel = 4, kResult = 5;
-    Click(import, kBatchButton);
+void Convert() {
+    constexpr int kFile = 1, kResult = 5;
+    Click(Settle(), kBatchButton);
     Click(Settle(), kListButton);
     const HWND list = Settle();
     const Grid grid(list, kGrid);
-    Until("the rows are there", [&] { return grid.Rows() > 0 && grid.Cell(grid.Rows() - 1, kVersion) != L"…"; });
+    Until("the rows are there", [&] { return grid.Rows() > 0; });
     Click(list, kMarkAllButton);
     Say(L"start");
     Click(list, IDOK);
-    for (bool asked = true; asked;) {
+    for (;;) {
         Until("a question or the end", [&] { return Settle() != list || IsEnabled(list, kMarkAllButton); });
         const HWND question = Settle();
-        asked = question != list;
-        if (asked && IsBox(question))
+        if (question == list) break;
+        if (IsBox(question)) {
             Answer(ReadBox(), IDYES);
-        else if (asked)
-            Click(question, kGoOnForAllCheck), Click(question, IDOK);
+        } else {
+            Click(question, kGoOnForAllCheck);
+            Click(question, IDOK);
+        }
     }
-    for (int row = 0; row < grid.Rows(); ++row)
-        Say(grid.Cell(row, 1) + L" -> " + grid.Cell(row, kModel) + L": " + grid.Cell(row, kResult));
+    for (int row = 0; row < grid.Rows(); ++row) Say(grid.Cell(row, kFile) + L": " + grid.Cell(row, kResult));
     Say(Guidance(list));
     CancelEverything();
 }
 
 bool AreWhole(const std::filesystem::path& folder) {
-    bool whole = true;
-    for (const auto& file : std::filesystem::directory_iterator(folder)) {
-        if (file.path().extension() != L".mdl") continue;
-        const bool good = Mdlread1(HxEucEncoder::Sjis2Euc(file.path().generic_string()).c_str()) == 0;
-        if (!good) Say(file.path().filename().native() + L" is not whole");
-        whole = whole && good;
-    }
-    return whole;
+    for (const auto& file : std::filesystem::directory_iterator(folder))
+        if (file.path().extension() == L".mdl" &&
+            Mdlread1(HxEucEncoder::Sjis2Euc(file.path().generic_string()).c_str()) != 0)
+            return false;
+    return true;
 }
 
 }  // namespace
 
 int wmain(int count, wchar_t** arguments) {
-    if (count < 2) return 2;
     const std::filesystem::path home = arguments[1];
     KiroHostSetHome(home.c_str());
     if (count > 2) return AreWhole(home / L"MODEL") ? 0 : 3;
     UsePrivateDesktop();
-    const HWND owner = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 900, 700, nullptr,
-                                       nullptr, nullptr, nullptr);
-    KiroHostSetMainWindow(owner);
+    KiroHostSetMainWindow(CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 900, 700,
+                                          nullptr, nullptr, nullptr, nullptr));
     static TARNAINFO info;
     static DxfInParamBlock params;
-    params.splitItemCount = 100;
-    params.maxItemCount = 100000000;
+    params.maxItemCount = 1000000;
     info.input.pictureMatrix = 1;
     info.input.importParams = &params;
-    try {
-        Drive([&] { return DxfInputDlg(&info); }, [&] { Convert(Settle()); });
-    } catch (const Failure& failure) {
-        std::printf("batch_host: %s\n", failure.what());
-        return 1;
-    }
+    Drive([] { return DxfInputDlg(&info); }, Convert);
     return 0;
 }
