@@ -87,6 +87,7 @@ TEST_F(ImportBatch, GoesFromThePatternToTheModelsAndKeepsTheRecord) {
     Write(L"DXF\\SUB\\内.dxf", Drawing());
     WriteTable(L"表", "");
     WriteFixedText(record.info.input.layerTableFileName, HxEucEncoder::Sjis2Euc("表"));
+    const std::string table = (home / L"DXF\\TABLE").generic_string() + "/" + HxEucEncoder::Sjis2Euc("表");
     ImportRecord before = record;
     Drive([&] { return DxfInputDlg(&record.info); },
           [&] {
@@ -137,9 +138,7 @@ TEST_F(ImportBatch, GoesFromThePatternToTheModelsAndKeepsTheRecord) {
           });
     before.params.kanjiCode = 1;
     EXPECT_TRUE(before == record);
-    EXPECT_EQ((std::vector<std::string>{"setdxfinparam 0", "setdxfinparam 0",
-                                        "setdxfintblnam " + HxEucEncoder::Sjis2Euc("表")}),
-              calls);
+    EXPECT_EQ((std::vector<std::string>{"setdxfinparam 0", "setdxfinparam 0", "setdxfintblnam " + table}), calls);
     const std::string path = HxFile::ToFullPath("#MODEL#", HxEucEncoder::Sjis2Euc("図面.mdl"), false, false);
     EXPECT_EQ(0, Mdlread1(path.c_str()));
     EXPECT_EQ(1, HxPermItemDbGetItemCount(GetActiveModel()->GetPermItemDb(), 1));
@@ -151,6 +150,7 @@ TEST_F(ImportBatch, ProposesNamesAndChecksThoseThatAreMarked) {
     Write(L"DXF\\c.dxf", "memo");
     Write(L"DXF\\" + std::wstring(250, L'd') + L".dxf", Drawing("AC1009"));  // its path is longer than 256 bytes
     Write(L"DXF\\e.dxf", "");
+    Write(L"DXF\\~kiro-0000000a.tmp", "");  // left by a program that was killed
     std::filesystem::create_directories(home / L"DXF\\folder");
     List("*", [&](HWND dialog, const Grid& grid) {
         EXPECT_EQ((Texts{L"b", L"c", std::wstring(63, L'd'), L"e", L"断面_A", L"断面_A_2"}), Cells(grid, kModel));

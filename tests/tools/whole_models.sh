@@ -26,7 +26,7 @@ told '6 件中 6 件を変換しました。結果'
 
 killed=0 unfinished=0
 for ((round = 1; round <= rounds || (unfinished == 0 && round <= 20); ++round)); do
-    ((round % 3)) || rm "$models"/*.mdl  # otherwise they are replaced
+    ((round % 3)) || rm -f "$models"/*.mdl  # otherwise they are replaced
     "$wine" "$host" "Z:$home" >"$home/out" 2>/dev/null &
     pid=$!
     for ((i = 0; i < 10000; ++i)); do grep -q start "$home/out" && break; done
