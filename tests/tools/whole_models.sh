@@ -33,7 +33,7 @@ for ((round = 1; round <= rounds || (unfinished == 0 && round <= 20); ++round));
     # Any time, and in turn with that while a model is written.
     for ((i = RANDOM % (round % 2 ? 3000 : 1500); i > 0; --i)); do beside; done
     if ((round % 2 == 0)); then for ((i = 0; i < 100000; ++i)); do beside && break; done; fi
-    kill -9 $pid
+    kill -9 $pid 2>/dev/null
     wait $pid 2>/dev/null
     [ $? = 137 ] && ((++killed))
     pid=
