@@ -5,12 +5,12 @@
 #include <map>
 #include <utility>
 
+#include "drawing/ByteSource.h"
 #include "dxfin_tables/DxfInLayerTable.h"
 #include "dxfin_tables/DxfInLineTable.h"
 #include "dxfout_tables/DxfOutLayerTable.h"
 #include "dxfout_tables/DxfOutLineTable.h"
 #include "entry/host/ParamBlocks.h"
-#include "drawing/ByteSource.h"
 #include "hostlayer/kirodxf/DxfWriter.h"
 #include "hostlayer/kiromdl/ModelContent.h"
 
@@ -46,6 +46,7 @@ enum class Fate {
     kTextCut,
     kNotExpanded,
     kBlockKept,  // the model has one of that name already
+    kCodePageNotKnown,
     kFates,
 };
 

@@ -56,12 +56,10 @@ constexpr CodeRange kCodeRanges[] = {
     {"VIEWPORT", 36, 37, k2000},   {"VIEWPORT", 42, 59, k2000},
 };
 
-bool Precedes(const EntityForm& form, std::string_view type) { return form.type < type; }
-
 }  // namespace
 
 const EntityForm* FormOf(std::string_view type) {
-    const auto* found = std::lower_bound(std::begin(kForms), std::end(kForms), type, Precedes);
+    const auto* found = std::ranges::lower_bound(kForms, type, {}, &EntityForm::type);
     return found != std::end(kForms) && found->type == type ? found : nullptr;
 }
 

@@ -13,7 +13,7 @@ struct SubclassForm {
 };
 
 struct EntityForm {
-    const char* type;
+    std::string_view type;
     int firstVersion;  // as DxfOutParamBlock counts
     SubclassForm subclasses[3];
 };

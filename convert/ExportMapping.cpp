@@ -23,13 +23,9 @@ std::string Shortened(const std::string& name) {
 }
 
 int StandardWidth(int width) {
-    width = std::max(width, 0);  // a table may have any
-    int best = 0;
-    for (const double known : kDxfInLineWidths) {
-        const int value = static_cast<int>(std::lround(known * 100));
-        if (std::abs(value - width) < std::abs(best - width)) best = value;
-    }
-    return best;
+    width = std::clamp(width, 0, 1000);  // a table may have any
+    const auto distance = [width](double known) { return std::abs(known * 100 - width); };
+    return static_cast<int>(std::lround(*std::ranges::min_element(kDxfInLineWidths, {}, distance) * 100));
 }
 
 bool IsBuiltIn(std::string_view folded) { return folded == "BYLAYER" || folded == "BYBLOCK" || folded == "CONTINUOUS"; }
@@ -178,19 +174,21 @@ void ExportMapping::AddLineTypes() {
             if (!type.plain) Note(Fate::kPatternSimplified, type.name);
         }
         for (int font = 1; font < kFonts; ++font)
-            if (const int index = content_.fontLineType[font])
-                fontNames_[font] = Name(content_.lineTypes[static_cast<std::size_t>(index - 1)].name);
+            if (const LineType* const type = content_.LineTypeOf(font)) fontNames_[font] = Name(type->name);
         return;
     }
     for (int font = 1; font < kFonts; ++font) {
         fontNames_[font] = NameFrom(SlotText(lineTable_->fontLineType[font - 1]), Encoding::kSjis);
         LineTypeOut* const out = add(fontNames_[font]);
         if (!out) continue;
+        // What the table names and gives no pitches has those of the model.
+        if (const LineType* const type = content_.LineTypeOf(font)) out->pitches = type->pitches;
         for (int i = 0; i < std::min(lineTable_->patternCount, kDxfOutPatterns); ++i) {
             const DxfOutLineTable::Pattern& pattern = lineTable_->patterns[i];
             if (SlotText(pattern.patternName) != SlotText(lineTable_->fontLineType[font - 1])) continue;
             out->comment = Convert(SlotText(pattern.patternComment), Encoding::kSjis, encoding_, unicode_);
-            out->pitches.assign(pattern.pitch, pattern.pitch + std::clamp(pattern.pitchCount, 0, kDxfOutPitches));
+            if (pattern.pitchCount <= 0) continue;
+            out->pitches.assign(pattern.pitch, pattern.pitch + std::min(pattern.pitchCount, kDxfOutPitches));
             for (std::size_t gap = 1; gap < out->pitches.size(); gap += 2) out->pitches[gap] *= -1;
         }
     }

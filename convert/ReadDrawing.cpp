@@ -1,10 +1,12 @@
 #include <algorithm>
 #include <cmath>
 #include <new>
+#include <optional>
 
 #include "convert/ImportMapping.h"
-#include "entry/host/kirodxf.h"
+#include "drawing/CharacterSet.h"
 #include "drawing/DrawingPairs.h"
+#include "entry/host/kirodxf.h"
 #include "text/Numbers.h"
 
 namespace convert {
@@ -12,7 +14,7 @@ namespace convert {
 namespace {
 
 constexpr int kSubclassCode = 100, kFirstExtendedCode = 1000, kApplicationCode = 1001;
-constexpr int kFirstUtf8 = 5, kNewer = 8;
+constexpr int kNewer = 8;
 constexpr int kWidest = 10000;  // hundredths of a millimetre
 
 int VersionOf(std::string_view code) {
@@ -60,12 +62,13 @@ class Reader {
 
   private:
     enum class Section { kOutside, kHeader, kTables, kBlocks, kEntities, kOther };
-    enum class Kind { kNone, kHeader, kLayer, kLineType, kEntry, kBlock, kItem, kSkipped };
+    enum class Kind { kNone, kHeader, kLayer, kLineType, kEntry, kBlock, kItem };
 
     int BeginRecord();
     int EndRecord();
     int BeginOfBlocks(std::string_view type);
     void TakePair();
+    void TakeVariable(int code, std::string_view text);
     void TakeDrawn(int code, std::string_view text);
     void TakeCommon(int code, std::string_view text);
     void BeginItem(std::string_view type);
@@ -89,14 +92,14 @@ class Reader {
     Names<Block> blocks_{content_.blocks, content_.encoding};
     const std::size_t oldItems_ = content_.items.size(), oldBlocks_ = content_.blocks.size();
     const bool isNew_ = content_.layers.empty();
-    Encoding encoding_ = Encoding::kSjis;                   // of the drawing
+    Encoding encoding_ = Encoding::kSjis;  // of the drawing
+    drawing::CharacterSet characters_;
     std::unordered_map<std::string, std::string> renamed_;  // blocks without a name of their own
-    std::string converted_;
+    std::string utf8_, converted_;
 
     Section section_ = Section::kOutside;
     Kind kind_ = Kind::kNone;
     Names<Entry>* table_ = nullptr;
-    std::string headerName_;
     PairRun run_;
     Item item_;
     Drawn drawn_;
@@ -147,15 +150,13 @@ int Reader::BeginRecord() {
     if (section_ == Section::kHeader) return kDxfBroken;
     if (section_ == Section::kBlocks) return BeginOfBlocks(type);
     if (section_ == Section::kEntities) return BeginItem(type), 0;
-    table_ = type == "STYLE" ? &styles_ : type == "DIMSTYLE" ? &dimensionStyles_ : &applications_;
-    const bool named = type == "STYLE" || type == "DIMSTYLE" || type == "APPID";
-    kind_ = section_ != Section::kTables          ? Kind::kSkipped
-            : named                               ? Kind::kEntry
-            : type == "LAYER"                     ? Kind::kLayer
-            : type == "LTYPE"                     ? Kind::kLineType
-            : type == "TABLE" || type == "ENDTAB" ? Kind::kNone
-                                                  : Kind::kSkipped;
-    if (kind_ == Kind::kSkipped) summary_.Note(Fate::kMadeAnew, std::string(type));
+    if (section_ == Section::kTables) {
+        table_ = type == "STYLE" ? &styles_ : type == "DIMSTYLE" ? &dimensionStyles_ : &applications_;
+        if (type == "STYLE" || type == "DIMSTYLE" || type == "APPID") kind_ = Kind::kEntry;
+        if (type == "LAYER") kind_ = Kind::kLayer;
+        if (type == "LTYPE") kind_ = Kind::kLineType;
+    }
+    if (kind_ == Kind::kNone && type != "TABLE" && type != "ENDTAB") summary_.Note(Fate::kMadeAnew, std::string(type));
     return 0;
 }
 
@@ -192,13 +193,16 @@ void Reader::BeginItem(std::string_view type) {
 
 // A drawing that is added to another may have another encoding.
 std::string_view Reader::InModel(std::string_view text) {
-    if (encoding_ == content_.encoding || IsAscii(text)) return text;
+    const bool otherPage = encoding_ == Encoding::kUtf8 && !characters_.IsUtf8();
+    if (!otherPage && (encoding_ == content_.encoding || IsAscii(text))) return text;
+    if (otherPage && IsAscii(text) && text.find("\\U+") == text.npos) return text;
+    if (otherPage) text = utf8_ = characters_.ToUtf8(text);
     return converted_ = Convert(text, encoding_, content_.encoding, settings_.unicode);
 }
 
 void Reader::TakePair() {
     const int code = pairs_.Code();
-    if (kind_ == Kind::kNone || kind_ == Kind::kSkipped) return;
+    if (kind_ == Kind::kNone) return;
     std::string_view text = InModel(pairs_.Text());
     if (kind_ == Kind::kHeader && section_ == Section::kOther) {
         if (code != 2) return;
@@ -216,16 +220,19 @@ void Reader::TakePair() {
             text = name->second;
     content_.store.Add(run_, code, text);
     if (kind_ == Kind::kHeader) {
-        if (code == 9) headerName_ = text;
-        if (code == 1 && headerName_ == "$ACADVER") {
-            const int version = VersionOf(text);
-            if (version >= kFirstUtf8) encoding_ = Encoding::kUtf8;
-            if (isNew_) content_.version = version, content_.encoding = encoding_;
-        }
+        TakeVariable(code, text);
     } else if (kind_ == Kind::kItem || kind_ == Kind::kBlock) {
         TakeDrawn(code, text);
     }
     if (code == 2 && name_.empty()) name_ = text;
+}
+
+// A user who says that drawings are EUC knows better than their code page.
+void Reader::TakeVariable(int code, std::string_view text) {
+    if (!characters_.Take(code, text)) summary_.Note(Fate::kCodePageNotKnown, std::string(text));
+    if (!characters_.IsJapanese() && encoding_ == Encoding::kSjis) encoding_ = Encoding::kUtf8;
+    if (characters_.IsUtf8()) encoding_ = Encoding::kUtf8;
+    if (isNew_) content_.version = VersionOf(characters_.Version()), content_.encoding = encoding_;
 }
 
 // What of an item the host knows. In drawings without subclass markers all pairs are taken for common ones.
@@ -358,23 +365,21 @@ void Reader::PlacePictures() {
 }  // namespace
 
 int ReadDrawing(ByteSource& source, const ImportSettings& settings, ModelContent& content, Summary& summary) {
+    const PairRun end = content.store.Begin();
+    const std::size_t items = content.items.size();
+    std::optional<ModelTables> before;
+    int result = kDxfNoMemory;
     try {
-        const PairRun end = content.store.Begin();
-        const std::size_t items = content.items.size();
-        ModelTables before = content;
-        int result = kDxfNoMemory;
-        try {
-            result = Reader(settings, content, summary).Read(source);
-        } catch (const std::bad_alloc&) {
-        }
-        if (result == 0) return 0;
-        static_cast<ModelTables&>(content) = std::move(before);
+        before = content;
+        result = Reader(settings, content, summary).Read(source);
+    } catch (const std::bad_alloc&) {
+    }
+    if (result != 0 && before) {
+        static_cast<ModelTables&>(content) = std::move(*before);
         content.items.resize(items);
         content.store.CutAt(end);
-        return result;
-    } catch (const std::bad_alloc&) {
-        return kDxfNoMemory;
     }
+    return result;
 }
 
 }  // namespace convert

@@ -321,12 +321,10 @@ void Writer::PutText(std::string_view type, int code, std::string_view text) {
 }  // namespace
 
 int WriteDrawing(const ModelContent& content, const Target& target, const ExportSettings& settings, ByteSink& sink,
-                 Summary& summary) {
-    try {
-        return Writer(content, target, settings, sink, summary).Write();
-    } catch (const std::bad_alloc&) {
-        return kDxfNoMemory;
-    }
+                 Summary& summary) try {
+    return Writer(content, target, settings, sink, summary).Write();
+} catch (const std::bad_alloc&) {
+    return kDxfNoMemory;
 }
 
 }  // namespace convert

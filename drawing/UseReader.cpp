@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kSubclassCode = 100, kFirstExtendedCode = 1000, kApplicationCode = 1001;
 constexpr int kDimensionStyleCode = 3, kMultileaderArrowCode = 342;
-constexpr std::string_view kStandard = "STANDARD", kContinuous = "CONTINUOUS", kFirstUtf8Version = "AC1021";
+constexpr std::string_view kStandard = "STANDARD", kContinuous = "CONTINUOUS";
 constexpr std::string_view kByLayer = "BYLAYER", kByBlock = "BYBLOCK";
 
 // Texts that need not say their style.
@@ -100,8 +100,7 @@ void UseReader::TakePair() {
                                                 : Section::kOther;
             break;
         case Section::kHeader:
-            if (code == 1 && inVersion_) utf8_ = text >= kFirstUtf8Version;
-            if (code == 9) inVersion_ = text == "$ACADVER";
+            characters_.Take(code, text);
             break;
         case Section::kTables:
             if (record_ != Record::kNone) TakeTablePair(code, text);
@@ -240,8 +239,8 @@ void UseReader::AddArrows(const ArrowUse& use, std::size_t count, NameCounts<>& 
 }
 
 std::string UseReader::Converted(const std::string& name) const {
-    const auto convert = utf8_ ? conversion_.ofUtf8 : conversion_.ofOlder;
-    return convert ? convert(name) : name;
+    if (conversion_.ofOlder && !characters_.IsUtf8()) return conversion_.ofOlder(name);
+    return characters_.IsJapanese() ? name : conversion_.ofUtf8(characters_.ToUtf8(name));
 }
 
 std::string UseReader::KeyOf(const std::string& name) const { return FoldedName(Converted(name)); }

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "drawing/CharacterSet.h"
 #include "drawing/DrawingPairs.h"
 #include "drawing/NameCounts.h"
 #include "drawing/UsedNames.h"
@@ -55,10 +56,9 @@ class UseReader {
 
     const NameConversion& conversion_;
     DrawingPairs pairs_{nullptr};  // no name is a real
-    bool utf8_ = false;
+    CharacterSet characters_;
     Section section_ = Section::kOutside;
     Record record_ = Record::kNone;
-    bool inVersion_ = false;
 
     // The record that is open.
     std::string name_, handle_;

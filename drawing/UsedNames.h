@@ -35,7 +35,8 @@ struct UsedName {
 // "\U+XXXX", as programs write it that save drawings in an older form.
 struct NameConversion {
     std::string (*ofUtf8)(std::string_view text);
-    std::string (*ofOlder)(std::string_view text) = nullptr;  // drawings before 2007; null: they are code page 932
+    // Drawings before 2007. Null: they are in the code page that they name, which is 932 for those that name none.
+    std::string (*ofOlder)(std::string_view text) = nullptr;
 };
 
 class UsedNames {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "tables/FileBeside.h"
 #include "ui/Probe.h"
 #include "ui/QuietDrives.h"
 #include "ui/Text.h"
@@ -9,6 +10,11 @@
 namespace {
 
 constexpr DWORD kNoDrawing = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE;
+
+// What a program that was killed has left of a file is none either.
+bool IsDrawing(const WIN32_FIND_DATAW& entry) {
+    return !(entry.dwFileAttributes & kNoDrawing) && !IsNameBeside(entry.cFileName);
+}
 
 bool IsFolder(const std::wstring& path) {
     const DWORD attributes = GetFileAttributesW(path.c_str());
@@ -28,7 +34,7 @@ DrawingSearch::Start DrawingSearch::Begin(const std::string& pattern) {
     search_ = FindFirstFileExW(path.c_str(), FindExInfoBasic, &entry_, FindExSearchNameMatch, nullptr,
                                FIND_FIRST_EX_LARGE_FETCH);
     if (search_ == INVALID_HANDLE_VALUE) return GetLastError() == ERROR_FILE_NOT_FOUND ? Start::kNone : Start::kFailed;
-    isFile_ = !(entry_.dwFileAttributes & kNoDrawing) || Next();
+    isFile_ = IsDrawing(entry_) || Next();
     return isFile_ ? Start::kFound : Start::kNone;
 }
 
@@ -47,7 +53,7 @@ bool DrawingSearch::Take(int count, std::vector<FoundDrawing>& found) {
 bool DrawingSearch::Next() {
     const kiro::ui::QuietDrives quiet;
     while (FindNextFileW(search_, &entry_))
-        if (!(entry_.dwFileAttributes & kNoDrawing)) return true;
+        if (IsDrawing(entry_)) return true;
     Close();
     return false;
 }

@@ -60,6 +60,11 @@ BatchListing::~BatchListing() {
 void BatchListing::Add(const std::string& line) {
     const std::string bytes = line + "\r\n";
     DWORD written = 0;
-    whole_ = whole_ && WriteFile(file_, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
-             written == bytes.size();
+    if (!whole_) return;
+    whole_ =
+        WriteFile(file_, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) && written == bytes.size();
+    if (whole_) return;
+    // No half line of it stays.
+    SetFilePointer(file_, -static_cast<LONG>(written), nullptr, FILE_CURRENT);
+    SetEndOfFile(file_);
 }

@@ -18,8 +18,8 @@ class FileBeside {
     ~FileBeside();  // removes the file, unless it took the other's place
 
     bool IsOpen() const;
-    bool Write(std::string_view bytes);  // to the medium
-    bool TakePlace();
+    bool Write(std::string_view bytes);
+    bool TakePlace();  // when all of it is on the medium
 
   private:
     SystemPath target_;
@@ -27,6 +27,8 @@ class FileBeside {
     std::intptr_t file_;
     bool tookPlace_ = false;
 };
+
+unsigned long LastSystemError();
 
 // Removes the files beside that writers left in a folder when they were killed or the machine stopped. The files of
 // writers that are still at work stay, and so does everything of another name.

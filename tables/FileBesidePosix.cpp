@@ -78,14 +78,16 @@ bool FileBeside::Write(std::string_view bytes) {
         if (written <= 0) return false;
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
-    return fsync(static_cast<int>(file_)) == 0;
+    return true;
 }
 
 bool FileBeside::TakePlace() {
-    tookPlace_ = rename(path_.c_str(), target_.c_str()) == 0;
+    tookPlace_ = fsync(static_cast<int>(file_)) == 0 && rename(path_.c_str(), target_.c_str()) == 0;
     if (tookPlace_) FlushFolder(FolderOf(target_));
     return tookPlace_;
 }
+
+unsigned long LastSystemError() { return static_cast<unsigned long>(errno); }
 
 void RemoveLeftovers(const SystemPath& folder) {
     std::error_code error;

@@ -49,11 +49,12 @@ bool FileBeside::Write(std::string_view bytes) {
         if (!WriteFile(HandleOf(file_), bytes.data(), size, &written, nullptr) || written == 0) return false;
         bytes.remove_prefix(written);
     }
-    return FlushFileBuffers(HandleOf(file_));
+    return true;
 }
 
 // By the handle: from the first byte on there is no moment at which the file is nobody's.
 bool FileBeside::TakePlace() {
+    if (!FlushFileBuffers(HandleOf(file_))) return false;
     const std::wstring full = FullPath(target_);
     const std::size_t bytes = full.size() * sizeof(wchar_t);
     const std::size_t size = sizeof(FILE_RENAME_INFO) + bytes;  // the NUL is in the first of them
@@ -65,6 +66,8 @@ bool FileBeside::TakePlace() {
     tookPlace_ = SetFileInformationByHandle(HandleOf(file_), FileRenameInfo, info, static_cast<DWORD>(size));
     return tookPlace_;
 }
+
+unsigned long LastSystemError() { return GetLastError(); }
 
 // What another writer has open cannot be deleted.
 void RemoveLeftovers(const SystemPath& folder) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cstring>
+#include <utility>
 
 #include "tables/FileBeside.h"
 
@@ -11,6 +12,7 @@ namespace {
 constexpr std::string_view kStart = "~kiro-", kEnd = ".tmp";
 constexpr std::string_view kDigits = "0123456789abcdef";
 constexpr int kDigitCount = 8;
+constexpr std::size_t kPiece = 1 << 20;
 
 }  // namespace
 
@@ -49,14 +51,50 @@ std::optional<std::string> ReadWholeFile(const SystemPath& path) {
     return bytes;
 }
 
-bool ReplaceWholeFile(const SystemPath& path, std::string_view bytes) {
-    const std::optional<SystemPath> target = TargetOf(path);
+FileReplacement::FileReplacement(SystemPath path) : path_(std::move(path)) {}
+
+FileReplacement::~FileReplacement() = default;
+
+bool FileReplacement::Write(std::string_view bytes) {
+    // Written through, small pieces would each wait for the medium.
+    if (pending_.empty() && bytes.size() >= kPiece) return Put(bytes);
+    pending_.append(bytes);
+    if (pending_.size() < kPiece) return good_;
+    Put(pending_);
+    pending_.clear();
+    return good_;
+}
+
+bool FileReplacement::TakePlace() {
+    if (!Put(pending_) || beside_->TakePlace()) return good_;
+    error_ = LastSystemError();
+    return good_ = false;
+}
+
+bool FileReplacement::Open() {
+    const std::optional<SystemPath> target = TargetOf(path_);
     if (!target || !MayBeReplaced(*target)) return false;
     const SystemPath folder = FolderOf(*target);
     if (folder.size() == target->size()) return false;
     RemoveLeftovers(folder);
-    FileBeside beside(*target);
-    return beside.IsOpen() && beside.Write(bytes) && beside.TakePlace();
+    auto beside = std::make_unique<FileBeside>(*target);
+    if (beside->IsOpen())
+        beside_ = std::move(beside);
+    else
+        error_ = LastSystemError();
+    return WasOpen();
+}
+
+bool FileReplacement::Put(std::string_view bytes) {
+    good_ = good_ && (WasOpen() || Open());
+    if (!good_ || beside_->Write(bytes)) return good_;
+    error_ = LastSystemError();
+    return good_ = false;
+}
+
+bool ReplaceWholeFile(const SystemPath& path, std::string_view bytes) {
+    FileReplacement file(path);
+    return file.Write(bytes) && file.TakePlace();
 }
 
 std::string TextModeLines(std::string_view text) {

@@ -1,9 +1,9 @@
 #include "hostlayer/kirobc/DrawingText.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdio>
 
+#include "drawing/CharacterSet.h"
 #include "hostlayer/kirobc/EucCodec.h"
 
 namespace convert {
@@ -36,25 +36,6 @@ std::string Utf8ToSjis(std::string_view text, const Unicode& unicode) {
     return out;
 }
 
-// The other way: what was written so becomes the character itself.
-std::string Unescaped(std::string text) {
-    constexpr std::size_t kLength = 7;
-    for (std::size_t at = 0; (at = text.find("\\U+", at)) != text.npos; ++at) {
-        unsigned value = 0;
-        const char* const digits = text.data() + at + 3;
-        const bool whole = text.size() - at >= kLength;
-        if (!whole || std::from_chars(digits, digits + 4, value, 16).ptr != digits + 4) continue;
-        if (value < 0x80 || (value >= 0xD800 && value < 0xE000)) continue;
-        std::string character;
-        if (value < 0x800)
-            character = {static_cast<char>(0xC0 | value >> 6)};
-        else
-            character = {static_cast<char>(0xE0 | value >> 12), static_cast<char>(0x80 | (value >> 6 & 0x3F))};
-        text.replace(at, kLength, character += static_cast<char>(0x80 | (value & 0x3F)));
-    }
-    return text;
-}
-
 }  // namespace
 
 bool IsAscii(std::string_view text) {
@@ -63,12 +44,12 @@ bool IsAscii(std::string_view text) {
 
 std::string Convert(std::string_view text, Encoding from, Encoding to, const Unicode& unicode) {
     if (from == to) return std::string(text);
-    if (IsAscii(text)) return to == Encoding::kUtf8 ? Unescaped(std::string(text)) : std::string(text);
+    if (IsAscii(text)) return to == Encoding::kUtf8 ? drawing::Unescaped(std::string(text)) : std::string(text);
     std::string sjis = from == Encoding::kSjis  ? std::string(text)
                        : from == Encoding::kEuc ? kirobc::EucToSjis(text)
                                                 : Utf8ToSjis(text, unicode);
     if (to == Encoding::kSjis) return sjis;
-    return to == Encoding::kEuc ? kirobc::SjisToEuc(sjis) : Unescaped(unicode.toUtf8(sjis));
+    return to == Encoding::kEuc ? kirobc::SjisToEuc(sjis) : drawing::Unescaped(unicode.toUtf8(sjis));
 }
 
 bool IsLeadByte(char c, Encoding encoding) {

@@ -2,7 +2,6 @@
 
 #include "entry/host/kirodxf.h"
 #include "hostlayer/kirobc/PathText.h"
-#include "tables/FileReplace.h"
 
 namespace kirobc {
 
@@ -25,8 +24,11 @@ int CodeOf(DWORD error, int otherwise) {
     return otherwise;
 }
 
-// Why a file could not be replaced: looked for afterwards, because the replacing takes several steps.
-int WhyNotReplaced(const std::wstring& path, std::size_t size) {
+}  // namespace
+
+// Looked for afterwards, because the replacing takes several steps.
+int WhyNotReplaced(const std::wstring& path, const FileReplacement& file) {
+    if (file.Error() == ERROR_DISK_FULL || file.Error() == ERROR_HANDLE_DISK_FULL) return kDxfDiskFull;
     const std::wstring folder = path.substr(0, path.find_last_of(L'\\') + 1);
     if (GetFileAttributesW(folder.c_str()) == INVALID_FILE_ATTRIBUTES) {
         const int code = CodeOf(GetLastError(), kDxfNoFolder);
@@ -38,12 +40,8 @@ int WhyNotReplaced(const std::wstring& path, std::size_t size) {
         if (attributes & FILE_ATTRIBUTE_READONLY) return kDxfWriteProtected;
         if (!OpenFileHandle(path, DELETE, kShareAll, OPEN_EXISTING, 0)) return CodeOf(GetLastError(), kDxfCannotCreate);
     }
-    ULARGE_INTEGER room;
-    if (GetDiskFreeSpaceExW(folder.c_str(), &room, nullptr, nullptr) && room.QuadPart < size) return kDxfDiskFull;
-    return kDxfCannotCreate;
+    return file.WasOpen() ? kDxfCannotWrite : kDxfCannotCreate;
 }
-
-}  // namespace
 
 int FileSource::Open(const char* path) {
     const std::wstring name = WindowsPath(path ? path : "");
@@ -75,7 +73,8 @@ int ReadHostFile(const char* path, std::string& bytes) {
 int ReplaceHostFile(const char* path, std::string_view bytes) {
     const std::wstring name = WindowsPath(path ? path : "");
     if (name.empty()) return kDxfBadName;
-    return ReplaceWholeFile(name, bytes) ? 0 : WhyNotReplaced(name, bytes.size());
+    FileReplacement file(name);
+    return file.Write(bytes) && file.TakePlace() ? 0 : WhyNotReplaced(name, file);
 }
 
 }  // namespace kirobc

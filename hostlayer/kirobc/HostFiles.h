@@ -4,8 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "hostlayer/kirodlglib/KrFileHandle.h"
 #include "drawing/ByteSource.h"
+#include "hostlayer/kirodlglib/KrFileHandle.h"
+#include "tables/FileReplace.h"
 
 namespace kirobc {
 
@@ -21,6 +22,7 @@ class FileSource final : public ByteSource {
 int ReadHostFile(const char* path, std::string& bytes);
 
 // In one step: afterwards the old file or the new one is there, whole.
+int WhyNotReplaced(const std::wstring& path, const FileReplacement& file);  // that did not take its place
 int ReplaceHostFile(const char* path, std::string_view bytes);
 
 }  // namespace kirobc

@@ -12,6 +12,7 @@
 #include "hostlayer/kirobc/PathText.h"
 #include "hostlayer/kirocontrol/CallNote.h"
 #include "hostlayer/kirodxf/CurrentParams.h"
+#include "hostlayer/kirodxf/FileSink.h"
 #include "hostlayer/kiromdl/ModelFacts.h"
 
 namespace {
@@ -85,15 +86,6 @@ int Import(const char* path, const TARNAINFO* info) {
 
 // ---- Export ----
 
-class MemorySink final : public ByteSink {
-  public:
-    bool Write(std::string_view more) override {
-        bytes.append(more);
-        return true;
-    }
-    std::string bytes;
-};
-
 bool IsForDwg(std::string path) {
     std::string folder = HxFile::ToFullPath("#DWG#", "x", false, false);
     for (std::string* text : {&path, &folder})
@@ -105,7 +97,8 @@ bool IsForDwg(std::string path) {
 
 int Export(const char* path, int drawing, int picture) {
     if (const int refused = KiroModelWriterError(drawing, picture)) return refused;
-    if (!path || kirobc::WindowsPath(path).empty()) return kDxfBadName;
+    const std::wstring name = kirobc::WindowsPath(path ? path : "");
+    if (name.empty()) return kDxfBadName;
     if (IsForDwg(path)) return kDxfNoDwgWriter;
     convert::ExportSettings settings;
     settings.params = CurrentExportParams();
@@ -124,9 +117,10 @@ int Export(const char* path, int drawing, int picture) {
                                             });
     settings.layers = layers.get();
     settings.lines = lines.get();
-    MemorySink sink;
-    if (const int error = KiroModelExport(&sink, &settings, drawing, picture)) return error;
-    return kirobc::ReplaceHostFile(path, sink.bytes);
+    FileSink sink(name);
+    const int error = KiroModelExport(&sink, &settings, drawing, picture);
+    if (error != 0 && error != kDxfCannotWrite) return error;
+    return error == 0 && sink.File().TakePlace() ? 0 : kirobc::WhyNotReplaced(name, sink.File());
 }
 
 }  // namespace

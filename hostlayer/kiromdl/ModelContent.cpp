@@ -1,7 +1,10 @@
 #include "hostlayer/kiromdl/ModelContent.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstring>
+#include <iterator>
 
 namespace convert {
 
@@ -11,6 +14,34 @@ constexpr int kLengthBits = 20;
 constexpr std::uint32_t kLengthMask = (1u << kLengthBits) - 1;
 
 }  // namespace
+
+// ---- Line fonts ----
+
+std::vector<double> HostPitches(const LineType& type) {
+    std::vector<double> pitches(type.pitches.begin(), type.pitches.begin() + static_cast<std::ptrdiff_t>(std::min(
+                                                                                 type.pitches.size(), kHostPitches)));
+    for (double& pitch : pitches) pitch = std::abs(pitch);
+    return pitches;
+}
+
+void SetLineFont(ModelTables& tables, int font, const std::string& name, const std::vector<double>& pitches) {
+    int& index = tables.fontLineType[font];
+    const LineType old = index ? *tables.LineTypeOf(font) : LineType();
+    const bool changed = pitches != HostPitches(old);
+    if (name.empty() || (name == old.name && !changed)) return;
+    const auto users = std::count(std::begin(tables.fontLineType), std::end(tables.fontLineType), index);
+    if (index == 0 || users > 1) {
+        tables.lineTypes.push_back(old);
+        index = static_cast<int>(tables.lineTypes.size());
+    }
+    LineType& type = tables.lineTypes[static_cast<std::size_t>(index) - 1];
+    type.name = name;
+    if (!changed) return;
+    type.pitches = pitches;
+    for (std::size_t gap = 1; gap < pitches.size(); gap += 2) type.pitches[gap] *= -1;
+    type.comment.clear();
+    type.plain = true;
+}
 
 bool IsSpace(std::string_view block) {
     const std::string name = Folded(block, Encoding::kUtf8).substr(0, 12);

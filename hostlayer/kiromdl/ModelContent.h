@@ -126,11 +126,23 @@ struct ModelTables {
     std::string classNames[kNumbers], revisionNames[kNumbers];  // "": none
     int fontLineType[kFonts] = {};                              // index + 1; 0: the host's own line font
     int weightWidth[kWeights] = {};                             // hundredths of a millimetre + 1; 0: not known
+
+    const LineType* LineTypeOf(int font) const {  // null: none
+        const int index = fontLineType[font];
+        return index ? &lineTypes[static_cast<std::size_t>(index) - 1] : nullptr;
+    }
 };
 
 struct ModelContent : ModelTables {
     PairStore store;
     std::deque<Item> items;  // of the blocks and of the drawings themselves, with their parts
 };
+
+inline constexpr std::size_t kHostPitches = 8;  // that a pattern of the host has: a drawn and a blank length in turn
+std::vector<double> HostPitches(const LineType& type);
+
+// What the host's user has made of a line font. Its line type follows, and with it the layers that have it; where
+// another font has it too, the font gets one of its own. A pattern that is still HostPitches stays what it is.
+void SetLineFont(ModelTables& tables, int font, const std::string& name, const std::vector<double>& pitches);
 
 }  // namespace convert

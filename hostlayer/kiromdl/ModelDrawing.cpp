@@ -70,16 +70,18 @@ void TellNames(Model& model, NameList& names, const std::string (&ofContent)[con
             names.try_emplace(number, EucOf(model, ofContent[number]).substr(0, kHxLongestName));
 }
 
+std::string PatternName(const Model& model, const convert::LineType& type) {
+    return EucOf(model, type.name).substr(0, kHxLongestName);
+}
+
 void TellLines(Model& model) {
     if (!model.lineStyle) model.lineStyle.emplace();
     for (int font = 1; font < convert::kFonts; ++font) {
         LinePattern& pattern = model.lineStyle->patterns[static_cast<std::size_t>(font) - 1];
-        const int index = model.content.fontLineType[font];
-        if (index == 0 || !pattern.name.empty()) continue;
-        const convert::LineType& type = model.content.lineTypes[static_cast<std::size_t>(index) - 1];
-        pattern.name = EucOf(model, type.name).substr(0, kHxLongestName);
-        for (std::size_t i = 0; i < std::min<std::size_t>(type.pitches.size(), kPitches); ++i)
-            pattern.pitches.push_back(std::abs(type.pitches[i]));
+        const convert::LineType* const type = model.content.LineTypeOf(font);
+        if (!type || !pattern.name.empty()) continue;
+        pattern.name = PatternName(model, *type);
+        pattern.pitches = HostPitches(*type);
     }
     for (int weight = 1; weight < convert::kWeights; ++weight)
         if (const int width = model.content.weightWidth[weight])
@@ -106,6 +108,15 @@ void TakeEdits(Model& model) {
     TakeNames(model.content, model.classNames, model.content.classNames);
     TakeNames(model.content, model.revisionNames, model.content.revisionNames);
     if (!model.lineStyle) return;
+    // The first one is the continuous line, whatever its pattern.
+    for (int font = 2; font < convert::kFonts; ++font) {
+        const LinePattern& pattern = model.lineStyle->patterns[static_cast<std::size_t>(font) - 1];
+        const convert::LineType* const type = model.content.LineTypeOf(font);
+        const bool told = type && pattern.name == PatternName(model, *type);
+        SetLineFont(model.content, font,
+                    told ? type->name : Convert(pattern.name, Encoding::kEuc, model.content.encoding, kUnicode),
+                    pattern.pitches);
+    }
     for (int weight = 1; weight < convert::kWeights; ++weight) {
         const double width = model.lineStyle->widths[static_cast<std::size_t>(weight) - 1];
         if (width > 0.0 && width <= 100.0)
@@ -140,6 +151,7 @@ int KiroModelImport(ByteSource* source, convert::ImportSettings* settings, int a
         Model next = EmptyModel();
         if (add) static_cast<ModelFacts&>(next) = active;
         Lent lent(active, next, add != 0);
+        if (!next.content.layers.empty()) TakeEdits(next);
         settings->unicode = kUnicode;
         if (const Picture* picture = next.PictureAt(std::abs(settings->pictureNumber)))
             settings->scale = picture->scale;

@@ -96,6 +96,12 @@ TEST_F(DrawingTest, GoesThroughTheModelAndItsFileByTheTables) {
     HxNameListSetName(GetActiveModel()->GetClassNameList(), 7, "MUR");
     ASSERT_EQ(0, Export(L"DXF/OUT.dxf", 0, 5));
     EXPECT_EQ("MUR ", Layers(L"DXF/OUT.dxf", "LINE"));
+    HxLineStylePattern* const pattern = HxLineStyleGetPattern(HxModelGetLineStyle(GetActiveModel()), 5);
+    HxLineStylePatternSetName(pattern, "HASEN");
+    HxLineStylePatternSet(pattern, 2, std::array{3.0, 1.5}.data());
+    ASSERT_EQ(0, Export(L"DXF/OUT.dxf", 0, 5));
+    EXPECT_NE(std::string::npos, Bytes(L"DXF/OUT.dxf").find("\r\nHASEN\r\n 70\r\n"));
+    EXPECT_NE(std::string::npos, Bytes(L"DXF/OUT.dxf").find("\r\n 49\r\n3\r\n 74\r\n0\r\n 49\r\n-1.5\r\n"));
     out.layerConversion = 1;
     setdxfottblnam("OUT");  // in the folder of tables
     ASSERT_EQ(0, Export(L"DXF/OUT.dxf", 0, 5));

@@ -1,5 +1,4 @@
 // The batch of the export: the lists of pages and pictures, their names, and the run with what the host receives.
-#include "driver/GridDriver.h"
 #include "dxfout/KrDxfOutAll.h"
 #include "dxfout/KrDxfOutFiles.h"
 #include "entry/host/FixedText.h"
@@ -8,21 +7,20 @@
 #include "resources/dxfout/KrDxfOutAll.ids.h"
 #include "resources/dxfout/KrDxfOutFiles.ids.h"
 #include "resources/grid.ids.h"
-#include "tests/dialogs/CommandHost.h"
+#include "tests/dialogs/BatchHost.h"
 
 using namespace kiro::drive;
 
 namespace {
 
 constexpr wchar_t kCaption[] = L"ＤＸＦ変換　一括変換";
-constexpr wchar_t kFaulty[] = L"設定内容に誤りがあります。";
 constexpr int kExists = 3, kName = 4;
 
-class Batch : public CommandHost {
+class Batch : public BatchHost {
   protected:
     Batch() {
         UseModel(
-            u8R"({"pictures": [{"number": 2, "itemCount": 1, "scale": 0.5, "writerError": -4},
+            u8R"({"pictures": [{"number": 2, "itemCount": 1, "scale": 0.5},
                                     {"number": 7, "itemCount": 3}, {"number": 9, "itemCount": 0}, {"number": 256, "itemCount": 1}],
                        "layouts": [{"number": 1, "windows": [2], "frame": {"valid": true, "kind": 0, "width": 420.7, "height": 297}},
                                    {"number": 2, "windows": [2], "frame": {"valid": false, "kind": 0, "width": 1, "height": 1}},
@@ -30,24 +28,8 @@ class Batch : public CommandHost {
         std::memset(&info, 0, sizeof info);
         info.output.exportParams = &params;
         WriteFixedText(info.output.layerTableFileName, "C:\\\x95\x5C");
-        KiroHostObserveCalls(
-            [](void* batch, const KiroHostCall* call) {
-                std::string text = call->name;
-                for (std::size_t i = 0; i < call->count; ++i) {
-                    const KiroHostValue& value = call->arguments[i];
-                    text += value.kind == kKiroHostText ? std::string(" ") + static_cast<const char*>(value.pointer)
-                                                        : " " + std::to_string(value.integer);
-                }
-                static_cast<Batch*>(batch)->calls.push_back(text);
-                if (static_cast<Batch*>(batch)->onCall) static_cast<Batch*>(batch)->onCall(call);
-            },
-            this);
     }
-    ~Batch() override { KiroHostObserveCalls(nullptr, nullptr); }
 
-    void UseModel(const char8_t* json) const {
-        ASSERT_EQ(0, KiroHostLoadModel(Write(L"model.json", reinterpret_cast<const char*>(json)).c_str(), nullptr, 0));
-    }
     template <class Dialog>
     INT_PTR Run(const User& user) {
         const LibraryResources resources;
@@ -57,20 +39,14 @@ class Batch : public CommandHost {
         if constexpr (requires { dialog.Summary(); }) summary = dialog.Summary();
         return result;
     }
-    // The run goes on while the user looks.
-    static Box Asked() {
-        Until("the question of the run", [] { return IsBox(Settle()); });
-        return ReadBox();
-    }
     // What the writer was asked for, in the home folder.
-    std::string Written(int picture, const char* name) const {
-        return "DxfOutFloppy 0 " + (home / L"DXF").generic_string() + "/" + name + " 0 " + std::to_string(picture);
+    std::string Written(int picture) const {
+        return "DxfOutFloppy 0 " + (home / L"DXF").generic_string() + "/TEMP00" + std::to_string(picture) + " 0 " +
+               std::to_string(picture);
     }
 
     TARNAINFO info;
     DxfOutParamBlock params{};
-    std::vector<std::string> calls;
-    std::function<void(const KiroHostCall*)> onCall;
     std::string summary;
 };
 
@@ -106,26 +82,11 @@ TEST_F(Batch, OffersWhatThereIsAndKeepsTheMedium) {
 TEST_F(Batch, RefusesNamesThatAreNoneOrTheSame) {
     const INT_PTR result = Run<KrDxfOutPicture>([&](HWND dialog) {
         const Grid grid(dialog, kGrid);
-        const struct {
-            int row;
-            const wchar_t* name;
-            const wchar_t* message;
-        } kNames[] = {
-            {1, L"", L"ファイル名が入力されていません。 2"},
-            {1, L"temp256", L"ファイル名が重複しています。 2 - 3"},
-            {0, L"A\\B", L"無効なファイル名です。 1 : A\\B"},
-            {2, L"NUL", L"無効なファイル名です。 3 : NUL"},
-        };
-        for (const auto& [row, name, message] : kNames) {
-            const std::wstring before = grid.Cell(row, kName);
-            grid.Click(row, kName);
-            grid.Write(name);
-            Click(dialog, IDOK);
-            Expect(kCaption, kFaulty, MB_ICONERROR, IDOK);
-            EXPECT_EQ(message, Guidance(dialog));
-            grid.Click(row, kName);
-            grid.Write(before);
-        }
+        ExpectBadNames(dialog, grid, kName, kCaption,
+                       {{1, L"", L"ファイル名が入力されていません。 2"},
+                        {1, L"temp256", L"ファイル名が重複しています。 2 - 3"},
+                        {0, L"A\\B", L"無効なファイル名です。 1 : A\\B"},
+                        {2, L"NUL", L"無効なファイル名です。 3 : NUL"}});
         Type(dialog, kCommonNameEdit, L"表");
         Write(L"DXF\\表007", "");
         Click(dialog, kCommonNameButton);
@@ -141,35 +102,13 @@ TEST_F(Batch, RefusesNamesThatAreNoneOrTheSame) {
     EXPECT_EQ((std::vector<std::string>{"setdxfottblnam C:\\\x95\x5C", "setdxfotparam 0"}), calls);
 }
 
+// The demonstration's drawing in three pictures, written for real: but for the first one, which is not to be replaced.
 TEST_F(Batch, GoesThroughTheMarkedRowsAndAsksAfterAFailure) {
-    for (const int answer : {IDYES, IDNO}) {
-        calls.clear();
-        const INT_PTR result = Run<KrDxfOutPicture>([&](HWND dialog) {
-            const Grid grid(dialog, kGrid);
-            grid.Click(0, 1);
-            grid.Click(2, kName);
-            grid.Keys(L" ");
-            Click(dialog, IDOK);
-            const Box box = Asked();
-            EXPECT_NE(std::wstring::npos, box.text.find(L"\n　　処理を続行しますか？。"));
-            EXPECT_EQ(L"Picture 2 Output", Guidance(dialog));
-            Answer(box, answer);
-            if (answer == IDYES) Answer(Asked(), IDNO);
-        });
-        EXPECT_EQ(IDOK, result);
-        std::vector<std::string> expected{"setdxfottblnam C:\\\x95\x5C", "setdxfotparam 0", Written(2, "TEMP002")};
-        if (answer == IDYES) expected.push_back(Written(256, "TEMP256"));
-        EXPECT_EQ(expected, calls);
-    }
-}
-
-// The demonstration's drawing in two pictures, written for real.
-TEST_F(Batch, WritesEveryMarkedRowUntilItIsStopped) {
     std::ifstream demo(KIRO_DEMO_DRAWING, std::ios::binary);
     const auto drawing = Write(L"demo.dxf", {std::istreambuf_iterator<char>(demo), {}});
     KiroHostLoadModel(nullptr, nullptr, 0);
-    DxfInParamBlock in{};
-    setdxfinparam(&in);
+    record.params = {};
+    setdxfinparam(&record.params);
     TARNAINFO target{};
     target.input.scale = 1.0;
     for (const int picture : {3, 5, 8}) {
@@ -178,32 +117,44 @@ TEST_F(Batch, WritesEveryMarkedRowUntilItIsStopped) {
         ASSERT_EQ(0, dxfin(drawing.generic_string().c_str(), &target));
     }
     params.outputVersion = 7;
-    for (const bool stops : {false, true}) {
+    const struct {
+        int answer;  // 0: stopped while the first one is written, which succeeds
+        std::vector<int> tried;
+        const char* summary;
+    } kWays[] = {{IDYES, {3, 5, 8}, "3 件中 2 件を出力しました。（失敗 1 件）"},
+                 {IDNO, {3}, "3 件中 0 件を出力しました。（失敗 1 件）"},
+                 {0, {3}, "3 件中 1 件を出力しました。"}};
+    for (const auto& way : kWays) {
+        SCOPED_TRACE(way.answer);
         calls.clear();
-        for (const wchar_t* name : {L"DXF\\TEMP003", L"DXF\\TEMP005", L"DXF\\TEMP008"})
-            std::filesystem::remove(home / name);
-        HWND list = nullptr;
-        const auto stop = [&](const KiroHostCall* call) {
-            if (stops && std::string_view(call->name) == "DxfOutFloppy") PostMessageW(list, WM_COMMAND, IDCANCEL, 0);
-        };
-        onCall = stop;
-        const INT_PTR result = Run<KrDxfOutPicture>([&](HWND dialog) {
-            list = dialog;
-            const Grid grid(dialog, kGrid);
-            grid.Click(0, 1);
-            for (const int row : {1, 2}) {
-                grid.Click(row, kName);
-                grid.Keys(L" ");
-            }
-            Click(dialog, IDOK);
-            Until("the end of the run", [&] { return !IsWindow(dialog); });
-        });
-        onCall = nullptr;
-        EXPECT_EQ(IDOK, result);
-        EXPECT_EQ(stops ? "3 件中 1 件を出力しました。" : "3 件中 3 件を出力しました。", summary);
-        EXPECT_TRUE(std::filesystem::exists(home / L"DXF\\TEMP003"));
-        EXPECT_EQ(!stops, std::filesystem::exists(home / L"DXF\\TEMP008"));
-        EXPECT_EQ(stops ? 3u : 5u, calls.size());
+        std::filesystem::remove(home / L"DXF\\TEMP008");
+        const auto first = Write(L"DXF\\TEMP003", "old");
+        if (way.answer) SetFileAttributesW(first.c_str(), FILE_ATTRIBUTE_READONLY);
+        EXPECT_EQ(IDOK, Run<KrDxfOutPicture>([&](HWND dialog) {
+                      if (!way.answer) onExport = [dialog] { PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); };
+                      const Grid grid(dialog, kGrid);
+                      grid.Click(0, 1);
+                      for (const int row : {1, 2}) {
+                          grid.Click(row, kName);
+                          grid.Keys(L" ");
+                      }
+                      Click(dialog, IDOK);
+                      if (way.answer) {
+                          Asked(dialog);
+                          const Box box = ReadBox();
+                          EXPECT_EQ(L"書き込みが禁止されています。\n　　処理を続行しますか？。", box.text);
+                          EXPECT_EQ(L"Picture 3 Output", Guidance(dialog));
+                          Answer(box, way.answer);
+                      }
+                      Until("the end of the run", [&] { return !IsWindow(dialog); });
+                  }));
+        SetFileAttributesW(first.c_str(), FILE_ATTRIBUTE_NORMAL);
+        std::vector<std::string> expected{"setdxfottblnam C:\\\x95\x5C", "setdxfotparam 0"};
+        for (const int picture : way.tried) expected.push_back(Written(picture));
+        EXPECT_EQ(expected, calls);
+        EXPECT_EQ(way.summary, summary);
+        EXPECT_EQ(way.answer != 0, std::filesystem::file_size(first) == 3);
+        EXPECT_EQ(way.tried.size() == 3, std::filesystem::exists(home / L"DXF\\TEMP008"));
     }
 }
 
@@ -219,7 +170,8 @@ TEST_F(Batch, ChecksTheModelUnlessSubmodelsAreExpanded) {
         EXPECT_EQ(dialog, Settle());
         params.submodelExpand = 1;
         Click(dialog, IDOK);
-        Answer(Asked(), IDNO);
+        Asked(dialog);
+        Answer(ReadBox(), IDNO);
     });
     ASSERT_FALSE(calls.empty());
     EXPECT_EQ("DxfOutFloppy 0 " + (home / L"DXF").generic_string() + "/TEMP001 1 0", calls.back());

@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "driver/GridDriver.h"
 #include "dxfin/KrDxfInAll.h"
 #include "dxfin/KrDxfInList.h"
 #include "entry/host/FixedText.h"
@@ -13,7 +12,7 @@
 #include "resources/dxfin/KrDxfInList.ids.h"
 #include "resources/dxfin/KrDxfInParam.ids.h"
 #include "resources/grid.ids.h"
-#include "tests/dialogs/ImportHost.h"
+#include "tests/dialogs/BatchHost.h"
 
 using namespace kiro::drive;
 
@@ -29,45 +28,37 @@ std::string Drawing(const char* version = "AC1015") {
            " 11\r\n1.0\r\n 21\r\n1.0\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n";
 }
 
-class ImportBatch : public ImportHost {
+class ImportBatch : public BatchHost {
   protected:
     ImportBatch() {
+        noted = "setdxfin";
         record.params = {};
         record.params.splitItemCount = 100;
         record.params.maxItemCount = 1000;
-        KiroHostObserveCalls(
-            [](void* told, const KiroHostCall* call) {
-                if (std::string_view(call->name).starts_with("setdxfin"))
-                    static_cast<std::vector<std::string>*>(told)->push_back(call->name);
-            },
-            &calls);
     }
-    ~ImportBatch() override { KiroHostObserveCalls(nullptr, nullptr); }
 
-    // The list alone. The user gets its grid when all versions are there.
-    using ListUser = std::function<void(HWND, const Grid&)>;
-    void List(const char* pattern, const ListUser& user) {
+    // The list alone.
+    INT_PTR Open(const char* pattern, const User& user) {
         WriteFixedText(block.pattern, pattern);
         block.importParams = &record.params;
         const LibraryResources resources;
         KrDxfInList list(block);
-        ASSERT_EQ(DrawingSearch::Start::kFound, list.Search());
-        Drive([&] { return list.DoModal(owner); },
-              [&] {
-                  const HWND dialog = Settle();
-                  const Grid grid(dialog, kGrid);
-                  Until("the versions are there", [&] { return grid.Cell(grid.Rows() - 1, kVersion) != L"…"; });
-                  user(dialog, grid);
-                  if (Settle()) Click(dialog, IDCANCEL);
-              });
+        EXPECT_EQ(DrawingSearch::Start::kFound, list.Search());
+        const INT_PTR result = Drive([&] { return list.DoModal(owner); }, [&] { user(Settle()); });
         summary = list.Summary();
+        return result;
+    }
+    // The user gets its grid when all versions are there.
+    void List(const char* pattern, const std::function<void(HWND, const Grid&)>& user) {
+        Open(pattern, [&](HWND dialog) {
+            const Grid grid(dialog, kGrid);
+            Until("the versions are there", [&] { return grid.Cell(grid.Rows() - 1, kVersion) != L"…"; });
+            user(dialog, grid);
+            if (Settle()) Click(dialog, IDCANCEL);
+        });
     }
     static void Ended(HWND dialog) {
         Until("the run has ended", [&] { return IsEnabled(dialog, kMarkAllButton); });
-    }
-    static HWND Asked(HWND dialog) {
-        Until("a question", [&] { return Settle() != dialog; });
-        return Settle();
     }
     std::filesystem::path Model(const std::wstring& name) const { return home / L"MODEL" / (name + L".mdl"); }
     std::vector<std::wstring> Models() const {
@@ -84,7 +75,6 @@ class ImportBatch : public ImportHost {
     }
 
     DxfInListInfo block{};
-    std::vector<std::string> calls;
     std::string summary;
 };
 
@@ -97,7 +87,8 @@ TEST_F(ImportBatch, GoesFromThePatternToTheModelsAndKeepsTheRecord) {
     Write(L"DXF\\SUB\\内.dxf", Drawing());
     WriteTable(L"表", "");
     WriteFixedText(record.info.input.layerTableFileName, HxEucEncoder::Sjis2Euc("表"));
-    const ImportRecord before = record;
+    const std::string table = (home / L"DXF\\TABLE").generic_string() + "/" + HxEucEncoder::Sjis2Euc("表");
+    ImportRecord before = record;
     Drive([&] { return DxfInputDlg(&record.info); },
           [&] {
               const HWND import = Settle();
@@ -105,6 +96,15 @@ TEST_F(ImportBatch, GoesFromThePatternToTheModelsAndKeepsTheRecord) {
               const HWND dialog = Settle();
               EXPECT_EQ(kCaption, Text(dialog));
               EXPECT_EQ(L"表", Text(dialog, kBatchTableEdit));
+              Key(VK_RETURN);  // no button "OK" that could be pressed
+              EXPECT_EQ(dialog, Settle());
+              for (const int button : {IDCANCEL, IDOK}) {
+                  Click(dialog, kBatchParametersButton);
+                  const HWND parameters = Settle();
+                  Click(parameters, kFromEucRadio);
+                  Click(parameters, button);
+                  EXPECT_EQ(button == IDOK ? 1u : 0u, calls.size());
+              }
               const struct {
                   const wchar_t* pattern;
                   const wchar_t* message;
@@ -136,31 +136,12 @@ TEST_F(ImportBatch, GoesFromThePatternToTheModelsAndKeepsTheRecord) {
               Click(dialog, IDCANCEL);
               Click(import, IDCANCEL);
           });
+    before.params.kanjiCode = 1;
     EXPECT_TRUE(before == record);
-    EXPECT_EQ((std::vector<std::string>{"setdxfinparam", "setdxfintblnam"}), calls);
+    EXPECT_EQ((std::vector<std::string>{"setdxfinparam 0", "setdxfinparam 0", "setdxfintblnam " + table}), calls);
     const std::string path = HxFile::ToFullPath("#MODEL#", HxEucEncoder::Sjis2Euc("図面.mdl"), false, false);
     EXPECT_EQ(0, Mdlread1(path.c_str()));
     EXPECT_EQ(1, HxPermItemDbGetItemCount(GetActiveModel()->GetPermItemDb(), 1));
-}
-
-TEST_F(ImportBatch, HandsParametersToTheHostAtOnce) {
-    const LibraryResources resources;
-    Drive([&] { return KrDxfInAll(record.info.input, record.params).DoModal(owner); },
-          [&] {
-              const HWND dialog = Settle();
-              for (const int button : {IDCANCEL, IDOK}) {
-                  Click(dialog, kBatchParametersButton);
-                  const HWND parameters = Settle();
-                  Click(parameters, kFromEucRadio);
-                  Click(parameters, button);
-                  EXPECT_EQ(button == IDOK, !calls.empty());
-              }
-              Key(VK_RETURN);  // no button "OK" that could be pressed
-              EXPECT_EQ(dialog, Settle());
-              Click(dialog, IDCANCEL);
-          });
-    EXPECT_EQ(std::vector<std::string>{"setdxfinparam"}, calls);
-    EXPECT_EQ(1, record.params.kanjiCode);
 }
 
 TEST_F(ImportBatch, ProposesNamesAndChecksThoseThatAreMarked) {
@@ -169,6 +150,7 @@ TEST_F(ImportBatch, ProposesNamesAndChecksThoseThatAreMarked) {
     Write(L"DXF\\c.dxf", "memo");
     Write(L"DXF\\" + std::wstring(250, L'd') + L".dxf", Drawing("AC1009"));  // its path is longer than 256 bytes
     Write(L"DXF\\e.dxf", "");
+    Write(L"DXF\\~kiro-0000000a.tmp", "");  // left by a program that was killed
     std::filesystem::create_directories(home / L"DXF\\folder");
     List("*", [&](HWND dialog, const Grid& grid) {
         EXPECT_EQ((Texts{L"b", L"c", std::wstring(63, L'd'), L"e", L"断面_A", L"断面_A_2"}), Cells(grid, kModel));
@@ -182,26 +164,11 @@ TEST_F(ImportBatch, ProposesNamesAndChecksThoseThatAreMarked) {
         EXPECT_EQ(L"6 件のうち 5 件を選択しています。", Text(dialog, kDrawingCount));
         grid.Click(1, kModel);
         grid.Write(L"?");
-        const struct {
-            int row;
-            const wchar_t* name;
-            const wchar_t* message;
-        } kNames[] = {
-            {0, L"", L"モデル名が入力されていません。 1"},
-            {0, L"a b", L"モデル名に無効な文字が入力されています。 1 : a b"},
-            {4, L"B", L"モデル名が重複しています。 1 - 5"},
-            {5, L"CON", L"無効なモデル名です。 6 : CON"},
-        };
-        for (const auto& [row, name, message] : kNames) {
-            const std::wstring before = grid.Cell(row, kModel);
-            grid.Click(row, kModel);
-            grid.Write(name);
-            Click(dialog, IDOK);
-            Expect(kCaption, L"設定内容に誤りがあります。", MB_ICONERROR, IDOK);
-            EXPECT_EQ(message, Guidance(dialog));
-            grid.Click(row, kModel);
-            grid.Write(before);
-        }
+        ExpectBadNames(dialog, grid, kModel, kCaption,
+                       {{0, L"", L"モデル名が入力されていません。 1"},
+                        {0, L"a b", L"モデル名に無効な文字が入力されています。 1 : a b"},
+                        {4, L"B", L"モデル名が重複しています。 1 - 5"},
+                        {5, L"CON", L"無効なモデル名です。 6 : CON"}});
         for (const int answer : {IDNO, IDYES}) {
             Click(dialog, kNamesFromFilesButton);
             const Box box = ReadBox();
@@ -227,42 +194,7 @@ TEST_F(ImportBatch, ProposesNamesAndChecksThoseThatAreMarked) {
     });
 }
 
-TEST_F(ImportBatch, GoesThroughTheMarkedDrawingsAndKeepsTheFailedOnesMarked) {
-    for (const wchar_t* name : {L"a.dxf", L"c.dxf", L"e.dxf"}) Write(std::wstring(L"DXF\\") + name, Drawing());
-    for (const wchar_t* name : {L"b.dxf", L"d.dxf"}) Write(std::wstring(L"DXF\\") + name, "memo\n");
-    KiroHostSetModified(true);
-    List("*.dxf", [&](HWND dialog, const Grid& grid) {
-        // Stopped at the first failure.
-        Click(dialog, kMarkAllButton);
-        Click(dialog, IDOK);
-        const HWND question = Asked(dialog);
-        EXPECT_EQ(IDOK, FocusId());
-        EXPECT_EQ(0u, Text(question, kGoOnText).find(L"b.dxf\nDXFファイルではありません。"));
-        EXPECT_EQ(L"2/5 b.dxf", Guidance(dialog));
-        Click(question, IDCANCEL);
-        Ended(dialog);
-        EXPECT_EQ((Texts{L"変換しました", L"DXFファイルではありません。", L"", L"", L""}), Cells(grid, kResult));
-        EXPECT_EQ(L"5 件のうち 4 件を選択しています。", Text(dialog, kDrawingCount));
-        EXPECT_TRUE(GetActiveModel()->IsModified());  // the user's own model is back
-        EXPECT_EQ((GridPlace{1, kResult}), grid.Current());
-        EXPECT_EQ((Texts{L"DXF_Batch.lis", L"a.mdl"}), Models());
-        // The others, asked once for all.
-        Click(dialog, IDOK);
-        Click(Asked(dialog), kGoOnForAllCheck);
-        Click(Settle(), IDOK);
-        Ended(dialog);
-        EXPECT_EQ(L"5 件のうち 2 件を選択しています。", Text(dialog, kDrawingCount));
-    });
-    EXPECT_EQ(0u, summary.find("4 件中 2 件を変換しました。（失敗 2 件）"));
-    EXPECT_EQ((Texts{L"DXF_Batch.lis", L"a.mdl", L"c.mdl", L"e.mdl"}), Models());
-    std::ifstream in(home / L"MODEL" / L"DXF_Batch.lis", std::ios::binary);
-    const std::string list{std::istreambuf_iterator<char>(in), {}};
-    EXPECT_NE(std::string::npos, list.find("2 : b.dxf -> b.mdl : DXFファイルではありません。\r\n"));
-    EXPECT_NE(std::string::npos, list.find("3 : c.dxf -> c.mdl : 変換しました\r\n"));
-    EXPECT_EQ("setdxfintblnam", calls.back());
-}
-
-TEST_F(ImportBatch, TellsOfEachDrawingWhyItFailsAndReplacesWhatItMay) {
+TEST_F(ImportBatch, GoesThroughTheMarkedDrawingsAndTellsWhyOnesFail) {
     const struct {
         const wchar_t* name;
         std::string bytes;
@@ -281,6 +213,7 @@ TEST_F(ImportBatch, TellsOfEachDrawingWhyItFailsAndReplacesWhatItMay) {
     const auto isProtected = Write(L"MODEL\\8.mdl", "old");
     SetFileAttributesW(isProtected.c_str(), FILE_ATTRIBUTE_READONLY);
     Write(L"MODEL\\9.MDL", "old");
+    KiroHostSetModified(true);
     List("*", [&](HWND dialog, const Grid& grid) {
         std::filesystem::remove(home / L"DXF\\4.dxf");
         const HANDLE locked =
@@ -298,6 +231,21 @@ TEST_F(ImportBatch, TellsOfEachDrawingWhyItFailsAndReplacesWhatItMay) {
         EXPECT_FALSE(std::filesystem::exists(Model(L"1")));
         Click(dialog, IDOK);
         Answer(ReadBox(), IDYES);
+        // Stopped at the first failure.
+        const HWND question = Asked(dialog);
+        EXPECT_EQ(IDOK, FocusId());
+        EXPECT_EQ(0u, Text(question, kGoOnText).find(L"2.dxf\nDXFファイルではありません。"));
+        EXPECT_EQ(L"2/9 2.dxf", Guidance(dialog));
+        Click(question, IDCANCEL);
+        Ended(dialog);
+        EXPECT_EQ((Texts{L"変換しました", L"DXFファイルではありません。", L""}),
+                  Texts({grid.Cell(0, kResult), grid.Cell(1, kResult), grid.Cell(2, kResult)}));
+        EXPECT_EQ(L"9 件のうち 8 件を選択しています。", Text(dialog, kDrawingCount));
+        EXPECT_TRUE(GetActiveModel()->IsModified());  // the user's own model is back
+        EXPECT_EQ((GridPlace{1, kResult}), grid.Current());
+        // The others, asked once for all.
+        Click(dialog, IDOK);
+        Answer(ReadBox(), IDYES);
         Click(Asked(dialog), kGoOnForAllCheck);
         Write(L"MODEL\\7.mdl", "new");
         Click(Settle(), IDOK);
@@ -306,7 +254,14 @@ TEST_F(ImportBatch, TellsOfEachDrawingWhyItFailsAndReplacesWhatItMay) {
         for (int row = 0; row < 9; ++row)
             EXPECT_EQ(0u, grid.Cell(row, kResult).find(kFiles[row].result))
                 << row << testing::PrintToString(grid.Cell(row, kResult));
+        EXPECT_EQ(L"9 件のうち 7 件を選択しています。", Text(dialog, kDrawingCount));
     });
+    EXPECT_EQ(0u, summary.find("8 件中 1 件を変換しました。（失敗 7 件）"));
+    std::ifstream in(home / L"MODEL" / L"DXF_Batch.lis", std::ios::binary);
+    const std::string list{std::istreambuf_iterator<char>(in), {}};
+    EXPECT_NE(std::string::npos, list.find("2 : 2.dxf -> 2.mdl : DXFファイルではありません。\r\n"));
+    EXPECT_NE(std::string::npos, list.find("9 : 9.dxf -> 9.mdl : 変換しました\r\n"));
+    EXPECT_EQ("setdxfintblnam ", calls.back());
     SetFileAttributesW(isProtected.c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(4, std::ranges::count_if(Models(), [](const std::wstring& name) { return name.size() == 5; }));
     for (const int model : {1, 7, 8, 9})
@@ -331,15 +286,7 @@ TEST_F(ImportBatch, EndsBetweenTwoDrawingsWhereverItIsStopped) {
     for (const auto& way : kWays) {
         SCOPED_TRACE(way.what);
         if (!IsWindow(owner)) owner = nullptr;
-        WriteFixedText(block.pattern, "*");
-        const LibraryResources resources;
-        const auto open = [&] {
-            KrDxfInList list(block);
-            EXPECT_EQ(DrawingSearch::Start::kFound, list.Search());
-            return list.DoModal(owner);
-        };
-        EXPECT_EQ(IDCANCEL, Drive(open, [&] {
-                      const HWND dialog = Settle();
+        EXPECT_EQ(IDCANCEL, Open("*", [&](HWND dialog) {
                       if (!way.starts) return way.deed(dialog);
                       const Grid grid(dialog, kGrid);
                       Until("the rows are there", [&] { return grid.Rows() == 301; });
@@ -348,11 +295,10 @@ TEST_F(ImportBatch, EndsBetweenTwoDrawingsWhereverItIsStopped) {
                       if (IsBox(Settle())) Answer(ReadBox(), IDYES);
                       Click(Asked(dialog), IDOK);
                       way.deed(dialog);
-                      if (IsWindow(dialog) && Settle()) {
-                          Ended(dialog);
-                          EXPECT_NE(std::wstring::npos, Guidance(dialog).find(L"（失敗 1 件）（中止、残り "));
-                          Click(dialog, IDCANCEL);
-                      }
+                      if (!IsWindow(dialog) || !Settle()) return;
+                      Ended(dialog);
+                      EXPECT_NE(std::wstring::npos, Guidance(dialog).find(L"（失敗 1 件）（中止、残り "));
+                      Click(dialog, IDCANCEL);
                   }));
         EXPECT_TRUE(GetActiveModel()->IsModified());
         for (const std::wstring& name : Models()) EXPECT_TRUE(name.ends_with(L".mdl") || name.ends_with(L".lis"));

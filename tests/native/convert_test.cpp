@@ -75,14 +75,17 @@ Exported Export(const ModelContent& content, const ExportSettings& settings, Tar
     return exported;
 }
 
+Exported Converted(const std::string& drawing, const Tables& tables) {
+    return Export(Import(drawing, tables.import).content, tables.output);
+}
+
 std::size_t Count(const Summary& summary, Fate fate, const std::string& detail) {
     const auto found = summary.Notes().find({fate, detail});
     return found == summary.Notes().end() ? 0 : found->second;
 }
 
-// The items of a section, one text each, without handles, owners and markers; of the codes wanted, when there are any.
-std::vector<std::string> Items(const std::string& bytes, const std::string& section,
-                               const std::vector<int>& wanted = {}) {
+// The items of a section, one text each, of these codes.
+std::vector<std::string> Items(const std::string& bytes, const std::string& section, const std::vector<int>& codes) {
     std::vector<std::string> items;
     MemorySource source(bytes);
     drawing::DrawingPairs pairs(ShortestReal);
@@ -92,10 +95,7 @@ std::vector<std::string> Items(const std::string& bytes, const std::string& sect
         const int code = pairs.Code();
         if (pairs.IsRecord("ENDSEC")) inside = false;
         if (inside && code == 0) items.emplace_back();
-        const bool housekeeping = code == 5 || code == 330 || code == 100 || code == 66;
-        const bool take =
-            wanted.empty() ? !housekeeping : std::find(wanted.begin(), wanted.end(), code) != wanted.end();
-        if (inside && take && !items.empty())
+        if (inside && std::find(codes.begin(), codes.end(), code) != codes.end() && !items.empty())
             items.back() += std::to_string(code) + " " + std::string(pairs.Text()) + "/";
         if (code == 2 && pairs.Text() == section && items.empty()) inside = true;
     }
@@ -232,7 +232,6 @@ TEST(Convert, TheExportFollowsItsTables) {
     const std::string linesOut = "WIDTH-TYPE 1\nLINE-WIDTH 6 = 0.70\nLINE-FONT1 12 = CHAIN\nPITCH-CHAIN = 4,-1\n";
     const std::string layersIn = "LAYER WALL = 7\nCOLOR-REVISION 3 = 33\n";
     const std::string linesIn = "LINE-TYPE DASHED = 12,4\nLINE-WIDTH 0.35 = 6\n";
-    const std::vector<int> kCodes = {8, 6, 62, 370};
     using Change = std::function<void(Tables&)>;
     const struct {
         Change change;
@@ -255,13 +254,12 @@ TEST(Convert, TheExportFollowsItsTables) {
         in.convertLayerNames = 1;
         tables.output.params.layerConversion = tables.output.params.lineConversion = 1;
         c.change(tables);
-        const Imported imported = Import(Drawing(kLayers, "0 LINE/8 WALL/10 1/20 2"), tables.import);
-        const Exported exported = Export(imported.content, tables.output);
-        EXPECT_EQ(Items(exported.bytes, "ENTITIES", kCodes), std::vector<std::string>{c.expected});
+        const Exported exported = Converted(Drawing(kLayers, "0 LINE/8 WALL/10 1/20 2"), tables);
+        EXPECT_EQ(Items(exported.bytes, "ENTITIES", {8, 6, 62, 370}), std::vector<std::string>{c.expected});
     }
     Tables tables(layersIn, linesIn, layersOut, linesOut);
     tables.output.params.lineConversion = 1;
-    const Exported exported = Export(Import(Drawing(kLayers, "0 LINE/8 WALL"), tables.import).content, tables.output);
+    const Exported exported = Converted(Drawing(kLayers, "0 LINE/8 WALL"), tables);
     EXPECT_NE(exported.bytes.find(" 73\r\n2\r\n 40\r\n5\r\n 49\r\n4\r\n 74\r\n0\r\n 49\r\n-1\r\n"), std::string::npos);
 }
 
@@ -294,7 +292,6 @@ TEST(Convert, TheRoundTripKeepsItemsLayersAndColours) {
     const std::string demo = DemoDrawing();
     ASSERT_FALSE(demo.empty());
     for (const std::string& drawing : {Drawing(layers, kKinds, kBlock, "AC1009"), demo}) {
-        const auto before = Items(drawing, "ENTITIES", {0, 1, 2, 7, 8, 10, 11, 20, 40, 50, 51, 72});
         for (int version = kFirstVersion; version <= kLastVersion; ++version)
             for (const int binary : {0, 1}) {
                 tables.output.params.outputVersion = version;
@@ -303,14 +300,9 @@ TEST(Convert, TheRoundTripKeepsItemsLayersAndColours) {
                 const Exported once = Export(imported.content, tables.output);
                 ASSERT_EQ(once.result, 0);
                 EXPECT_TRUE(imported.summary.IsComplete() && once.summary.IsComplete());
-                auto after = Items(once.bytes, "ENTITIES", {0, 1, 2, 7, 8, 10, 11, 20, 40, 50, 51, 72});
-                // Numbers of binary files come in a form of their own.
-                if (binary) {
-                    for (std::size_t i = 0; i < after.size(); ++i) after[i] = after[i].substr(0, 6);
-                }
-                for (std::size_t i = 0; i < before.size() && i < after.size(); ++i)
-                    EXPECT_EQ(after[i], binary ? before[i].substr(0, 6) : before[i]) << version;
-                EXPECT_EQ(after.size(), before.size());
+                std::vector<int> codes = {0, 1, 2, 7, 8, 72, 10, 11, 20, 40, 50, 51};
+                if (binary) codes.resize(6);  // numbers of binary files come in a form of their own
+                EXPECT_EQ(Items(once.bytes, "ENTITIES", codes), Items(drawing, "ENTITIES", codes)) << version;
                 if (drawing != demo) {
                     EXPECT_EQ(Items(once.bytes, "ENTITIES", {62}), Items(drawing, "ENTITIES", {62}));
                 }
@@ -378,55 +370,113 @@ TEST(Convert, HiddenAndUnfinishedItems) {
     const Exported whole = Export(all.content, tables.output);
     EXPECT_EQ(Count(whole.summary, Fate::kOtherLayout, "*Paper_Space0"), 1u);
     EXPECT_EQ(Items(whole.bytes, "ENTITIES", {0}).size(), 9u);
-    const auto layers = Items(whole.bytes, "LAYER", {2, 62, 70});
-    for (const char* layer : {"2 OFF/70 0/62 -3/", "2 COLD/70 1/62 4/"})
-        EXPECT_EQ(std::count(layers.begin(), layers.end(), layer), 1) << layer;
+    const auto expectLayers = [&](const std::string& bytes, std::initializer_list<const char*> layers) {
+        const auto found = Items(bytes, "LAYER", {2, 62, 70});
+        for (const char* layer : layers) EXPECT_EQ(std::count(found.begin(), found.end(), layer), 1) << layer;
+    };
+    expectLayers(whole.bytes, {"2 OFF/70 0/62 -3/", "2 COLD/70 1/62 4/"});
     tables.output.params.layerConversion = 1;
     tables.outLayers->classLayer[2][0] = 'X';
     tables.outLayers->classLayer[3][0] = 'Y';
-    const auto mapped = Items(Export(all.content, tables.output).bytes, "LAYER", {2, 62, 70});
-    for (const char* layer : {"2 X/70 0/62 -7/", "2 Y/70 1/62 44/"})
-        EXPECT_EQ(std::count(mapped.begin(), mapped.end(), layer), 1) << layer;
+    expectLayers(Export(all.content, tables.output).bytes, {"2 X/70 0/62 -7/", "2 Y/70 1/62 44/"});
 }
 
+// In the code page of the drawing; what code page 932 lacks comes through as drawings write it.
 TEST(Convert, TextsKeepTheirCharacters) {
+    const struct {
+        const char *page, *bytes;
+        int euc;
+        const char *sjis, *utf8;
+    } cases[] = {
+        {"ANSI_932", "\x95\x5C\\U+00E9", 0, "\x95\x5C\\U+00E9",
+         "\xE8\xA1\xA8\xC3\xA9"},  // the second byte: a backslash
+        {"ANSI_1252", "\xB3\xA4", 1, "\x8A\x43", "\xE6\xB5\xB7"},
+        {"ANSI_1252", "\xC4\\U+039B", 0, "\\U+00C4\x83\xA9", "\xC3\x84\xCE\x9B"},
+        {"ANSI_1252", "\\U+039B", 0, "\x83\xA9", "\xCE\x9B"},
+        {"ansi_1250", "\xB9", 0, "\\U+0105", "\xC4\x85"},
+        {"ANSI_1251", "\xC4", 0, "\x84\x44", "\xD0\x94"},
+        {"dos850", "\x8E", 0, "\\U+00C4", "\xC3\x84"},
+        {"NONE_9", "\x83\x5C", 0, "\x83\x5C", "\xE3\x82\xBD"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.page);
+        Tables tables;
+        const auto write = [&](const ModelContent& content, int version, int euc) {
+            tables.output.params.outputVersion = version;
+            tables.output.params.kanjiCode = tables.import.params.kanjiCode = euc;
+            return Export(content, tables.output).bytes;
+        };
+        const auto expect = [](const std::string& text, const std::string& bytes) {
+            EXPECT_EQ(Items(bytes, "ENTITIES", {1}), std::vector<std::string>{"1 " + text + "/"});
+        };
+        tables.import.params.kanjiCode = c.euc;
+        const std::string header = std::string("9 $ACADVER/1 AC1015/9 $MENU/1 x/9 $DWGCODEPAGE/3 ") + c.page;
+        const std::string items = std::string("0 TEXT/8 0/1 ") + c.bytes;
+        const Imported imported =
+            Import(Section("HEADER", header) + Section("ENTITIES", items) + Pairs("0 EOF"), tables.import);
+        EXPECT_EQ(Count(imported.summary, Fate::kCodePageNotKnown, "NONE_9"), c.page == std::string("NONE_9"));
+        expect(c.sjis, write(imported.content, 3, 0));
+        const std::string utf8 = write(imported.content, 5, 0);
+        expect(c.utf8, utf8);
+        expect(c.sjis, write(Import(utf8, tables.import).content, 3, 0));
+        const std::string euc = write(imported.content, 3, 1);
+        if (c.euc) expect(c.bytes, euc);
+        expect(c.sjis, write(Import(euc, tables.import).content, 3, 0));
+    }
     Tables tables;
     tables.import.params.convertLayerNames = 1;
-    const std::string sjis = "\x95\x5C";  // its second byte is a backslash
-    const Imported imported = Import(Drawing("", "0 TEXT/8 " + sjis + "/1 " + sjis + "\\U+00E9"), tables.import);
-    const struct {
-        int version, code;
-        std::string expected;
-    } cases[] = {{3, 0, sjis + "\\U+00E9"}, {3, 1, "\xC9\xBD\\U+00E9"}, {5, 0, "\xE8\xA1\xA8\xC3\xA9"}};
-    for (const auto& c : cases) {
-        tables.output.params.outputVersion = c.version;
-        tables.output.params.kanjiCode = c.code;
-        tables.import.params.kanjiCode = c.code;
-        const Exported first = Export(imported.content, tables.output);
-        EXPECT_EQ(Items(first.bytes, "ENTITIES", {1}), std::vector<std::string>{"1 " + c.expected + "/"});
-        // And back.
-        const Imported again = Import(first.bytes, tables.import);
-        tables.output.params.outputVersion = 3;
-        tables.output.params.kanjiCode = 0;
-        EXPECT_EQ(Items(Export(again.content, tables.output).bytes, "ENTITIES", {1}),
-                  std::vector<std::string>{"1 " + cases[0].expected + "/"});
-    }
+    tables.output.params.outputVersion = 5;
+    const std::string smile = "0 TEXT/1 \xF0\x9F\x98\x80/";  // has no such form
+    EXPECT_EQ(Items(Converted(Drawing("", smile, "", "AC1021"), tables).bytes, "ENTITIES", {0, 1})[0], smile);
     tables.output.params.outputVersion = 2;
-    tables.import.params.kanjiCode = 0;
     const std::string name(40, 'x');
-    const Exported old =
-        Export(Import(Drawing("", "0 LINE/8 a b/0 LINE/8 " + name), tables.import).content, tables.output);
+    const Exported old = Converted(Drawing("", "0 LINE/8 a b/0 LINE/8 " + name), tables);
     const auto layers = Items(old.bytes, "ENTITIES", {8});
     EXPECT_EQ(layers[0], "8 a_b/");
     EXPECT_EQ(layers[1].size(), 2u + 31 + 1);
     EXPECT_EQ(Count(old.summary, Fate::kNameChanged, name), 1u);
 }
 
+// What the model's user has made of its line fonts, and what the export's table says of them.
+TEST(Convert, LineTypesFollowTheLineFontsOfTheModel) {
+    Tables tables("", "", "", "LINE-FONT1 2 = CHAIN\nLINE-FONT1 5 = LONG\nPITCH-LONG = 9,-1\n");
+    const std::string items = "0 LINE/8 WALL/0 LINE/8 0/6 ZIG/0 LINE/8 0/6 EVER";
+    Imported imported = Import(Drawing(kLayers + "/0 LTYPE/2 EVER/3 -- ./49 1/49 0/49 2", items), tables.import);
+    ModelContent& content = imported.content;
+    const auto entries = [&](const char* type) {
+        std::vector<std::string> found;
+        for (const std::string& entry : Items(Export(content, tables.output).bytes, type, {2, 6, 49})) {
+            if (entry.empty()) break;  // the table's end
+            if (entry.find("By") == entry.npos && !entry.ends_with("Continuous/")) found.push_back(entry);
+        }
+        return found;
+    };
+    using Entries = std::vector<std::string>;
+    for (const int font : {2, 5, 6}) {
+        const LineType type = *content.LineTypeOf(font);
+        SetLineFont(content, font, type.name + "_", HostPitches(type));  // whose pattern stays as the drawing has it
+    }
+    EXPECT_EQ(entries("LTYPE"), (Entries{"2 DASHED_/49 2/49 -1/", "2 EVER_/49 1/49 0/49 2/", "2 ZIG_/49 1/"}));
+    SetLineFont(content, 2, "HASEN", {3, 1.5});
+    content.fontLineType[9] = content.fontLineType[2];
+    SetLineFont(content, 9, "OTHER", {3, 1});
+    SetLineFont(content, 6, "EVER", {4, 1, 1, 1});
+    SetLineFont(content, 7, "NEW", {8, 2});
+    SetLineFont(content, 5, "", {});
+    EXPECT_EQ(entries("LTYPE"), (Entries{"2 EVER/49 4/49 -1/49 1/49 -1/", "2 HASEN/49 3/49 -1.5/", "2 NEW/49 8/49 -2/",
+                                         "2 OTHER/49 3/49 -1/", "2 ZIG_/49 1/"}));
+    EXPECT_EQ(entries("LAYER"), Entries{"2 2/6 HASEN/"});
+    tables.output.params.lineConversion = 1;
+    const Entries byTable = entries("LTYPE");
+    EXPECT_EQ(std::count(byTable.begin(), byTable.end(), "2 CHAIN/49 3/49 -1.5/"), 1);
+    EXPECT_EQ(std::count(byTable.begin(), byTable.end(), "2 LONG/49 9/49 -1/"), 1);
+}
+
 TEST(Convert, BadInputIsRefused) {
     const std::string good = Drawing(kLayers, kKinds, kBlock);
     Tables tables;
     tables.output.params.binaryFormat = 1;
-    const std::string binary = Export(Import(good, tables.import).content, tables.output).bytes;
+    const std::string binary = Converted(good, tables).bytes;
     std::string nested, chain;
     for (int i = 0; i < 20000; ++i) {
         nested += "0 BLOCK/2 B/";
@@ -460,7 +510,7 @@ TEST(Convert, BadInputIsRefused) {
         EXPECT_TRUE(imported.content.items.empty() && imported.content.blocks.empty());
     }
     const std::string small = Drawing("", "0 LINE/8 A/10 1.5");
-    const std::string smallBinary = Export(Import(small, tables.import).content, tables.output).bytes;
+    const std::string smallBinary = Converted(small, tables).bytes;
     for (const std::string& whole : {small, smallBinary})
         for (std::size_t size = 0; size + 5 < whole.size(); size += 3)
             EXPECT_NE(Import(whole.substr(0, size), tables.import).result, 0) << size;
@@ -468,7 +518,7 @@ TEST(Convert, BadInputIsRefused) {
     std::string lines = binary;
     lines[lines.find("text") + 2] = '\n';
     tables.output.params.binaryFormat = 0;
-    const Exported text = Export(Import(lines, tables.import).content, tables.output);
+    const Exported text = Converted(lines, tables);
     EXPECT_EQ(Items(text.bytes, "ENTITIES", {1})[2], "1 te^Jt/");
     MemorySource failing(good, {}, good.size() / 2);
     ModelContent content;

@@ -68,6 +68,18 @@ class FileReplace : public testing::Test {
     fs::path file;
 };
 
+TEST_F(FileReplace, PiecesTakeItsPlaceAtOnceOrNotAtAll) {
+    const std::string large(std::size_t{3} << 20, 'x');
+    for (const bool ends : {false, true}) {
+        FileReplacement pieces(file);
+        for (const std::string& piece : {std::string("a"), large, std::string("b")}) EXPECT_TRUE(pieces.Write(piece));
+        EXPECT_EQ(old, ReadWholeFile(file));
+        EXPECT_EQ(ends, ends && pieces.TakePlace());
+    }
+    EXPECT_TRUE(ReadWholeFile(file) == "a" + large + "b");
+    EXPECT_EQ(1, Files());
+}
+
 TEST_F(FileReplace, ReplacesAndMakes) {
     fs::permissions(file, fs::perms(0640));
     EXPECT_TRUE(ReplaceWholeFile(file, std::string("new\r\n\0\x1A", 7)));

@@ -38,6 +38,8 @@ TEST(UsedNames, LayersOfItemsInTheDrawingAndItsBlocks) {
     for (int i = 0; i < 2; ++i) EXPECT_EQ(Add(file, names), kDone);
     EXPECT_EQ(Show(names, NameKind::kLayer).substr(0, 6), "Wall=6") << "a second drawing adds to the first";
     EXPECT_EQ(Used(NameKind::kLayer, Drawing("", "0 LINE/8 A", "", "AC1021")), "<A>=1") << "its characters are UTF-8";
+    const std::string page = Section("HEADER", "9 $DWGCODEPAGE/3 ANSI_1252") + Section("ENTITIES", "0 LINE/8 \xC4");
+    EXPECT_EQ(Used(NameKind::kLayer, page + Pairs("0 EOF")), "<\xC3\x84>=1");
 }
 
 TEST(UsedNames, LineTypesOfItemsAndOfTheirLayers) {

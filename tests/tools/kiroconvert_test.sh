@@ -54,6 +54,7 @@ done
 mkdir tables out
 printf 'LAYER 壁 = 5\nLAYER TEXT = 6\n' | iconv -f UTF-8 -t CP932 >tables/DXFKIRO_LAYER
 printf 'PICTURE_OFF 257\nCLASS 5 = WALL\nCLASS 6 = TEXT\nCOLOR 3 = 30\n' >tables/KIRODXF_LAYER
+printf 'LINE-FONT1 2 = CHAIN\n' >tables/KIRODXF_LINE
 run 1 rich.dxf -o tables.dxf --tables tables --json
 told '"layerByTable"'
 run 1 '*.dxf' -o out --to 2000
@@ -87,6 +88,8 @@ for name in sorted(glob.glob("rich*-*.dxf")) + sorted(glob.glob("demo-*.dxf")) +
         want(dimension_font(drawing) == dimension_font(original), name, "dimension style")
         want(len(drawing.linetypes.get("CENTER").pattern_tags.tags) > 4, name, "pattern")
 layers = {e[1] for e in items(ezdxf.readfile("tables.dxf"))}
+patterns = [ezdxf.readfile(name).linetypes.get(type).pattern_tags.tags for name, type in (("rich.dxf", "DASHED"), ("tables.dxf", "CHAIN"))]
+want([t for t in patterns[0] if t.code == 49] == [t for t in patterns[1] if t.code == 49], "tables.dxf", patterns)
 want({"WALL", "TEXT"} <= layers and "壁" not in layers, "tables.dxf", layers)
 want(len(glob.glob("out/*.dxf")) == len(glob.glob("*.dxf")), "out")
 sys.exit(bad)

@@ -4,26 +4,13 @@
 #include <set>
 
 #include "entry/host/kirodxf.h"
-#include "tables/FileReplace.h"
+#include "hostlayer/kirodxf/FileSink.h"
 #include "tools/cli/Drawings.h"
 #include "tools/cli/Files.h"
 
 namespace fs = std::filesystem;
 
 namespace kiroconvert {
-
-namespace {
-
-class MemorySink final : public ByteSink {
-  public:
-    bool Write(std::string_view more) override {
-        bytes.append(more);
-        return true;
-    }
-    std::string bytes;
-};
-
-}  // namespace
 
 std::vector<Job> PlanJobs(const std::vector<std::string>& inputs, const std::string& output) {
     const std::vector<std::string> names = cli::Expanded(inputs);
@@ -54,14 +41,12 @@ Outcome RunJob(const Job& job, const Settings& settings) {
     convert::ModelContent content;
     int result = source.Open(job.input);
     if (result == 0) result = ReadDrawing(source, settings.import, content, outcome.read);
-    MemorySink sink;
+    FileSink sink(cli::PathOf(job.output).native());
     if (result == 0) {
         const convert::Target target = {static_cast<int>(!content.layouts.empty()), content.modelPicture};
         result = WriteDrawing(content, target, settings.output, sink, outcome.written);
     }
-    content = {};
-    if (result == 0 && !ReplaceWholeFile(cli::PathOf(job.output).native(), sink.bytes))
-        result = kDxfCannotWrite;
+    if (result == 0 && !sink.File().TakePlace()) result = kDxfCannotWrite;
     if (result != 0) outcome.failure = cli::TextOf(result);
     return outcome;
 }

@@ -43,6 +43,7 @@ constexpr struct {
     {"textCut", "長すぎて切った文字"},
     {"notExpanded", "展開しないブロック"},
     {"blockKept", "同じ名前のあるブロック"},
+    {"codePageNotKnown", "分からない文字コード"},
 };
 static_assert(std::size(kFates) == static_cast<std::size_t>(Fate::kFates));
 
