@@ -50,9 +50,6 @@ class Export : public CommandHost {
                      {"number": 12, "itemCount": 3}], "layouts": [{"number": 1}, {"number": 4, "name": "空",
                      "windows": [0, 257, -1, 200]}, {"number": 120, "name": "平面図", "windows": [3, 12]}]})");
     }
-    void UseModel(const char8_t* json) const {
-        ASSERT_EQ(0, KiroHostLoadModel(Write(L"model.json", reinterpret_cast<const char*>(json)).c_str(), nullptr, 0));
-    }
     int Run(const User& user) {
         return Drive([this] { return DxfOutputDlg(&record.info); }, [&] { user(Settle()); });
     }

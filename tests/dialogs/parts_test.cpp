@@ -115,10 +115,6 @@ class Parts : public TestHost {
         const kiro::ui::ScopedResourceModule templates(GetModuleHandleW(nullptr));
         return Drive([&] { return dialog.DoModal(owner); }, [&] { user(Settle()); });
     }
-    static void Change(const Grid& grid, int row, int column, const std::wstring& text) {
-        grid.Click(row, column);
-        grid.Write(text);
-    }
     PartsDialog dialog;
 };
 
