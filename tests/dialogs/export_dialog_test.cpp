@@ -208,6 +208,7 @@ TEST_F(Export, RefusesInOrder) {
         {{{kOutPictureEdit, L"3"}}, kNothing, IDOK},
         {{{kOutLayoutRadio, nullptr}}, kNothing, IDOK},
         {{{kOutCurrentRadio, nullptr}, {kOutFileNameEdit, L"図\xD842\xDF9F"}}, L"「\xD842\xDF9F」", kOutFileNameEdit},
+        {{{kOutFileNameEdit, L""}}, L"入力してください", kOutFileNameEdit},
         {{{kOutFileNameEdit, L"a|b"}}, L"|", kOutFileNameEdit}};
     output.outputIsDwg = 1;
     std::memset(output.layerTableFileName, 'x', sizeof output.layerTableFileName);  // without an end

@@ -1,6 +1,5 @@
 // The model of the stand-in host: its file, the check before an export, and the choosers of pictures and layouts.
 #include "driver/GridDriver.h"
-#include "driver/Picture.h"
 #include "entry/host/KrUtility.h"
 #include "entry/host/kirocontrol.h"
 #include "entry/host/kirodlg.h"
@@ -268,12 +267,4 @@ TEST_F(ModelTest, ChooserStartsAtTheCurrentPictureAndConfirmsOnlyAChoice) {
         PostThreadMessageW(UiThread(), WM_QUIT, 0, 0);
     };
     EXPECT_EQ(0, Drive([&] { return DrwLstDlg(5, 1, owner, nullptr, nullptr); }, quitter));
-}
-
-// Not a test: --gtest_also_run_disabled_tests --gtest_filter=*Picture paints both where it is started.
-TEST_F(ModelTest, DISABLED_Picture) {
-    LoadModel();
-    Drive([&] { return DrwLstDlg(5, 1, owner, nullptr, nullptr); },
-          [] { Picture(Settle(), "layouts.png"), Key(VK_ESCAPE); });
-    Drive([&] { return PicLstDlg(5, 1, owner, nullptr); }, [] { Picture(Settle(), "pictures.png"), Key(VK_ESCAPE); });
 }
