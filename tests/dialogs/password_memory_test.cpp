@@ -77,7 +77,6 @@ class PasswordMemory : public TestHost {
                   user(dialog);
                   Until("the end", [] { return Settle() == nullptr; });
               });
-        for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);) continue;  // a quit
         SecureZeroMemory(&record, sizeof record);
     }
     void Await(std::size_t length) const {
