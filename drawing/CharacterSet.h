@@ -1,6 +1,5 @@
 // The characters of a drawing's texts, which its header tells: UTF-8 since 2007, before that the code page that it
-// names
-// ($DWGCODEPAGE), which is the Japanese one when it names none.
+// names ($DWGCODEPAGE), which is the Japanese one when it names none.
 #pragma once
 
 #include <optional>

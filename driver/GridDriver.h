@@ -185,4 +185,10 @@ class Grid {
     HWND list_;
 };
 
+// Goes to a cell with the mouse and types over its text.
+inline void Change(const Grid& grid, int row, int column, const std::wstring& text) {
+    grid.Click(row, column);
+    grid.Write(text);
+}
+
 }  // namespace kiro::drive

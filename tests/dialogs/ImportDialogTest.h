@@ -33,17 +33,6 @@ class ImportDialog : public ImportHost {
         Write(L"DXF\\図面.dxf", TextDxf("AC1015"));
         GiveName(dialog, L"図面.dxf");
     }
-    // Whether a point is painted in the colour.
-    static bool HasColor(HWND window, const RECT& area, COLORREF color) {
-        RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-        const HDC dc = GetDC(window);
-        bool found = false;
-        for (int y = area.top; y < area.bottom && !found; ++y)
-            for (int x = area.left; x < area.right && !found; ++x) found = GetPixel(dc, x, y) == color;
-        ReleaseDC(window, dc);
-        return found;
-    }
-
     // The first line of the one explanation that is open; empty while one goes and another comes.
     static std::wstring FirstLineOfPopup(HWND dialog) {
         try {

@@ -2,8 +2,6 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,10 +18,7 @@ class ImportHost : public CommandHost {
     std::filesystem::path WriteTable(const std::wstring& name, const std::string& bytes) const {
         return Write(kTables + name, bytes);
     }
-    std::string Bytes(const std::wstring& name) const {
-        std::ifstream in(TableFile(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
+    std::string Bytes(const std::wstring& name) const { return BytesOf(TableFile(name)); }
 
     ImportRecord record;
 };

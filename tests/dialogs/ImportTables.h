@@ -119,10 +119,6 @@ class ImportTables : public ImportHost {
         EXPECT_EQ(message, kiro::drive::Guidance(dialog));
         EXPECT_TRUE(kiro::drive::IsGuidanceError(dialog)) << testing::PrintToString(message);
     }
-    static void Change(const kiro::drive::Grid& grid, int row, int column, const std::wstring& text) {
-        grid.Click(row, column);
-        grid.Write(text);
-    }
     // "設定" must be refused with the box, and lead to the cell with the message.
     static void ExpectRefusal(const Editor& editor, HWND dialog, kiro::drive::GridPlace cell,
                               const std::wstring& message) {

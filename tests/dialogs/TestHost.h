@@ -7,13 +7,14 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 
+#include "driver/BareDialog.h"
+#include "driver/Driver.h"
 #include "entry/host/kirovanteo.h"
 #include "hostlayer/include/KiroHost.h"
 #include "ui/Dialog.h"
-#include "driver/BareDialog.h"
-#include "driver/Driver.h"
 
 class TestHost : public testing::Test {
   protected:
@@ -30,9 +31,7 @@ class TestHost : public testing::Test {
         std::filesystem::create_directories(home / L"DWG");
         KiroHostSetHome(home.c_str());
         KiroHostLoadModel(nullptr, nullptr, 0);
-        owner = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 900, 700, nullptr,
-                                nullptr, nullptr, nullptr);
-        KiroHostSetMainWindow(owner);
+        MakeMainWindow();
     }
     ~TestHost() override {
         KiroHostSetMainWindow(nullptr);
@@ -41,6 +40,11 @@ class TestHost : public testing::Test {
         std::filesystem::remove_all(home, ignored);
     }
 
+    void MakeMainWindow() {
+        owner = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 900, 700, nullptr,
+                                nullptr, nullptr, nullptr);
+        KiroHostSetMainWindow(owner);
+    }
     // A file of the home folder.
     std::filesystem::path Write(const std::wstring& name, const std::string& bytes) const {
         const std::filesystem::path path = home / name;
@@ -49,12 +53,31 @@ class TestHost : public testing::Test {
         return path;
     }
 
+    static std::string BytesOf(const std::filesystem::path& file) {
+        std::ifstream in(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+    void UseModel(const std::u8string& json) const {
+        const auto file = Write(L"model.json", {json.begin(), json.end()});
+        ASSERT_EQ(0, KiroHostLoadModel(file.c_str(), nullptr, 0));
+    }
+    // Whether a point is painted in the colour.
+    static bool HasColor(HWND window, const RECT& area, COLORREF color) {
+        RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+        const HDC dc = GetDC(window);
+        bool found = false;
+        for (int y = area.top; y < area.bottom && !found; ++y)
+            for (int x = area.left; x < area.right && !found; ++x) found = GetPixel(dc, x, y) == color;
+        ReleaseDC(window, dc);
+        return found;
+    }
+
     std::filesystem::path home;
     HWND owner = nullptr;
 };
 
-// What a command makes current for its dialogs: the library's templates and the style of its controls. For dialogs that a
-// test opens itself.
+// What a command makes current for its dialogs: the library's templates and the style of its controls. For dialogs that
+// a test opens itself.
 class LibraryResources {
   public:
     LibraryResources() { ActivateActCtx(Style(), &cookie_); }

@@ -46,10 +46,7 @@ class DrawingTest : public TestHost {
         setdxfotparam(&out);
         return DxfOutFloppy(false, Path(name).c_str(), drawing, picture);
     }
-    std::string Bytes(const wchar_t* name) const {
-        std::ifstream file(home / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    std::string Bytes(const wchar_t* name) const { return BytesOf(home / name); }
     // The layers of the items of a kind in a text drawing.
     std::string Layers(const wchar_t* name, const std::string& type) const {
         const std::string text = Bytes(name);

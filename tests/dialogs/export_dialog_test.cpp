@@ -1,9 +1,12 @@
 // The export dialog and its parameters: what follows what, the refusals in their order, and what the host receives.
+#include "driver/GridDriver.h"
+#include "dxfout/KrDxfOutFiles.h"
 #include "dxfout/KrDxfOutParam.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirodxf.h"
 #include "resources/dxfout/KrDxfOut.ids.h"
 #include "resources/dxfout/KrDxfOutParam.ids.h"
+#include "resources/grid.ids.h"
 #include "tests/dialogs/CommandHost.h"
 
 using namespace kiro::drive;
@@ -49,9 +52,6 @@ class Export : public CommandHost {
             u8R"({"currentPicture": 2, "pictures": [{"number": 1, "itemCount": 5}, {"number": 2, "itemCount": 7},
                      {"number": 12, "itemCount": 3}], "layouts": [{"number": 1}, {"number": 4, "name": "空",
                      "windows": [0, 257, -1, 200]}, {"number": 120, "name": "平面図", "windows": [3, 12]}]})");
-    }
-    void UseModel(const char8_t* json) const {
-        ASSERT_EQ(0, KiroHostLoadModel(Write(L"model.json", reinterpret_cast<const char*>(json)).c_str(), nullptr, 0));
     }
     int Run(const User& user) {
         return Drive([this] { return DxfOutputDlg(&record.info); }, [&] { user(Settle()); });
@@ -211,6 +211,7 @@ TEST_F(Export, RefusesInOrder) {
         {{{kOutPictureEdit, L"3"}}, kNothing, IDOK},
         {{{kOutLayoutRadio, nullptr}}, kNothing, IDOK},
         {{{kOutCurrentRadio, nullptr}, {kOutFileNameEdit, L"図\xD842\xDF9F"}}, L"「\xD842\xDF9F」", kOutFileNameEdit},
+        {{{kOutFileNameEdit, L""}}, L"入力してください", kOutFileNameEdit},
         {{{kOutFileNameEdit, L"a|b"}}, L"|", kOutFileNameEdit}};
     output.outputIsDwg = 1;
     std::memset(output.layerTableFileName, 'x', sizeof output.layerTableFileName);  // without an end
@@ -242,6 +243,23 @@ TEST_F(Export, RefusesInOrder) {
     });
     record.params.outputVersion = before.params.outputVersion;
     EXPECT_TRUE(before == record);
+}
+
+TEST_F(Export, AFileNameOfTwoPicturesIsBadInBothRows) {
+    constexpr int kName = 4;
+    const LibraryResources resources;
+    KrDxfOutPicture list;
+    list.SetInfo(&record.info);
+    const auto user = [] {
+        const HWND dialog = Settle();
+        const Grid grid(dialog, kGrid);
+        Change(grid, 1, kName, grid.Cell(0, kName));
+        Click(dialog, IDOK);
+        Answer(ReadBox(), IDOK);
+        for (const int row : {0, 1}) EXPECT_EQ(RGB(0xFF, 0xE0, 0xE0), grid.Pixel(row, kName, 4, 4)) << row;
+        Click(dialog, IDCANCEL);
+    };
+    EXPECT_EQ(IDCANCEL, Drive([&] { return list.DoModal(owner); }, user));
 }
 
 // DXF may be written for GX-3; by a batch nothing.

@@ -107,11 +107,7 @@ TEST_F(TestHost, AQuitOrTheEndOfTheWindowCancelsEveryCommand) {
                              }));
             EXPECT_EQ(quit ? 77 : 0, code);
             EXPECT_TRUE(before == record);
-            if (!quit) {
-                owner = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 900, 700,
-                                        nullptr, nullptr, nullptr, nullptr);
-                KiroHostSetMainWindow(owner);
-            }
+            if (!quit) MakeMainWindow();
             EXPECT_TRUE(IsWindowEnabled(owner));
         }
     }

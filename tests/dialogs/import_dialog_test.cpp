@@ -96,8 +96,7 @@ TEST_F(Import, LeadsThroughAllWindows) {
 }
 
 TEST_F(Import, PictureDecidesMatrixAndScale) {
-    const auto model = Write(L"model.json", R"({"baseScale": 0.5, "pictures": [{"number": 2, "scale": 0.1}]})");
-    ASSERT_EQ(0, KiroHostLoadModel(model.c_str(), nullptr, 0));
+    UseModel(u8R"({"baseScale": 0.5, "pictures": [{"number": 2, "scale": 0.1}]})");
     const struct {
         int control;
         const wchar_t* text;  // null: a radio button
@@ -389,8 +388,7 @@ TEST_F(Import, RefusesBadEntriesInScreenOrder) {
                 {kSubModelEdit, L"", L"サブモデル名が入力されていません", kSubModelEdit},
                 {kSubModelEdit, L"A*B", L"サブモデル名に無効な文字が入力されています", kSubModelEdit},
                 {kSubModelEdit, L"\x00E9", L"「\x00E9」", kSubModelEdit}};
-    const auto model = Write(L"model.json", R"({"baseScale": 10000000})");
-    ASSERT_EQ(0, KiroHostLoadModel(model.c_str(), nullptr, 0));
+    UseModel(u8R"({"baseScale": 10000000})");
     input.inputIsDwg = 1;
     WriteDwg();
     const ImportRecord before = record;

@@ -1,7 +1,5 @@
 // The kept parameters as a program sees them: the exported functions on a real settings folder. Both directions share
 // their code, so that all but the last test look at imports.
-#include <iterator>
-
 #include "entry/host/kirodxf.h"
 #include "tests/dialogs/TestHost.h"
 
@@ -31,11 +29,6 @@ class Kirodxf : public TestHost {
         EXPECT_NE(isRead, byte == 0x77);
         return isRead ? byte : -1;
     }
-    std::string Bytes() const {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-
     const fs::path settings = home / L"settings", file = settings / L"dxfin_params";
 };
 
@@ -68,14 +61,14 @@ TEST_F(Kirodxf, KeepsACopyOfTheParametersGivenLast) {
 TEST_F(Kirodxf, ADamagedFileCountsAsNoneAndStays) {
     Set(0x11);
     ASSERT_EQ(DxfInWriteParam(), 0);
-    const std::string whole = Bytes();
+    const std::string whole = BytesOf(file);
     for (const std::string& damaged : {std::string(), whole + "x", std::string(whole.size(), 'x')}) {
         Write(L"settings\\dxfin_params", damaged);
         EXPECT_EQ(Kept(), -1) << damaged.size();
-        EXPECT_EQ(Bytes(), damaged);
+        EXPECT_EQ(BytesOf(file), damaged);
     }
     ASSERT_EQ(DxfInWriteParam(), 0);
-    EXPECT_EQ(Bytes(), whole);
+    EXPECT_EQ(BytesOf(file), whole);
 }
 
 TEST_F(Kirodxf, WhatCannotBeWrittenIsReported) {

@@ -1,66 +1,93 @@
-// The grid as programs have it that read the screen aloud: screen_reader, another process, tells what it learns.
+// The grid as programs have it that read the screen aloud: another thread asks it through the system, and hears its
+// events.
 #include <oleacc.h>
+
+#include <map>
+#include <memory>
 
 #include "tests/dialogs/GridDialog.h"
 
 namespace {
 
+constexpr std::pair<LONG, const wchar_t*> kStates[] = {{STATE_SYSTEM_FOCUSED, L"focused"},
+                                                       {STATE_SYSTEM_SELECTED, L"selected"},
+                                                       {STATE_SYSTEM_READONLY, L"fixed"},
+                                                       {STATE_SYSTEM_CHECKED, L"marked"},
+                                                       {STATE_SYSTEM_OFFSCREEN, L"outside"}};
+
+VARIANT Child(LONG number) {
+    VARIANT child{};
+    child.vt = VT_I4;
+    child.lVal = number;
+    return child;
+}
+
+// -1: there is none.
+LONG Number(HRESULT result, const VARIANT& number) { return result == S_OK && number.vt == VT_I4 ? number.lVal : -1; }
+
+// What a window gives the first time is kept and asked ever after.
 class Reader {
   public:
-    Reader() {
-        SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-        HANDLE questions = nullptr, answers = nullptr;
-        CreatePipe(&questions, &questions_, &inherited, 0);
-        CreatePipe(&answers_, &answers, &inherited, 0);
-        SetHandleInformation(questions_, HANDLE_FLAG_INHERIT, 0);  // it ends when this end is closed
-        wchar_t desktop[64] = L"", command[] = L"screen_reader.exe";
-        GetUserObjectInformationW(PrivateDesktop(), UOI_NAME, desktop, sizeof desktop, nullptr);
-        STARTUPINFOW start{};
-        start.cb = sizeof start;
-        start.lpDesktop = desktop;
-        start.dwFlags = STARTF_USESTDHANDLES;
-        start.hStdInput = questions;
-        start.hStdOutput = answers;
-        PROCESS_INFORMATION process{};
-        if (!CreateProcessW(nullptr, command, nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process))
-            throw Failure("the reader does not start");
-        for (const HANDLE handle : {questions, answers, process.hThread}) CloseHandle(handle);
-        process_ = process.hProcess;
+    explicit Reader(HWND window) {
+        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+        AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                                   reinterpret_cast<void**>(&object));
+        if (!object) throw Failure("the window tells nothing");
     }
     Reader(const Reader&) = delete;
     Reader& operator=(const Reader&) = delete;
     ~Reader() {
-        CloseHandle(questions_);
-        WaitForSingleObject(process_, kPatience);
-        for (const HANDLE handle : {answers_, process_}) CloseHandle(handle);
+        object->Release();
+        CoUninitialize();
     }
-    std::wstring Ask(const char* question, HWND window, LONG first = 0, LONG second = 0) const {
-        const std::string line = std::string(question) + " " + std::to_string(reinterpret_cast<std::size_t>(window)) +
-                                 " " + std::to_string(first) + " " + std::to_string(second) + "\n";
-        DWORD size = 0;
-        WriteFile(questions_, line.data(), static_cast<DWORD>(line.size()), &size, nullptr);
-        std::wstring answer;
-        while (!answer.ends_with(L'\n')) {
-            Until("the reader answers",
-                  [&] { return PeekNamedPipe(answers_, nullptr, 0, nullptr, &size, nullptr) && size > 0; });
-            wchar_t part[200];
-            ReadFile(answers_, part, sizeof part, &size, nullptr);
-            answer.append(part, size / sizeof(wchar_t));
-        }
-        answer.pop_back();
-        return answer;
+    std::wstring Name(LONG child = CHILDID_SELF) const { return Text(&IAccessible::get_accName, child); }
+    // NAME|VALUE|DESCRIPTION|ROLE|STATES
+    std::wstring Tell(LONG child) const {
+        std::wstring all;
+        for (const auto question :
+             {&IAccessible::get_accName, &IAccessible::get_accValue, &IAccessible::get_accDescription})
+            all += Text(question, child) + L'|';
+        VARIANT role{}, states{};
+        all += std::to_wstring(Number(object->get_accRole(Child(child), &role), role)) + L'|';
+        object->get_accState(Child(child), &states);
+        for (const auto& [state, name] : kStates)
+            if (states.lVal & state) all += std::wstring(name) + L' ';
+        return all;
     }
-    LONG Number(const char* question, HWND window, LONG first = 0, LONG second = 0) const {
-        return std::stol(Ask(question, window, first, second));
+    RECT Area(LONG child) const {
+        RECT area{};
+        LONG width = 0, height = 0;
+        object->accLocation(&area.left, &area.top, &width, &height, Child(child));
+        area.right = area.left + width, area.bottom = area.top + height;
+        return area;
     }
-    std::wstring Name(HWND window, LONG child = CHILDID_SELF) const {
-        const std::wstring all = Ask("tell", window, child);
-        return all.substr(0, all.find(L'|'));
+    LONG Focused() const {
+        VARIANT child{};
+        return Number(object->get_accFocus(&child), child);
+    }
+    LONG From(LONG child, LONG where) const {
+        VARIANT there{};
+        return Number(object->accNavigate(where, Child(child), &there), there);
     }
 
+    IAccessible* object = nullptr;
+
   private:
-    HANDLE questions_ = nullptr, answers_ = nullptr, process_ = nullptr;
+    std::wstring Text(HRESULT (STDMETHODCALLTYPE IAccessible::*question)(VARIANT, BSTR*), LONG child) const {
+        BSTR text = nullptr;
+        if (FAILED((object->*question)(Child(child), &text))) return L"(error)";
+        const std::wstring all = text ? text : L"";
+        SysFreeString(text);
+        return all;
+    }
 };
+
+// Events of this program since the last question: the last child of each.
+std::map<std::pair<HWND, DWORD>, LONG> heard;
+
+void CALLBACK OnEvent(HWINEVENTHOOK, DWORD event, HWND window, LONG, LONG child, DWORD, DWORD) {
+    heard[{window, event}] = child;
+}
 
 }  // namespace
 
@@ -68,61 +95,72 @@ TEST_F(Grids, ReadersLearnTheCellsAndTheirNames) {
     selection = kKrSelectMultiple;
     Run([&](const Steps& grid) {
         const HWND list = grid.List();
-        const Reader reader;
+        const Reader reader(list);
         OnUi([&] {
             table().SetErrorFlag(2, 1, 1);
             table().SetSelectFlag(2, 1);
         });
-        EXPECT_EQ(0u, reader.Ask("tell", list).find(Text(dialog_) + L"|||24|"));
-        EXPECT_EQ(30, reader.Number("count", list));
-        EXPECT_EQ(L"(error)", reader.Name(list, 31));
-        EXPECT_EQ(CHILDID_SELF, reader.Number("focus", list));
+        EXPECT_EQ(0u, reader.Tell(CHILDID_SELF).find(Text(dialog_) + L"|||24|"));
+        LONG count = 0;
+        reader.object->get_accChildCount(&count);
+        EXPECT_EQ(30, count);
+        EXPECT_EQ(L"(error)", reader.Name(31));
+        EXPECT_EQ(CHILDID_SELF, reader.Focused());
         grid.Click(2, 1);
-        const LONG cell = reader.Number("focus", list);
-        const LONG number = reader.Number("go", list, 3, NAVDIR_FIRSTCHILD);
+        const LONG cell = reader.Focused(), number = reader.From(3, NAVDIR_FIRSTCHILD);
         const std::pair<LONG, const wchar_t*> all[] = {
             {cell, L"レイヤ名 3行目|レイヤ3|誤りがあります|29|focused selected marked "},
             {number, L"番号 3行目|3||29|fixed marked "},
             {3, L"番号 3、レイヤ名 レイヤ3、クラス番号 1|||28|selected marked "},
             {30, L"番号 30、レイヤ名 レイヤ30、クラス番号 1|||28|outside "},
         };
-        for (const auto& [child, told] : all) EXPECT_EQ(told, reader.Ask("tell", list, child));
-        EXPECT_EQ(cell, reader.Number("go", list, number, NAVDIR_RIGHT));
-        EXPECT_EQ(-1, reader.Number("go", list, number, NAVDIR_LEFT));
-        EXPECT_EQ(-1, reader.Number("go", list, 30, NAVDIR_DOWN));
+        for (const auto& [child, told] : all) EXPECT_EQ(told, reader.Tell(child));
+        EXPECT_EQ(cell, reader.From(number, NAVDIR_RIGHT));
+        EXPECT_EQ(-1, reader.From(number, NAVDIR_LEFT));
+        EXPECT_EQ(-1, reader.From(30, NAVDIR_DOWN));
         RECT area = grid.Area(2, 1);
         MapWindowPoints(list, nullptr, reinterpret_cast<POINT*>(&area), 2);
-        std::wstring place;
-        for (const LONG edge : {area.left, area.top, area.right, area.bottom}) place += std::to_wstring(edge) + L" ";
-        EXPECT_EQ(place, reader.Ask("area", list, cell));
-        EXPECT_EQ(cell, reader.Number("at", list, area.left + 3, area.top + 3));
-        EXPECT_EQ(S_OK, reader.Number("choose", list, number));
+        const RECT told = reader.Area(cell);
+        EXPECT_TRUE(EqualRect(&area, &told));
+        VARIANT hit{};
+        EXPECT_EQ(cell, Number(reader.object->accHitTest(area.left + 3, area.top + 3, &hit), hit));
+        EXPECT_EQ(S_OK, reader.object->accSelect(SELFLAG_TAKEFOCUS, Child(number)));
         EXPECT_EQ((GridPlace{2, 0}), grid.Current());
         OnUi([&] { tablePtr.reset(); });
-        EXPECT_EQ(L"(error)", reader.Name(list)) << "the grid has gone";
+        EXPECT_EQ(L"(error)", reader.Name()) << "the grid has gone";
     });
 }
 
 TEST_F(Grids, ReadersHearWhereTheUserIs) {
     Run([&](const Steps& grid) {
-        const Reader reader;
+        const Reader reader(grid.List());
         grid.Click(2, 1);
+        const HWINEVENTHOOK hook = SetWinEventHook(EVENT_OBJECT_FOCUS, EVENT_OBJECT_HELPCHANGE, nullptr, OnEvent,
+                                                   GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
         const auto hears = [&](DWORD event, const wchar_t* name, const std::function<void()>& act) {
+            heard.clear();
             act();
-            OnUi([&] { NotifyWinEvent(EVENT_OBJECT_HELPCHANGE, dialog_, OBJID_WINDOW, CHILDID_SELF); });
-            const LONG child = reader.Number("heard", grid.List(), static_cast<LONG>(event));
-            EXPECT_EQ(name, reader.Name(grid.List(), child));
+            OnUi(
+                [&] { NotifyWinEvent(EVENT_OBJECT_HELPCHANGE, dialog_, OBJID_WINDOW, CHILDID_SELF); });  // the last one
+            Until("all events", [&] {
+                for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);) continue;  // brings them
+                return heard.contains({dialog_, EVENT_OBJECT_HELPCHANGE});
+            });
+            EXPECT_EQ(name, reader.Name(heard[{grid.List(), event}]));
         };
-        EXPECT_EQ(1, reader.Number("listen", dialog_));
         hears(EVENT_OBJECT_FOCUS, L"クラス番号 3行目", [] { Key(VK_RIGHT); });  // within a row
         hears(EVENT_OBJECT_FOCUS, L"クラス番号 4行目", [] { Key(VK_DOWN); });
         hears(EVENT_OBJECT_VALUECHANGE, L"クラス番号 4行目", [&] { grid.Write(L"7"); });
         Focus(dialog_, IDOK);
         hears(EVENT_OBJECT_FOCUS, L"クラス番号 5行目", [&] { Focus(dialog_, kList); });
+        UnhookWinEvent(hook);
         // The windows of the open cells, one for each way to edit; what is known of one stays right.
+        std::map<HWND, std::unique_ptr<Reader>> readers;
         const auto editing = [&](const wchar_t* name, WORD key) {
             Key(key);
-            EXPECT_EQ(name, reader.Name(FocusWindow()));
+            auto& of = readers[FocusWindow()];
+            if (!of) of = std::make_unique<Reader>(FocusWindow());
+            EXPECT_EQ(name, of->Name());
         };
         editing(L"クラス番号 5行目", VK_F2);
         editing(L"レイヤ名 6行目", VK_TAB);

@@ -28,10 +28,7 @@ constexpr std::size_t kUsed[] = {1, 2, 3, 4, 16, 63, 256};
 // Their words have a width, a type and a layer of each kind; what is no flag is 2.
 class ModelSettings : public TestHost {
   protected:
-    ModelSettings() { Load(kModel); }
-    void Load(const std::u8string& model) const {
-        ASSERT_EQ(0, KiroHostLoadModel(Write(L"model.json", {model.begin(), model.end()}).c_str(), nullptr, 0));
-    }
+    ModelSettings() { UseModel(kModel); }
     // The user gets the dialog, behind its question if there is one, and closes it.
     using User = std::function<void(HWND dialog, const Grid& grid)>;
     template <class Call>
@@ -74,9 +71,6 @@ class ModelSettings : public TestHost {
         std::wstring texts;
         for (int row = 0; row < grid.Rows(); ++row) texts += grid.Cell(row, column) + L"|";
         return texts;
-    }
-    static void Change(const Grid& grid, int row, int column, const std::wstring& text) {
-        grid.Click(row, column), grid.Write(text);
     }
     std::array<std::int32_t, 257> words;
     std::string journal;
@@ -216,14 +210,14 @@ TEST_F(ModelSettings, WidthsAreFilledCheckedAndWrittenIntoTheJournal) {
 TEST_F(ModelSettings, AModelWithoutLinesIsToldOf) {
     const User user = [this](HWND dialog, const Grid& grid) {
         Change(grid, 2, 1, L"1");
-        Load(u8R"({"lineStyle": null})");
+        UseModel(u8R"({"lineStyle": null})");
         static_assert(kRestoreLineNamesButton == kSaveWidthsButton);
         Click(dialog, kRestoreLineNamesButton);
         EXPECT_EQ(L"モデルに線種と線幅の設定がありません。", Guidance(dialog));
         Click(dialog, IDCANCEL);
     };
     EXPECT_FALSE(Run(DxfLineTypeDialog, 0, user));
-    Load(kModel);
+    UseModel(kModel);
     EXPECT_FALSE(Run(std::bind_front(DxfLineWidthDialog, 2), 0, user));
     EXPECT_FALSE(Drive([this] { return DxfLineTypeDialog((words[0] = 0, words.data())); },
                        [] {

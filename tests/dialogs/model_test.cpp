@@ -1,9 +1,5 @@
 // The model of the stand-in host: its file, the check before an export, and the choosers of pictures and layouts.
-#include <fstream>
-#include <iterator>
-
 #include "driver/GridDriver.h"
-#include "driver/Picture.h"
 #include "entry/host/KrUtility.h"
 #include "entry/host/kirocontrol.h"
 #include "entry/host/kirodlg.h"
@@ -18,6 +14,7 @@ namespace {
 constexpr char8_t kModel[] =
     u8R"({
   "modified": false, "baseScale": 0.5, "currentPicture": 1023, "checkBeforeExport": true,
+  "maxItemCount": 5000, "maxSplitCount": 300,
   "pictures": [
     {"number": 3, "scale": 0.5, "itemCount": 4, "writerError": -8,
      "faults": [{"item": 2, "text": "長さが０です。"}, {"item": 4, "text": "半径が０です。"}]},
@@ -60,10 +57,6 @@ class ModelTest : public TestHost {
         ASSERT_EQ("", Load(printed));
     }
     static HxDlo* Layout(int number) { return HxDloListGetDlo(HxModelGetDloList(GetActiveModel()), number); }
-    static std::string Bytes(const std::filesystem::path& file) {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
 };
 
 }  // namespace
@@ -78,6 +71,11 @@ TEST_F(ModelTest, AnswersWhatItsFileSays) {
     EXPECT_EQ(1023u << 15, words[3]);
     for (const auto& [picture, count] : {std::pair(41, 1000), {256, 5}, {1, 0}, {0, 0}, {257, 0}, {-1, 0}})
         EXPECT_EQ(count, HxPermItemDbGetItemCount(HxModelGetPermItemDb(GetActiveModel()), picture)) << picture;
+
+    for (const auto& [picture, scale] : {std::pair(3, 0.5), {-1, 0.5}, {256, 1.0}, {0, 1.0}, {257, 1.0}, {-2, 1.0}})
+        EXPECT_EQ(scale, Scfval101(picture)) << picture;
+    EXPECT_EQ(5000, HxPermItemDbGetMaxItemCount());
+    EXPECT_EQ(300, HxItemMaxSrCount());
 
     std::vector<int> windows;
     for (int i = 0; i < HxDloGetDloWindowCount(Layout(2)); ++i)
@@ -118,8 +116,8 @@ TEST_F(ModelTest, LineStylesAndNamesTakeWhatFits) {
 
 TEST_F(ModelTest, ThePageShowsTheDemonstrationsModel) {
     const std::filesystem::path root = KIRO_ROOT;
-    const std::string demo = Bytes(root / "tools/demo/model.json");
-    EXPECT_NE(std::string::npos, Bytes(root / "docs/model-file.md").find("```json\n" + demo + "```"));
+    const std::string demo = BytesOf(root / "tools/demo/model.json");
+    EXPECT_NE(std::string::npos, BytesOf(root / "docs/model-file.md").find("```json\n" + demo + "```"));
     EXPECT_EQ("", Load(std::u8string(demo.begin(), demo.end())));
 }
 
@@ -128,6 +126,20 @@ TEST_F(ModelTest, RefusesAWrongFileWithPlaceAndReason) {
         std::u8string text;
         const char* message;
     } kRows[] = {
+        {u8"{\n  \"modified\": yes}", "line 2, column 15: this is not JSON"},
+        {u8"", "line 1, column 1: this is not JSON"},
+        {u8"[]", "model: an object {...} is expected"},
+        {u8R"({"modified": 1})", "modified: true or false is expected"},
+        {u8R"({"baseScale": 0})", "baseScale: a number above 0 is expected"},
+        {u8R"({"baseScale": 1e999})", "model: a number is too large"},
+        {u8R"({"maxItemCount": 2147483648})", "maxItemCount: a whole number from 1 to 2147483647 is expected"},
+        {u8R"({"pictures": {}})", "pictures: a list [...] is expected"},
+        {u8R"({"pictures": [{"number": 1}, {"number": 257}]})",
+         "pictures[1].number: a whole number from 1 to 256 is expected"},
+        {u8R"({"pictures": [{"number": 1.5}]})", "pictures[0].number: a whole number from 1 to 256 is expected"},
+        {u8R"({"pictures": [{"number": 3}, {"number": 3}]})", "pictures[1]: picture 3 is given twice"},
+        {u8R"({"pictures": [{"size": 3}]})", "pictures[0]: unknown member \"size\""},
+        {u8R"({"modifed": true})", "model: unknown member \"modifed\""},
         {u8R"({"currentPicture": 1024})", "currentPicture: a whole number from 0 to 1023 is expected"},
         {u8R"({"pictures": [{"scale": 1}]})", "pictures[0]: \"number\" is missing"},
         {u8R"({"pictures": [{"number": 1, "itemCount": 1, "faults": [{"item": 2}]}]})",
@@ -155,7 +167,13 @@ TEST_F(ModelTest, RefusesAWrongFileWithPlaceAndReason) {
     LoadModel();
     const auto before = Printed();
     for (const auto& row : kRows) EXPECT_EQ(row.message, Load(row.text));
+    char cut[20];
+    EXPECT_NE(0, KiroHostLoadModel((home / L"none").c_str(), cut, sizeof cut));
+    EXPECT_STREQ("file: cannot be ope", cut);
     EXPECT_EQ(before, Printed());
+    EXPECT_EQ(0, KiroHostLoadModel(nullptr, nullptr, 0));
+    EXPECT_FALSE(GetActiveModel()->IsModified());
+    EXPECT_EQ(1.0, Scfval101(-1));
 }
 
 TEST_F(ModelTest, ListsTheFaultsOfWhatIsToBeWritten) {
@@ -179,7 +197,7 @@ TEST_F(ModelTest, ListsTheFaultsOfWhatIsToBeWritten) {
     EXPECT_FALSE(std::filesystem::exists(file));
     for (const auto& row : kRows) {
         EXPECT_EQ(row.faulty, SxfModelCheck(3, true, row.drawing, row.picture));
-        EXPECT_EQ(row.list, Bytes(file));
+        EXPECT_EQ(row.list, BytesOf(file));
     }
 }
 
@@ -249,12 +267,4 @@ TEST_F(ModelTest, ChooserStartsAtTheCurrentPictureAndConfirmsOnlyAChoice) {
         PostThreadMessageW(UiThread(), WM_QUIT, 0, 0);
     };
     EXPECT_EQ(0, Drive([&] { return DrwLstDlg(5, 1, owner, nullptr, nullptr); }, quitter));
-}
-
-// Not a test: --gtest_also_run_disabled_tests --gtest_filter=*Picture paints both where it is started.
-TEST_F(ModelTest, DISABLED_Picture) {
-    LoadModel();
-    Drive([&] { return DrwLstDlg(5, 1, owner, nullptr, nullptr); },
-          [] { Picture(Settle(), "layouts.png"), Key(VK_ESCAPE); });
-    Drive([&] { return PicLstDlg(5, 1, owner, nullptr); }, [] { Picture(Settle(), "pictures.png"), Key(VK_ESCAPE); });
 }

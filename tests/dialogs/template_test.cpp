@@ -198,35 +198,26 @@ TEST(Templates, OfTheBuiltLibraryHaveRoomAndOrder) {
 TEST(Templates, CheckFindsEveryFault) {
     constexpr DWORD kShown = WS_VISIBLE | WS_GROUP, kStop = kShown | WS_TABSTOP;
     constexpr DWORD kRadio = WS_VISIBLE | BS_AUTORADIOBUTTON;
-    const TemplateControl cancel{L"Button", kStop, IDCANCEL, L"取消", {43, 43, 93, 57}};
-    const auto found = [&](const std::vector<TemplateControl>& others) {
-        DialogTemplate dialog{0, true, true, {100, 60}, others};
-        dialog.controls.push_back(cancel);
-        return Checker(dialog).Run();
+    const std::vector<TemplateControl> controls = {
+        {L"Static", kShown, 10, L"右", {190, 10, 210, 18}},
+        {L"Static", kShown, 11, L"ファイル", {7, 10, 38, 18}},
+        {L"Button", kStop | kRadio, 12, L"追加", {7, 20, 34, 30}},
+        {L"Button", kStop, 13, L"参照", {7, 34, 30, 48}},
+        {L"Static", kShown, 14, L"a", {47, 10, 67, 17}},
+        {L"Static", kShown, 15, L"a", {7, 50, 27, 58}},
+        {L"Static", kShown, 16, L"b", {26, 57, 46, 65}},
+        {L"Button", kShown | BS_GROUPBOX, 17, L"色", {7, 70, 47, 100}},
+        {L"Static", kShown, 18, L"b", {10, 76, 30, 84}},
+        {L"Edit", kStop, 19, L"", {7, 130, 47, 143}},
+        {L"Edit", kStop, 20, L"", {7, 110, 47, 123}},
+        {L"Button", kRadio, 21, L"a", {7, 150, 27, 160}},
+        {L"Edit", WS_VISIBLE, 22, L"", {7, 164, 47, 177}},
+        {L"Static", kShown, 10, L"b", {7, 180, 27, 188}},
     };
-    const struct {
-        const char* finding;
-        std::vector<TemplateControl> controls;
-    } faults[] = {
-        {"10: outside the dialog", {{L"Static", kShown, 10, L"右", {90, 10, 110, 18}}}},
-        {"10: no room for its text", {{L"Static", kShown, 10, L"ファイル", {7, 10, 38, 18}}}},
-        {"10: no room for its text", {{L"Button", kStop | kRadio, 10, L"追加", {7, 10, 34, 20}}}},
-        {"10: no room for its text", {{L"Button", kStop, 10, L"参照", {7, 10, 30, 24}}}},
-        {"10: lower than its text", {{L"Static", kShown, 10, L"a", {7, 10, 27, 17}}}},
-        {"11: overlaps 10",
-         {{L"Static", kShown, 10, L"a", {7, 10, 27, 18}}, {L"Static", kShown, 11, L"b", {26, 17, 46, 25}}}},
-        {"11: overlaps 10",
-         {{L"Button", kShown | BS_GROUPBOX, 10, L"色", {7, 10, 47, 40}},
-          {L"Static", kShown, 11, L"b", {10, 16, 30, 24}}}},
-        {"11: the Tab key goes back to it from 10",
-         {{L"Edit", kStop, 10, L"", {7, 30, 47, 43}}, {L"Edit", kStop, 11, L"", {7, 10, 47, 23}}}},
-        {"10: starts no group", {{L"Button", kRadio, 10, L"a", {7, 10, 27, 20}}}},
-        {"11: belongs to the radio buttons before it",
-         {{L"Button", kStop | kRadio, 10, L"a", {7, 10, 27, 20}}, {L"Edit", WS_VISIBLE, 11, L"", {7, 24, 47, 37}}}},
-        {"10: number used twice",
-         {{L"Static", kShown, 10, L"a", {7, 10, 27, 18}}, {L"Static", kShown, 10, L"b", {7, 20, 27, 28}}}},
-    };
-    EXPECT_EQ(Findings(), found({}));
-    for (const auto& fault : faults) EXPECT_EQ(Findings{fault.finding}, found(fault.controls));
-    EXPECT_EQ((Findings{"another font", "no way to cancel"}), Checker({0, true, false, {100, 60}, {}}).Run());
+    EXPECT_EQ((Findings{"another font", "no way to cancel", "10: outside the dialog", "11: no room for its text",
+                        "12: no room for its text", "13: no room for its text", "14: lower than its text",
+                        "20: the Tab key goes back to it from 19", "21: starts no group",
+                        "22: belongs to the radio buttons before it", "10: number used twice", "16: overlaps 15",
+                        "18: overlaps 17"}),
+              Checker({0, true, false, {200, 200}, controls}).Run());
 }

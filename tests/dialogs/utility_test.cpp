@@ -1,9 +1,8 @@
-// The dialogs' utility object and the model that the stand-alone host gives them, as their users see them.
+// The dialogs' utility object, as its users see it.
 #include <cmath>
 
 #include "entry/host/KrUtility.h"
 #include "entry/host/kirobc.h"
-#include "entry/host/kirocontrol.h"
 #include "hostlayer/kirodlglib/GuidanceLine.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
 #include "tests/dialogs/TestHost.h"
@@ -376,16 +375,7 @@ TEST_F(UtilityDialog, GuidanceLineTakesTheLowerEdge) {
 TEST_F(UtilityDialog, GuidanceLineShowsErrorsInAReadableRed) {
     utility->SetMessageZone();
     ShowWindow(dialog, SW_SHOW);
-    const auto shows = [&](COLORREF color) {
-        RedrawWindow(dialog, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-        const RECT strip = Client(kGuidanceLineClass);
-        const HDC dc = GetDC(dialog);
-        bool found = false;
-        for (int y = strip.top; y < strip.bottom && !found; ++y)
-            for (int x = strip.left; x < strip.right && !found; ++x) found = GetPixel(dc, x, y) == color;
-        ReleaseDC(dialog, dc);
-        return found;
-    };
+    const auto shows = [&](COLORREF color) { return HasColor(dialog, Client(kGuidanceLineClass), color); };
     constexpr COLORREF kRed = RGB(0xC0, 0, 0), kLightRed = RGB(0xFF, 0x99, 0x99);
     utility->ErrorText("誤り");
     EXPECT_TRUE(shows(kRed));
@@ -409,52 +399,4 @@ TEST_F(UtilityDialog, SetFocusSelectsTheText) {
     utility->SetFocus(kSubModelEdit);
     utility->SetFocus(999);
     EXPECT_EQ(edit, GetFocus());
-}
-
-// ---- The model ----
-
-TEST_F(Utility, ModelComesFromAFile) {
-    std::filesystem::path file;
-    const auto load = [&](const std::string& text) {
-        file = Write(L"モデル.json", text);
-        std::string message(200, '?');
-        const int result = KiroHostLoadModel(file.c_str(), message.data(), message.size());
-        message.resize(strlen(message.c_str()));
-        EXPECT_EQ(result == 0, message.empty()) << text;
-        return message;
-    };
-    EXPECT_EQ("", load(R"({"modified": true, "baseScale": 2, "maxItemCount": 5000, "maxSplitCount": 300,
-                           "pictures": [{"number": 1, "scale": 0.5}, {"number": 256, "scale": 4e0}]})"));
-    for (const auto& [text, message] : std::initializer_list<std::pair<const char*, const char*>>{
-             {"{\n  \"modified\": yes}", "line 2, column 15: this is not JSON"},
-             {"", "line 1, column 1: this is not JSON"},
-             {"[]", "model: an object {...} is expected"},
-             {R"({"modified": 1})", "modified: true or false is expected"},
-             {R"({"baseScale": 0})", "baseScale: a number above 0 is expected"},
-             {R"({"baseScale": 1e999})", "model: a number is too large"},
-             {R"({"maxItemCount": 2147483648})", "maxItemCount: a whole number from 1 to 2147483647 is expected"},
-             {R"({"pictures": {}})", "pictures: a list [...] is expected"},
-             {R"({"pictures": [{"number": 1}, {"number": 257}]})",
-              "pictures[1].number: a whole number from 1 to 256 is expected"},
-             {R"({"pictures": [{"number": 1.5}]})", "pictures[0].number: a whole number from 1 to 256 is expected"},
-             {R"({"pictures": [{"scale": 2}]})", "pictures[0]: \"number\" is missing"},
-             {R"({"pictures": [{"number": 3}, {"number": 3}]})", "pictures[1]: picture 3 is given twice"},
-             {R"({"pictures": [{"size": 3}]})", "pictures[0]: unknown member \"size\""},
-             {R"({"modifed": true})", "model: unknown member \"modifed\""},
-         })
-        EXPECT_EQ(message, load(text));
-    // What cannot be read changes nothing.
-    EXPECT_TRUE(GetActiveModel()->IsModified());
-    EXPECT_EQ(2.0, Scfval101(-1));
-    EXPECT_EQ(0.5, Scfval101(1));
-    EXPECT_EQ(4.0, Scfval101(256));
-    for (const int picture : {-2, 0, 2, 257}) EXPECT_EQ(1.0, Scfval101(picture));
-    EXPECT_EQ(5000, HxPermItemDbGetMaxItemCount());
-    EXPECT_EQ(300, HxItemMaxSrCount());
-    char message[20];
-    EXPECT_NE(0, KiroHostLoadModel((home / L"none").c_str(), message, sizeof message));
-    EXPECT_STREQ("file: cannot be ope", message);
-    EXPECT_EQ(0, KiroHostLoadModel(nullptr, nullptr, 0));
-    EXPECT_FALSE(GetActiveModel()->IsModified());
-    EXPECT_EQ(1.0, Scfval101(-1));
 }

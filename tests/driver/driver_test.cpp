@@ -27,32 +27,6 @@ std::string FailureOf(const std::function<void()>& call, const std::function<voi
     return "none";
 }
 
-TEST(DriverTest, ReadsAndAnswersABox) {
-    Box box;
-    EXPECT_EQ(IDYES, Drive([] { return Ask(); },
-                           [&] {
-                               box = ReadBox();
-                               Answer(box, IDYES);
-                           }));
-    EXPECT_EQ(L"確認", box.caption);
-    EXPECT_EQ(L"よろしいですか。", box.text);
-    EXPECT_EQ(static_cast<UINT>(MB_ICONWARNING), box.icon);
-    EXPECT_EQ(IDNO, box.defaultButton);
-    EXPECT_EQ((std::vector<int>{IDYES, IDNO}), box.buttons);
-}
-
-TEST(DriverTest, AnswersBoxesOneAfterAnother) {
-    int sum = 0;
-    Drive(
-        [&] {
-            for (int i = 0; i < 20; ++i) sum += Ask() == IDYES ? 1 : 0;
-        },
-        [] {
-            for (int i = 0; i < 20; ++i) Answer(ReadBox(), i % 2 ? IDYES : IDNO);
-        });
-    EXPECT_EQ(10, sum);
-}
-
 TEST(DriverTest, EndsTheCallWhenTheUserFails) {
     int returned = 0;
     const auto ask = [&] { returned = Ask(); };
@@ -60,6 +34,10 @@ TEST(DriverTest, EndsTheCallWhenTheUserFails) {
     EXPECT_EQ(IDNO, returned);
     EXPECT_EQ("the user left a dialog open", FailureOf(ask, [] { Settle(); }));
     EXPECT_EQ("there is no control 4711 in the dialog", FailureOf(ask, [] { Click(Settle(), 4711); }));
+    EXPECT_EQ("clicking: control 7 is disabled or hidden", FailureOf(ask, [] {
+                  EnableWindow(Control(Settle(), IDNO), FALSE);
+                  Click(Settle(), IDNO);
+              }));
     EXPECT_EQ("a message box was expected, but the call has returned", FailureOf([] {}, [] { ReadBox(); }));
     EXPECT_EQ("the call returned before this happened: a miracle",
               FailureOf([] {}, [] { Until("a miracle", [] { return false; }); }));
@@ -133,15 +111,6 @@ TEST(DriverTest, WaitsForWhatMouseAndKeyboardSend) {
                                PressKey(VK_RETURN);
                                SyncInput();
                            }));
-}
-
-TEST(DriverTest, DoesWhatAUserCanDoOnly) {
-    EXPECT_EQ("clicking: control 7 is disabled or hidden", FailureOf([] { Ask(); },
-                                                                     [] {
-                                                                         const HWND box = Settle();
-                                                                         EnableWindow(Control(box, IDNO), FALSE);
-                                                                         Click(box, IDNO);
-                                                                     }));
 }
 
 TEST(DriverTest, PassesOnWhatTheCallThrows) {

@@ -1,6 +1,6 @@
-// What the fuzz targets of conversion tables have in common. A target has, at global scope, for each of its tables:
-// Parse(file, table, listing), Format(table) and Check(table), which demands what must hold for every table that was
-// read and tells whether it can be read again as it is written.
+// What the fuzz targets of conversion tables have in common. A target has, at global scope, for each of its tables
+// Check(table), which demands what must hold for every table that was read and tells whether it can be read again as it
+// is written.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
+#include "tests/native/TableKinds.h"
 #include "text/SlotText.h"
-#include "tables/TableListing.h"
 
 inline void Require(bool holds) {
     if (!holds) std::abort();

@@ -3,10 +3,6 @@
 #include <iterator>
 #include <utility>
 
-#include "dxfout_tables/DxfOutArrowTable.h"
-#include "dxfout_tables/DxfOutLayerTable.h"
-#include "dxfout_tables/DxfOutLineTable.h"
-#include "dxfout_tables/DxfOutStyleTable.h"
 #include "tests/fuzz/TableFuzz.h"
 
 // The name that the host is asked for is the one that is stored: with its NUL, without blanks.
@@ -15,23 +11,6 @@ static int CheckArrow(const char* name) {
     Require(!text.empty() && text.size() <= 256 && text.find_first_of(" ,\t\n\r") == text.npos);
     return text[0] != 'X';
 }
-
-static void Parse(std::string_view file, DxfOutLayerTable& t, TableListing& l) { ParseDxfOutLayerTable(file, t, l); }
-static void Parse(std::string_view file, DxfOutLineTable& t, TableListing& l) {
-    CountingSink unknown;
-    ParseDxfOutLineTable(file, t, l, unknown);
-    Require(unknown.bytes <= file.size() * 40);
-}
-static void Parse(std::string_view file, DxfOutStyleTable& t, TableListing& l) {
-    ParseDxfOutStyleTable(file, t, l, static_cast<std::int32_t>(file.size() % 2));
-}
-static void Parse(std::string_view file, DxfOutArrowTable& t, TableListing& l) {
-    ParseDxfOutArrowTable(file, t, l, CheckArrow);
-}
-static std::string Format(const DxfOutLayerTable& table) { return FormatDxfOutLayerTable(table, {}); }
-static std::string Format(const DxfOutLineTable& table) { return FormatDxfOutLineTable(table, {}); }
-static std::string Format(const DxfOutStyleTable& table) { return FormatDxfOutStyleTable(table, {}); }
-static std::string Format(const DxfOutArrowTable& table) { return FormatDxfOutArrowTable(table, {}); }
 
 // A number that six digits of a file give back.
 static bool IsPlain(double value) { return value == 0 || (value > 1e-300 && value < 1e300); }
@@ -126,7 +105,11 @@ static bool Check(const DxfOutArrowTable& t) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    checkArrow = CheckArrow;
+    outputVersion = static_cast<std::int32_t>(size % 2);
+    unknown.text.clear();
     // 72 bytes behind the shortest keyword
     FuzzTables<DxfOutLayerTable, DxfOutLineTable, DxfOutStyleTable, DxfOutArrowTable>(data, size, 76);
+    Require(unknown.text.size() <= size * 40);
     return 0;
 }

@@ -1,22 +1,6 @@
 #include <cmath>
 
-#include "dxfin_tables/DxfInArrowTable.h"
-#include "dxfin_tables/DxfInLayerTable.h"
-#include "dxfin_tables/DxfInLineTable.h"
-#include "dxfin_tables/DxfInStyleTable.h"
 #include "tests/fuzz/TableFuzz.h"
-
-static void ColorOf(int, std::int16_t* red, std::int16_t* green, std::int16_t* blue) { *red = *green = *blue = 7; }
-static void Parse(std::string_view file, DxfInLayerTable& t, TableListing& l) {
-    ParseDxfInLayerTable(file, t, l, ColorOf);
-}
-static void Parse(std::string_view file, DxfInLineTable& t, TableListing& l) { ParseDxfInLineTable(file, t, l); }
-static void Parse(std::string_view file, DxfInStyleTable& t, TableListing& l) { ParseDxfInStyleTable(file, t, l); }
-static void Parse(std::string_view file, DxfInArrowTable& t, TableListing& l) { ParseDxfInArrowTable(file, t, l); }
-static std::string Format(DxfInLayerTable& table) { return FormatDxfInLayerTable(table, {}); }
-static std::string Format(DxfInLineTable& table) { return FormatDxfInLineTable(table, {}); }
-static std::string Format(DxfInStyleTable& table) { return FormatDxfInStyleTable(table, {}); }
-static std::string Format(DxfInArrowTable& table) { return FormatDxfInArrowTable(table, {}); }
 
 // What must hold for every table that was read. The result: whether it can be read again as it is written.
 static bool Check(const DxfInLayerTable& t) {

@@ -1,5 +1,5 @@
-// What the tests of conversion tables have in common: their readers and writers by the type of the table, records with
-// the errors that they are to have, and texts to compare.
+// What the tests of conversion tables have in common: records with the errors that they are to have, and texts to
+// compare.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,60 +10,12 @@
 #include <memory>
 #include <sstream>
 
-#include "dxfin_tables/DxfInArrowTable.h"
-#include "dxfin_tables/DxfInLayerTable.h"
-#include "dxfin_tables/DxfInLineTable.h"
-#include "dxfin_tables/DxfInStyleTable.h"
-#include "dxfout_tables/DxfOutArrowTable.h"
-#include "dxfout_tables/DxfOutLayerTable.h"
-#include "dxfout_tables/DxfOutLineTable.h"
-#include "dxfout_tables/DxfOutStyleTable.h"
+#include "tests/native/TableKinds.h"
 #include "text/SlotText.h"
 
 using namespace std::string_literals;
 
-inline constexpr TableHeader kHeader = {"C:\\表\\T", "2024/01/02 03:04:05"};
 inline constexpr char kHeaderText[] = "/ File name : C:\\表\\T\n/      Date : 2024/01/02 03:04:05\n/\n";
-
-struct ListingText final : ListingSink {
-    std::string text;
-    void Write(std::string_view more) override { text += more; }
-};
-
-// What the host says of colours and of arrow heads.
-inline void ColorOf(int color, std::int16_t* red, std::int16_t* green, std::int16_t* blue) {
-    *red = static_cast<std::int16_t>(color % 256), *green = 20, *blue = 30;
-}
-inline int CheckArrow(const char* name) { return name[0] == 'X' ? 0 : 7; }
-
-inline ListingText unknown;             // what the last read of export lines said of unknown keywords
-inline std::int32_t outputVersion = 1;  // of the export styles
-
-inline void Parse(std::string_view file, DxfInLayerTable& t, TableListing& l) {
-    ParseDxfInLayerTable(file, t, l, ColorOf);
-}
-inline void Parse(std::string_view file, DxfInLineTable& t, TableListing& l) { ParseDxfInLineTable(file, t, l); }
-inline void Parse(std::string_view file, DxfInStyleTable& t, TableListing& l) { ParseDxfInStyleTable(file, t, l); }
-inline void Parse(std::string_view file, DxfInArrowTable& t, TableListing& l) { ParseDxfInArrowTable(file, t, l); }
-inline void Parse(std::string_view file, DxfOutLayerTable& t, TableListing& l) { ParseDxfOutLayerTable(file, t, l); }
-inline void Parse(std::string_view file, DxfOutLineTable& t, TableListing& l) {
-    unknown.text.clear();
-    ParseDxfOutLineTable(file, t, l, unknown);
-}
-inline void Parse(std::string_view file, DxfOutStyleTable& t, TableListing& l) {
-    ParseDxfOutStyleTable(file, t, l, outputVersion);
-}
-inline void Parse(std::string_view file, DxfOutArrowTable& t, TableListing& l) {
-    ParseDxfOutArrowTable(file, t, l, CheckArrow);
-}
-inline std::string Format(DxfInLayerTable& t, const TableHeader& h = kHeader) { return FormatDxfInLayerTable(t, h); }
-inline std::string Format(DxfInLineTable& t, const TableHeader& h = kHeader) { return FormatDxfInLineTable(t, h); }
-inline std::string Format(DxfInStyleTable& t, const TableHeader& h = kHeader) { return FormatDxfInStyleTable(t, h); }
-inline std::string Format(DxfInArrowTable& t, const TableHeader& h = kHeader) { return FormatDxfInArrowTable(t, h); }
-inline std::string Format(DxfOutLayerTable& t, const TableHeader& h = kHeader) { return FormatDxfOutLayerTable(t, h); }
-inline std::string Format(DxfOutLineTable& t, const TableHeader& h = kHeader) { return FormatDxfOutLineTable(t, h); }
-inline std::string Format(DxfOutStyleTable& t, const TableHeader& h = kHeader) { return FormatDxfOutStyleTable(t, h); }
-inline std::string Format(DxfOutArrowTable& t, const TableHeader& h = kHeader) { return FormatDxfOutArrowTable(t, h); }
 
 template <class Table>
 struct Outcome {
@@ -87,6 +39,7 @@ Outcome<Table> Read(std::string_view file) {
     std::memset(static_cast<void*>(outcome.table.get()), 0x55, sizeof(Table));
     ListingText sink;
     TableListing listing(sink);
+    unknown.text.clear();
     Parse(file, *outcome.table, listing);
     outcome.listed = sink.text;
     outcome.errors = listing.HasErrors();
