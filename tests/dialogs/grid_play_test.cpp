@@ -295,7 +295,7 @@ std::map<std::filesystem::path, std::string> FilesIn(const std::filesystem::path
     return files;
 }
 
-std::vector<std::vector<std::byte>> BytesOf(const kiro::Opening& opening) {
+std::vector<std::vector<std::byte>> KeptBytes(const kiro::Opening& opening) {
     std::vector<std::vector<std::byte>> bytes;
     for (const auto& part : opening.kept) bytes.emplace_back(part.begin(), part.end());
     return bytes;
@@ -312,7 +312,7 @@ TEST_P(GridPlay, WhateverIsDoneCanBeUndone) {
     for (int left = EventsWanted(); left > 0 && !HasFailure(); left -= kEventsOfOneOpening) {
         SCOPED_TRACE("opening " + std::to_string(++seed));
         const kiro::Opening opening = kiro::FindDialog(kind.dialog)->prepare();
-        const auto bytes = BytesOf(opening);
+        const auto bytes = KeptBytes(opening);
         const auto files = FilesIn(home / L"DXF" / L"TABLE");
         const kiro::Json model = kiro::HostModel();
         const INT_PTR result = Drive(opening.run, [&] {
@@ -333,7 +333,7 @@ TEST_P(GridPlay, WhateverIsDoneCanBeUndone) {
             Click(dialog, IDCANCEL);
         });
         EXPECT_EQ(IDCANCEL, result);
-        EXPECT_EQ(bytes, BytesOf(opening));
+        EXPECT_EQ(bytes, KeptBytes(opening));
         EXPECT_EQ(files, FilesIn(home / L"DXF" / L"TABLE"));
         EXPECT_EQ(model, kiro::HostModel());
     }
