@@ -37,7 +37,8 @@ KrGridView::Still::~Still() {
 void KrGridView::Attach(HWND list) {
     list_ = list;
     // So that painting the rows leaves an open editor alone.
-    SetWindowLongPtrW(list, GWL_STYLE, GetWindowLongPtrW(list, GWL_STYLE) | WS_CLIPCHILDREN);
+    const auto style = GetWindowLongPtrW(list, GWL_STYLE);
+    if (!(style & WS_CLIPCHILDREN)) SetWindowLongPtrW(list, GWL_STYLE, style | WS_CLIPCHILDREN);
     Send(LVM_SETUNICODEFORMAT, TRUE);
     SetExtendedStyle(LVS_EX_FULLROWSELECT);  // or a click would count in the first column only
     Measure();
