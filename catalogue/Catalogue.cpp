@@ -125,8 +125,8 @@ const CatalogueDialog kDialogs[] = {
     {"export-parameters", kDxfOutParamDialog, [] { return ExportParameters(false); }, kSlower},
     {"export-parameters-dwg", kDxfOutParamDialog, [] { return ExportParameters(true); }, kSlower},
     {"export-batch", kDxfOutAllDialog, OverExport<KrDxfOutAll>},
-    {"export-pages", kDxfOutPageDialog, OverExport<KrDxfOutPage>, kHasGrid},
-    {"export-pictures", kDxfOutPictureDialog, OverExport<KrDxfOutPicture>, kHasGrid},
+    {"export-pages", kDxfOutPageDialog, OverExport<KrDxfOutPage>, kLooksAround},
+    {"export-pictures", kDxfOutPictureDialog, OverExport<KrDxfOutPicture>, kLooksAround},
     {"export-attributes", kDxfOutAttrDialog, ExportAttributes, kSlower},
     // The tables of the import.
     {"table-launcher", kInTableDialog, Plain<KrDxfInTable>},
@@ -171,9 +171,9 @@ const CatalogueDialog kDialogs[] = {
     {"varos-input", kVrInDialog, [] { return DatabaseInput(DatabaseKind::kVaros); }, kForms},
     {"varos-output", kVrOutDialog, [] { return DatabaseOutput(DatabaseKind::kVarosFacom); }, kForms},
     // What the commands of the databases open on their way.
-    {"pelion-drives", kPlInDriveDialog, PelionDrives, kHasGrid},
-    {"pelion-users", kPlInDriveDialog, PelionUsers, kHasGrid},
-    {"pelion-floppy", kPlInDrive1Dialog, PelionFloppy, kHasGrid},
+    {"pelion-drives", kPlInDriveDialog, PelionDrives, kLooksAround},
+    {"pelion-users", kPlInDriveDialog, PelionUsers, kLooksAround},
+    {"pelion-floppy", kPlInDrive1Dialog, PelionFloppy, kLooksAround},
     {"pelion-drawings", kPlInDraw1Dialog, PelionDrawings, kHasGrid},
     {"pelion-drawing-models", kPlInDraw2Dialog, PelionDrawingModels, kHasGrid},
     {"pelion-models", kPlOutDrawDialog, PelionModels, kHasGrid},

@@ -32,8 +32,9 @@ struct DialogFigures {
 constexpr DialogFigures kSimple{1.2, 100, 1000};
 constexpr DialogFigures kSlower{1.4, 50, 200};  // many controls, or a file that is read
 constexpr DialogFigures kForms{1.2, 100, 200};  // long lists and many fields, but nothing to read
-// The bare grid has no guidance line, and neither marks, lines nor a current cell.
-constexpr DialogFigures kHasGrid{2.5, 30, 200};
+// The bare grid has its columns, rows and look, but no guidance line, marks or current cell.
+constexpr DialogFigures kHasGrid{1.4, 30, 200};
+constexpr DialogFigures kLooksAround{1.6, 30, 200};  // a grid of what folders have, or that is compared with it
 
 struct CatalogueDialog {
     const char* name;
