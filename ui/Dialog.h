@@ -55,6 +55,7 @@ class Dialog {
     void Destroy();
 
     HWND Handle() const { return handle_; }
+    bool HasEnded() const { return !handle_ || result_; }
     template <class Control>
     Control Item(int controlId) const {
         return Control(GetDlgItem(handle_, controlId));

@@ -19,8 +19,8 @@ class ListRun {
     // asked for. What a step throws ends the dialog, as in any handler.
     void Start(std::vector<int> rows, std::function<bool(int row)> step, std::function<void()> ended);
     void Stop() { stop_ = true; }
-    // For a step that has said what it is about to do. When many steps take no time, a screen that is painted five times
-    // a second is enough; it is, after the steps, where they do not do it.
+    // For a step that has said what it is about to do. When many steps take no time, a screen that is painted five
+    // times a second is enough; it is, after the steps, where they do not do it.
     void Paint();
     bool IsPaintDue() const { return GetTickCount64() - painted_ >= kBetweenPaints; }
     bool IsRunning() const { return running_; }
@@ -33,6 +33,7 @@ class ListRun {
     void ShowBar();
     void Continue();
     void Next();
+    void Ended();
 
     Dialog& dialog_;
     int lowerEdge_ = 0;  // of the dialog's template: the host's guidance line comes below
