@@ -101,6 +101,8 @@ void Draw(HWND window, HDC dc, RECT area) {
     FillRect(dc, &area, GetSysColorBrush(COLOR_BTNFACE));
     DrawEdge(dc, &area, BDR_SUNKENOUTER, BF_TOP | BF_ADJUST);
 
+    const std::wstring text = TextOf(window);
+    if (text.empty()) return;
     area = TextArea(window, area);
     const bool error = IsError(window);
     const Selected font(dc, DialogFont(window));
@@ -110,13 +112,14 @@ void Draw(HWND window, HDC dc, RECT area) {
         DrawTextW(dc, kErrorMark, -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
         area.left += WidthOf(dc, kErrorMark);
     }
-    DrawTextW(dc, TextOf(window).c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    DrawTextW(dc, text.c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
-// Drawn aside and copied, so that nothing flickers.
+// A text is drawn aside and copied, so that nothing flickers.
 void Paint(HWND window, HDC dc) {
     RECT area{};
     GetClientRect(window, &area);
+    if (GetWindowTextLengthW(window) == 0) return Draw(window, dc, area);
     const MemoryDc memory(CreateCompatibleDC(dc));
     const Bitmap bitmap(CreateCompatibleBitmap(dc, std::max<int>(area.right, 1), std::max<int>(area.bottom, 1)));
     if (!memory || !bitmap) return Draw(window, dc, area);

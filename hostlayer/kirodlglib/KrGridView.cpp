@@ -11,12 +11,7 @@ constexpr int kLeastWidth = 16;
 constexpr int kTitleMargin = 16;                   // at both sides of a title
 constexpr UINT kNoClientChange = 0x0800 | 0x1000;  // SWP_NOCLIENTSIZE, SWP_NOCLIENTMOVE: in no header, but in messages
 
-int Scaled(HWND window, int pixels) {
-    const HDC dc = GetDC(window);
-    const int scaled = MulDiv(pixels, GetDeviceCaps(dc, LOGPIXELSX), 96);
-    ReleaseDC(window, dc);
-    return scaled;
-}
+int Scaled(HDC dc, int pixels) { return MulDiv(pixels, GetDeviceCaps(dc, LOGPIXELSX), 96); }
 
 }  // namespace
 
@@ -40,11 +35,11 @@ void KrGridView::Attach(HWND list) {
     const auto style = GetWindowLongPtrW(list, GWL_STYLE);
     if (!(style & WS_CLIPCHILDREN)) SetWindowLongPtrW(list, GWL_STYLE, style | WS_CLIPCHILDREN);
     Send(LVM_SETUNICODEFORMAT, TRUE);
-    SetExtendedStyle(LVS_EX_FULLROWSELECT);  // or a click would count in the first column only
     Measure();
 }
 
-void KrGridView::SetExtendedStyle(DWORD style) const {
+void KrGridView::SetExtendedStyle(DWORD style) {
+    styled_ = true;
     // Without flicker, where the system can do that.
     Send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, static_cast<LPARAM>(style | LVS_EX_DOUBLEBUFFER));
 }
@@ -63,6 +58,7 @@ void KrGridView::Start() {
 void KrGridView::MakeColumns() {
     toMake_ = toFit_ = false;
     const Still still(*this);
+    if (!styled_) SetExtendedStyle(LVS_EX_FULLROWSELECT);  // or a click would count in the first column only
     while (Send(LVM_DELETECOLUMN, 0)) continue;
     const std::vector<int> widths = WidthsFor(fitted_ = WidthForColumns());
     for (std::size_t column = 0; column < columns_.size(); ++column) {
@@ -130,10 +126,10 @@ int KrGridView::MeasureRow() {
     const HGDIOBJ font = SelectObject(dc, reinterpret_cast<HFONT>(Send(WM_GETFONT)));
     TEXTMETRICW metric{};
     GetTextMetricsW(dc, &metric);
+    const int least = metric.tmHeight + Scaled(dc, kRowMargin);
     SelectObject(dc, font);
     ReleaseDC(list_, dc);
     // A little more, so that the last row that fits ends where the list view does.
-    const int least = metric.tmHeight + Scaled(list_, kRowMargin);
     const int room = RoomForRows();
     return rowHeight_ = room > least ? room / (room / least) : least;
 }
@@ -265,7 +261,7 @@ int KrGridView::TitleWidth(const std::wstring& title) const {
     return WithFont([&](HDC dc) {
         SIZE size{};
         GetTextExtentPoint32W(dc, title.c_str(), static_cast<int>(title.size()), &size);
-        return static_cast<int>(size.cx) + MulDiv(kTitleMargin, GetDeviceCaps(dc, LOGPIXELSX), 96);
+        return static_cast<int>(size.cx) + Scaled(dc, kTitleMargin);
     });
 }
 

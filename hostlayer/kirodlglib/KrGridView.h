@@ -29,7 +29,7 @@ class KrGridView {
     LRESULT SendTo(UINT message, WPARAM wParam, void* data) const {
         return Send(message, wParam, reinterpret_cast<LPARAM>(data));
     }
-    void SetExtendedStyle(DWORD style) const;
+    void SetExtendedStyle(DWORD style);
 
     // ---- Columns and rows ----
 
@@ -113,6 +113,7 @@ class KrGridView {
         double share = 0;
     };
     std::vector<Column> columns_;
+    bool styled_ = false;  // by the dialog, or by us since it did not
     bool toMake_ = false;  // the list view does not have them yet
     bool toFit_ = false;   // some have shares that they do not show yet
     int fitted_ = 0;       // the width that the columns fill
