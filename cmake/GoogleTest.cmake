@@ -1,5 +1,4 @@
 # Debian ships GoogleTest as sources (package googletest); it is compiled with the toolchain at hand.
 if(NOT TARGET gtest)
     add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
-    target_compile_options(gtest PRIVATE -O0)  # built soon rather than quick, as the tests are
 endif()
