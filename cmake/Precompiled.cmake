@@ -1,7 +1,10 @@
-# What nearly every file of the Windows build includes is parsed once per kind of target. Sources include what they use all
+# What nearly every file includes is parsed once per kind of target. Sources include what they use all
 # the same: with -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON (which a compiler cache wants) nothing of this is seen.
-set(KIRO_COMMON_HEADERS <windows.h> <commctrl.h> <algorithm> <array> <cstdint> <filesystem> <fstream> <functional> <map>
+set(KIRO_COMMON_HEADERS <algorithm> <array> <cstdint> <filesystem> <fstream> <functional> <map>
     <memory> <optional> <ranges> <string> <string_view> <utility> <vector>)
+if(WIN32)
+    list(PREPEND KIRO_COMMON_HEADERS <windows.h> <commctrl.h>)
+endif()
 
 # kiro_precompiled(NAME OPTION [HEADER...]): the headers as targets with this option can use them.
 function(kiro_precompiled name option)

@@ -26,11 +26,7 @@ int FileSource::Read(char* buffer, unsigned size) {
 std::string TextOf(int error) {
     char text[256];
     const std::size_t length = DxfErrorText(error, text, sizeof text);
-#ifdef _WIN32
-    return FromCp932({text, length});  // the messages of the host's libraries are code page 932 there
-#else
-    return {text, length};
-#endif
+    return FromCp932({text, length});
 }
 
 }  // namespace cli
