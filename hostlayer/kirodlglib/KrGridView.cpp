@@ -283,14 +283,15 @@ void KrGridView::Reveal(int row) const {
 void KrGridView::ScrollToTop() const { Reveal(order_.RowAt(0)); }
 
 void KrGridView::Repaint(int row) const {
-    if (!list_ || !rows_.HasRow(row)) return;
+    // One that is not on the screen is painted whole when it gets there.
+    if (!list_ || !rows_.HasRow(row) || !IsWindowVisible(list_)) return;
     const RECT area = RowRect(row);
     InvalidateRect(list_, &area, FALSE);
 }
 
 void KrGridView::RepaintAll() {
     if (toMake_ || toFit_) Settle();  // no further column comes
-    if (list_) InvalidateRect(list_, nullptr, TRUE);
+    if (list_ && IsWindowVisible(list_)) InvalidateRect(list_, nullptr, TRUE);
 }
 
 void KrGridView::ShowSorting(int column, bool descending) const {

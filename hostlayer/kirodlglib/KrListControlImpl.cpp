@@ -36,7 +36,7 @@ KrListControlImpl::~KrListControlImpl() {
     const auto id = reinterpret_cast<UINT_PTR>(this);
     if (dialog_) RemoveWindowSubclass(dialog_, &KrListControlImpl::DialogProc, id);
     if (!view_.List()) return;
-    RemoveWindowSubclass(view_.List(), &KrListControlImpl::ListProc, id);
+    UnhookList(view_.List());
     view_.Send(LVM_SETITEMCOUNT, 0, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);  // nobody answers for its texts any more
 }
 
@@ -44,9 +44,9 @@ bool KrListControlImpl::Attach(HWND dialog, HWND list) {
     if (view_.List()) return list == view_.List();
     const auto id = reinterpret_cast<UINT_PTR>(this);
     const auto self = reinterpret_cast<DWORD_PTR>(this);
-    if (!SetWindowSubclass(dialog, &KrListControlImpl::DialogProc, id, self)) return false;
-    if (!SetWindowSubclass(list, &KrListControlImpl::ListProc, id, self)) {
-        RemoveWindowSubclass(dialog, &KrListControlImpl::DialogProc, id);
+    if (!HookList(list)) return false;
+    if (!SetWindowSubclass(dialog, &KrListControlImpl::DialogProc, id, self)) {
+        UnhookList(list);
         return false;
     }
     dialog_ = dialog;

@@ -106,6 +106,8 @@ class KrListControlImpl final : public KrListControl,
 
     ~KrListControlImpl();
     bool Attach(HWND dialog, HWND list);
+    bool HookList(HWND list);
+    static void UnhookList(HWND list);
     void RowsChanged();
     void ColumnsChanged();
 
@@ -169,7 +171,8 @@ class KrListControlImpl final : public KrListControl,
     void GoTo(GridPlace place) override { ClickCell(place.row, place.column); }
 
     // Messages of the two windows; none: as usual.
-    static LRESULT CALLBACK ListProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
+    struct Hook;
+    static LRESULT CALLBACK ListProc(HWND, UINT, WPARAM, LPARAM);
     static LRESULT CALLBACK DialogProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
     std::optional<LRESULT> OnList(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnListMouse(UINT message, WPARAM wParam, LPARAM lParam);

@@ -478,6 +478,25 @@ TEST_F(Grids, EndsInTheMiddleOfEditing) {
         EXPECT_FALSE(grid.IsOpen());
         EXPECT_EQ(0, grid.Rows());
     });
+    // Below a procedure that came later: that one goes on calling, and another grid takes the list view.
+    static WNDPROC below;
+    const WNDPROC above = [](HWND list, UINT message, WPARAM wParam, LPARAM lParam) {
+        return CallWindowProcW(below, list, message, wParam, lParam);
+    };
+    run([&](const Grid& grid) {
+        OnUi([&] {
+            const auto before = SetWindowLongPtrW(grid.List(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(above));
+            below = reinterpret_cast<WNDPROC>(before);
+            tablePtr.reset();
+        });
+        EXPECT_EQ(0, grid.Rows());
+        tablePtr.reset(KrCreateListControl(utility.get()));
+        OnUi([&] { SetUpGrids(); });
+        grid.Click(3, 1);
+        EXPECT_EQ((GridPlace{3, 1}), grid.Current());
+        Key(VK_DOWN);
+        EXPECT_EQ((GridPlace{4, 1}), grid.Current());
+    });
 }
 
 TEST_F(Grids, LeavesNothingBehind) {
