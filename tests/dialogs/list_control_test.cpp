@@ -496,6 +496,7 @@ TEST_F(Grids, EndsInTheMiddleOfEditing) {
         EXPECT_EQ((GridPlace{3, 1}), grid.Current());
         Key(VK_DOWN);
         EXPECT_EQ((GridPlace{4, 1}), grid.Current());
+        EXPECT_EQ(reinterpret_cast<LONG_PTR>(above), GetWindowLongPtrW(grid.List(), GWLP_WNDPROC));
     });
 }
 
