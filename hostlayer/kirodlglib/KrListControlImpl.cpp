@@ -33,8 +33,7 @@ void KrListControlImpl::Release() {
 }
 
 KrListControlImpl::~KrListControlImpl() {
-    const auto id = reinterpret_cast<UINT_PTR>(this);
-    if (dialog_) RemoveWindowSubclass(dialog_, &KrListControlImpl::DialogProc, id);
+    LeaveDialog();
     if (!view_.List()) return;
     UnhookList(view_.List());
     view_.Send(LVM_SETITEMCOUNT, 0, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);  // nobody answers for its texts any more
@@ -42,10 +41,8 @@ KrListControlImpl::~KrListControlImpl() {
 
 bool KrListControlImpl::Attach(HWND dialog, HWND list) {
     if (view_.List()) return list == view_.List();
-    const auto id = reinterpret_cast<UINT_PTR>(this);
-    const auto self = reinterpret_cast<DWORD_PTR>(this);
     if (!HookList(list)) return false;
-    if (!SetWindowSubclass(dialog, &KrListControlImpl::DialogProc, id, self)) {
+    if (!JoinDialog(dialog)) {
         UnhookList(list);
         return false;
     }

@@ -1,9 +1,10 @@
 // The grid of a dialog, over a list view with virtual rows. Its operations never throw: one that runs out of memory
 // does nothing.
 //
-// KrListControlImpl.cpp holds the operations, KrListControlInput.cpp what windows and operator send,
-// KrListControlCells.cpp what is done with many cells at once, KrListControlView.cpp how the rows are looked at. The
-// rows, the list view, the editor, the links and the rest have classes of their own; here they work together.
+// KrListControlImpl.cpp holds the operations, KrListControlMessages.cpp the procedures of its windows,
+// KrListControlInput.cpp what windows and operator send, KrListControlCells.cpp what is done with many cells at once,
+// KrListControlView.cpp how the rows are looked at. The rows, the list view, the editor, the links and the rest have
+// classes of their own; here they work together.
 #pragma once
 
 #include <windows.h>
@@ -108,6 +109,8 @@ class KrListControlImpl final : public KrListControl,
     bool Attach(HWND dialog, HWND list);
     bool HookList(HWND list);
     static void UnhookList(HWND list);
+    bool JoinDialog(HWND dialog);
+    void LeaveDialog();
     void RowsChanged();
     void ColumnsChanged();
 
@@ -173,7 +176,9 @@ class KrListControlImpl final : public KrListControl,
     // Messages of the two windows; none: as usual.
     struct Hook;
     static LRESULT CALLBACK ListProc(HWND, UINT, WPARAM, LPARAM);
-    static LRESULT CALLBACK DialogProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
+    struct Dialog;
+    static LRESULT CALLBACK DialogProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR dialog);
+    LRESULT UsualOfList(UINT message, WPARAM wParam, LPARAM lParam) const;
     std::optional<LRESULT> OnList(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnListMouse(UINT message, WPARAM wParam, LPARAM lParam);
     void RelayToTip(UINT message, WPARAM wParam, LPARAM lParam);

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cwchar>
-#include <memory>
 
 #include "KrGridMessages.h"
 #include "KrGuarded.h"
@@ -17,49 +16,6 @@ bool IsKeyDown(int key) { return GetKeyState(key) < 0; }
 POINT PointOf(LPARAM lParam) { return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}; }
 
 }  // namespace
-
-// ---- The list view's messages ----
-
-// The list view's user data. A list view gets many messages, so its procedure is our own: the system's subclasses look
-// for their properties with each of them.
-struct KrListControlImpl::Hook {
-    WNDPROC before;
-    KrListControlImpl* grid;  // null: gone, but a procedure that came later goes on calling ours
-
-    static Hook* Of(HWND list) { return reinterpret_cast<Hook*>(GetWindowLongPtrW(list, GWLP_USERDATA)); }
-    static void Keep(HWND list, Hook* hook) {
-        SetWindowLongPtrW(list, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(hook));
-    }
-    static WNDPROC SetProcedure(HWND list, WNDPROC procedure) {
-        const auto before = SetWindowLongPtrW(list, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
-        return reinterpret_cast<WNDPROC>(before);
-    }
-    LRESULT Usual(HWND list, UINT message, WPARAM wParam, LPARAM lParam) const {
-        return CallWindowProcW(before, list, message, wParam, lParam);
-    }
-};
-
-bool KrListControlImpl::HookList(HWND list) {
-    if (Hook* const hook = Hook::Of(list)) {
-        if (hook->grid) return false;
-        hook->grid = this;
-        return true;
-    }
-    auto hook = std::make_unique<Hook>(nullptr, this);
-    Hook::Keep(list, hook.get());
-    hook->before = Hook::SetProcedure(list, &KrListControlImpl::ListProc);
-    hook.release();
-    return true;
-}
-
-void KrListControlImpl::UnhookList(HWND list) {
-    Hook* const hook = Hook::Of(list);
-    hook->grid = nullptr;
-    if (reinterpret_cast<WNDPROC>(GetWindowLongPtrW(list, GWLP_WNDPROC)) != &KrListControlImpl::ListProc) return;
-    Hook::SetProcedure(list, hook->before);
-    Hook::Keep(list, nullptr);
-    delete hook;
-}
 
 // ---- Keys ----
 
@@ -354,7 +310,7 @@ std::optional<LRESULT> KrListControlImpl::OnList(UINT message, WPARAM wParam, LP
     const auto handled = [](bool yes) { return yes ? std::optional<LRESULT>(0) : std::nullopt; };
     switch (message) {
         case WM_GETDLGCODE: {
-            const LRESULT code = Hook::Of(view_.List())->Usual(view_.List(), message, wParam, lParam);
+            const LRESULT code = UsualOfList(message, wParam, lParam);
             const auto* key = reinterpret_cast<const MSG*>(lParam);
             const bool down = key && key->message == WM_KEYDOWN;
             const bool wanted = down && (key->wParam == VK_RETURN || (key->wParam == VK_ESCAPE && find_.IsOpen()));
@@ -451,32 +407,6 @@ void KrListControlImpl::AfterList(UINT message) {
     }
 }
 
-LRESULT CALLBACK KrListControlImpl::ListProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    Hook* const hook = Hook::Of(window);
-    const Hook usual = *hook;
-    if (message == WM_NCDESTROY) {
-        Hook::SetProcedure(window, hook->before);
-        Hook::Keep(window, nullptr);
-        delete hook;
-        if (usual.grid) {
-            usual.grid->accessible_.End();
-            usual.grid->view_.Detach();
-        }
-    }
-    if (message == WM_NCDESTROY || !usual.grid) return usual.Usual(window, message, wParam, lParam);
-    auto& grid = *usual.grid;
-    const Busy busy(grid);
-    const auto result = Guarded(std::optional<LRESULT>(), [&] { return grid.OnList(message, wParam, lParam); });
-    if (result) return *result;
-    // What the focus changes in the picture is painted later, with all else.
-    const bool focus = message == WM_SETFOCUS || message == WM_KILLFOCUS;
-    if (message == WM_PAINT || focus) grid.view_.Draws(focus ? KrGridView::Drawing::kNot : KrGridView::Drawing::kAll);
-    const LRESULT done = usual.Usual(window, message, wParam, lParam);
-    if (message == WM_PAINT || focus) grid.view_.Draws(KrGridView::Drawing::kSingly);
-    Guarded([&] { grid.AfterList(message); });
-    return done;
-}
-
 // ---- The dialog ----
 
 void KrListControlImpl::AnswerText(NMLVDISPINFOW& request) const {
@@ -527,18 +457,4 @@ std::optional<LRESULT> KrListControlImpl::OnDialog(UINT message, WPARAM wParam, 
         default:
             return std::nullopt;
     }
-}
-
-LRESULT CALLBACK KrListControlImpl::DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                               DWORD_PTR data) {
-    auto& grid = *reinterpret_cast<KrListControlImpl*>(data);
-    const Busy busy(grid);
-    if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(window, &KrListControlImpl::DialogProc, id);
-        grid.dialog_ = nullptr;
-    } else if (const auto result =
-                   Guarded(std::optional<LRESULT>(), [&] { return grid.OnDialog(message, wParam, lParam); })) {
-        return *result;
-    }
-    return DefSubclassProc(window, message, wParam, lParam);
 }
