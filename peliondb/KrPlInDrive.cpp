@@ -2,6 +2,7 @@
 
 #include "entry/host/FixedText.h"
 #include "resources/peliondb/KrPlInDrive.ids.h"
+#include "ui/WaitCursor.h"
 
 namespace {
 
@@ -22,6 +23,7 @@ KrPlInDrive::KrPlInDrive(TARNAINFO* info)
 }
 
 void KrPlInDrive::OnInit() {
+    const kiro::ui::WaitCursor cursor;
     InitUtility();
     const TarnaDatabaseView& info = info_->database;
     drives_.Init(kMostPelionDrives, Drives());
@@ -33,7 +35,7 @@ void KrPlInDrive::OnInit() {
 }
 
 std::vector<std::string> KrPlInDrive::Drives() {
-    PelionNames found = PelionDrives();
+    PelionNames found = tree_.Drives();
     std::string silent;
     for (const std::string& drive : found.silent) silent += " " + drive;
     if (!silent.empty()) levels_[kDrives].prompt += "（応答なし：" + silent + "）";
@@ -41,11 +43,11 @@ std::vector<std::string> KrPlInDrive::Drives() {
 }
 
 std::vector<std::string> KrPlInDrive::Groups() {
-    return drives_.HasChoice() ? Told(kGroups, PelionGroups(drives_.Chosen())) : std::vector<std::string>();
+    return drives_.HasChoice() ? Told(kGroups, tree_.Groups(drives_.Chosen())) : std::vector<std::string>();
 }
 
 std::vector<std::string> KrPlInDrive::Users() {
-    return groups_.HasChoice() ? Told(kUsers, PelionUsers(drives_.Chosen(), groups_.Chosen()))
+    return groups_.HasChoice() ? Told(kUsers, tree_.Users(drives_.Chosen(), groups_.Chosen()))
                                : std::vector<std::string>();
 }
 
@@ -55,12 +57,14 @@ std::vector<std::string> KrPlInDrive::Told(Lists list, PelionNames found) {
 }
 
 void KrPlInDrive::DriveChosen() {
+    const kiro::ui::WaitCursor cursor;
     groups_.Fill(Groups());
     users_.Fill({});
     ShowChoice();
 }
 
 void KrPlInDrive::GroupChosen() {
+    const kiro::ui::WaitCursor cursor;
     users_.Fill(Users());
     ShowChoice();
 }

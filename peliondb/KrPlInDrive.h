@@ -21,6 +21,7 @@ class KrPlInDrive final : public NameChooser {
     void DriveChosen();
     void GroupChosen();
 
+    PelionTree tree_;
     NameList drives_;
     NameList groups_;
     NameList users_;

@@ -4,11 +4,12 @@
 
 #include <cstddef>
 #include <map>
+#include <memory>
+#include <utility>
 
 #include "entry/host/kirobc.h"
 #include "ui/Probe.h"
 #include "ui/QuietDrives.h"
-#include "ui/WaitCursor.h"
 
 namespace {
 
@@ -19,18 +20,6 @@ constexpr std::size_t kLongestUser = 6;
 
 std::wstring RootOf(char letter) { return {static_cast<wchar_t>(letter), L':', L'\\'}; }
 
-// Letters.
-std::string FixedAndRemoteDrives() {
-    std::string letters;
-    const DWORD present = GetLogicalDrives();
-    for (int i = 0; i < kLetters; ++i) {
-        const auto letter = static_cast<char>('A' + i);
-        const UINT type = present & (1u << i) ? GetDriveTypeW(RootOf(letter).c_str()) : DRIVE_NO_ROOT_DIR;
-        if (type == DRIVE_FIXED || type == DRIVE_REMOTE) letters += letter;
-    }
-    return letters;
-}
-
 bool HasDatabase(const std::wstring& root) {
     const kiro::ui::QuietDrives quiet;
     const DWORD attributes = GetFileAttributesW((root + L"PELION").c_str());
@@ -38,9 +27,7 @@ bool HasDatabase(const std::wstring& root) {
 }
 
 // The names of the folders in a folder of the database. folder: Shift-JIS, with "/" at its end.
-PelionNames Folders(const std::string& folder, bool (*wanted)(const std::string& name)) {
-    const kiro::ui::WaitCursor cursor;
-    if (!kiro::ui::IsAnswering(RootOf(folder.front()))) return {{}, {folder.substr(0, folder.find('/'))}};
+std::vector<std::string> Folders(const std::string& folder, bool (*wanted)(const std::string& name)) {
     std::vector<std::string> names;
     const HxFileFinderPtr finder(HxFileFinderCreateInstance());
     if (!finder || !finder->Open(HxEucEncoder::Sjis2Euc(folder + "*").c_str(), true)) return {};
@@ -49,19 +36,30 @@ PelionNames Folders(const std::string& folder, bool (*wanted)(const std::string&
         const std::string name = path.substr(path.rfind('/') + 1);
         if (path.size() < kPathEnd && !name.empty() && name.front() != '.' && wanted(name)) names.push_back(name);
     } while (names.size() < kMostPelionNames && finder->Next());
-    return {names, {}};
+    return names;
 }
 
 }  // namespace
 
+bool PelionTree::MayBeSilent(char letter) const {
+    const bool fixed = fixed_.find(letter) != fixed_.npos;
+    return kiro::ui::MayBeSilent(RootOf(letter), fixed ? DRIVE_FIXED : DRIVE_REMOTE);
+}
+
 // All of those that may be silent are asked together.
-PelionNames PelionDrives() {
-    const kiro::ui::WaitCursor cursor;
+PelionNames PelionTree::Drives() {
+    fixed_.clear();
     std::map<char, kiro::ui::Probe> probes;
-    const std::string letters = FixedAndRemoteDrives();
-    for (const char letter : letters) {
+    std::string letters;
+    const DWORD present = GetLogicalDrives();
+    for (int i = 0; i < kLetters; ++i) {
+        const auto letter = static_cast<char>('A' + i);
         const std::wstring root = RootOf(letter);
-        if (kiro::ui::MayBeSilent(root)) probes.try_emplace(letter, root, [root] { return HasDatabase(root); });
+        const UINT type = present & (1u << i) ? GetDriveTypeW(root.c_str()) : DRIVE_NO_ROOT_DIR;
+        if (type == DRIVE_FIXED) fixed_ += letter;
+        if (type != DRIVE_FIXED && type != DRIVE_REMOTE) continue;
+        letters += letter;
+        if (MayBeSilent(letter)) probes.try_emplace(letter, root, [root] { return HasDatabase(root); });
     }
     PelionNames drives;
     for (const char letter : letters) {
@@ -73,13 +71,25 @@ PelionNames PelionDrives() {
     return drives;
 }
 
-PelionNames PelionGroups(const std::string& drive) {
-    return Folders(drive + "/PELION/", [](const std::string& name) { return name.size() <= kLongestGroup; });
+// A drive may fall silent in the middle of it: one of another computer is looked through by the probe's thread.
+PelionNames PelionTree::Look(const std::string& folder, bool (*wanted)(const std::string& name)) const {
+    if (!MayBeSilent(folder.front())) return {Folders(folder, wanted), {}};
+    const auto names = std::make_shared<std::vector<std::string>>();
+    const kiro::ui::Probe probe(RootOf(folder.front()), [=] {
+        *names = Folders(folder, wanted);
+        return true;
+    });
+    if (!probe.Answer()) return {{}, {folder.substr(0, folder.find('/'))}};
+    return {std::move(*names), {}};
+}
+
+PelionNames PelionTree::Groups(const std::string& drive) const {
+    return Look(drive + "/PELION/", [](const std::string& name) { return name.size() <= kLongestGroup; });
 }
 
 // The folders ACCESS and FORMAT of a group are the database's own.
-PelionNames PelionUsers(const std::string& drive, const std::string& group) {
-    return Folders(drive + "/PELION/" + group + "/", [](const std::string& name) {
+PelionNames PelionTree::Users(const std::string& drive, const std::string& group) const {
+    return Look(drive + "/PELION/" + group + "/", [](const std::string& name) {
         return name.size() <= kLongestUser && name != "ACCESS" && name != "FORMAT";
     });
 }

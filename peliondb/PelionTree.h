@@ -12,7 +12,18 @@ struct PelionNames {
     std::vector<std::string> names;
     std::vector<std::string> silent;  // drives that did not answer
 };
-// "C:" and its like: the fixed and the remote drives that have the folder.
-PelionNames PelionDrives();
-PelionNames PelionGroups(const std::string& drive);
-PelionNames PelionUsers(const std::string& drive, const std::string& group);
+
+class PelionTree {
+  public:
+    // "C:" and its like: the fixed and the remote drives that have the folder.
+    PelionNames Drives();
+    // Of a drive that is there.
+    PelionNames Groups(const std::string& drive) const;
+    PelionNames Users(const std::string& drive, const std::string& group) const;
+
+  private:
+    bool MayBeSilent(char letter) const;
+    PelionNames Look(const std::string& folder, bool (*wanted)(const std::string& name)) const;
+
+    std::string fixed_;  // letters; what kind a drive is is asked for once, for the system is slow to say
+};

@@ -110,9 +110,12 @@ void Start(std::unique_ptr<Task> task) {
 
 }  // namespace
 
+bool MayBeSilent(const std::wstring& path, UINT driveType) {
+    return IsShare(path) || driveType == DRIVE_REMOTE || IsSilent(PlaceOf(path));
+}
+
 bool MayBeSilent(const std::wstring& path) {
-    const std::wstring place = PlaceOf(path);
-    return IsShare(path) || GetDriveTypeW((place + L'\\').c_str()) == DRIVE_REMOTE || IsSilent(place);
+    return MayBeSilent(path, IsShare(path) ? DRIVE_REMOTE : GetDriveTypeW((PlaceOf(path) + L'\\').c_str()));
 }
 
 Probe::Probe(const std::wstring& path, std::function<bool()> question, DWORD patience) {

@@ -18,6 +18,7 @@ constexpr DWORD kProbePatience = 2000;
 // Whether asking the path's drive or share may take long: it is another computer's, or is keeping a probe waiting now.
 // That is known here; nothing is asked.
 bool MayBeSilent(const std::wstring& path);
+bool MayBeSilent(const std::wstring& path, UINT driveType);  // where that is known, as GetDriveType has it
 
 // A question that is asked on a thread of its own. When the answer is late the thread is left to itself: it owns the
 // question, keeps this library loaded and ends when the system gives up. It is not broken off, because a connection

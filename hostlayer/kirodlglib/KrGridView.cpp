@@ -276,8 +276,11 @@ void KrGridView::Select(int before, int row) const {
     SendTo(LVM_SETITEMSTATE, static_cast<WPARAM>(order_.IndexOf(row)), &item);
 }
 
+// A list view that is told to show a row asks for its texts first, also when it shows it already.
 void KrGridView::Reveal(int row) const {
-    if (rows_.HasRow(row)) Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(order_.IndexOf(row)), FALSE);
+    if (!rows_.HasRow(row)) return;
+    const int below = order_.IndexOf(row) - static_cast<int>(Send(LVM_GETTOPINDEX));
+    if (below < 0 || below >= RowsOnPage()) Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(order_.IndexOf(row)), FALSE);
 }
 
 void KrGridView::ScrollToTop() const { Reveal(order_.RowAt(0)); }

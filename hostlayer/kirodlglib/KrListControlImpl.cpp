@@ -268,7 +268,7 @@ void KrListControlImpl::SetCurrent(GridPlace place, By by) {
     if (place.row != before.row) view_.Select(before.row, place.row);
     view_.Reveal(place.row);
     // After what the list view says of the row.
-    if (view_.List() && GetFocus() == view_.List()) Announce(EVENT_OBJECT_FOCUS, place);
+    if (IsWindowVisible(view_.List()) && GetFocus() == view_.List()) Announce(EVENT_OBJECT_FOCUS, place);
     Notify(kKrListCurrentCell, Current());
     if (by == By::kUser) Notify(kKrListCellMoved, place);
 }
@@ -302,7 +302,7 @@ void KrListControlImpl::ClickCell(int row, int column) {
         if (!rows_.Has({row, column}) || !TakeEdits()) return;
         SetCurrent({row, column}, By::kProgram);
         // Which control has it first is for the dialog's manager to say.
-        if (view_.List() && !view_.HasFocus() && IsWindowVisible(view_.List())) SetFocus(view_.List());
+        if (IsWindowVisible(view_.List()) && !view_.HasFocus()) SetFocus(view_.List());
     });
 }
 

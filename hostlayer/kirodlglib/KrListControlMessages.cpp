@@ -59,7 +59,6 @@ LRESULT CALLBACK KrListControlImpl::ListProc(HWND window, UINT message, WPARAM w
     const Hook usual = *hook;
     if (message == WM_NCDESTROY) {
         Hook::SetProcedure(window, hook->before);
-        Hook::Keep(window, nullptr);
         delete hook;
         if (usual.grid) {
             usual.grid->accessible_.End();

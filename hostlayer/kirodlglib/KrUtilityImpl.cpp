@@ -8,13 +8,13 @@
 
 #include "KrFileChooser.h"
 #include "KrGuarded.h"
-#include "hostlayer/kirodxf/DxfErrorText.h"
 #include "KrNumber.h"
 #include "KrPath.h"
 #include "KrText.h"
 #include "KrUsedFiles.h"
 #include "entry/host/kirobc.h"
 #include "entry/host/kirocontrol.h"
+#include "hostlayer/kirodxf/DxfErrorText.h"
 #include "hostlayer/kiromdl/ModelFacts.h"
 
 namespace {
