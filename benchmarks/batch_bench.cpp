@@ -112,7 +112,7 @@ class Bench {
     bool Run() {
         return Report("run over 100 small drawings / the single conversions",
                       CompareTimes(
-                          5, [this] { return RunList(); }, [this] { return Singles(); }),
+                          kRounds, [this] { return RunList(); }, [this] { return Singles(); }),
                       1.1);
     }
 

@@ -1,7 +1,5 @@
 #include "dxfin/KrDxfInList.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 #include <unordered_map>
 #include <utility>
@@ -158,9 +156,7 @@ bool KrDxfInList::ReadVersions() {
 
 // Those first that the user sees.
 int KrDxfInList::NextWithoutVersion() {
-    const int top = ListView_GetTopIndex(grid_.List());
-    const int end = (std::min)(rows_.Count(), top + ListView_GetCountPerPage(grid_.List()) + 1);
-    for (int row = top; row < end; ++row)
+    for (const int row : grid_.RowsOnScreen())
         if (!rows_[row].versionKnown) return row;
     while (nextVersion_ < rows_.Count() && rows_[nextVersion_].versionKnown) ++nextVersion_;
     return nextVersion_ < rows_.Count() ? nextVersion_ : -1;
@@ -172,7 +168,7 @@ void KrDxfInList::ReadVersion(int row) {
     if (!path.empty()) version = info_.inputIsDwg ? ReadDwgVersion(path) : ReadDxfVersion(path, kMostPairs);
     rows_[row].versionKnown = true;
     grid_.SetTextAt(row, kVersionColumn, version.opened ? VersionText(version) : kUnreadable);
-    ListView_RedrawItems(grid_.List(), row, row);
+    grid_.RepaintRow(row);
 }
 
 std::string KrDxfInList::DrawingPath(int row) const {
@@ -341,7 +337,7 @@ void KrDxfInList::Announce(int row) {
     const int done = static_cast<int>(run_.Done());
     ShowGuidance(Formatted("%d/%d %s", done, static_cast<int>(run_.Count()), rows_[row][kFileColumn]).c_str());
     ShowResult(row, "変換中", false);
-    ListView_EnsureVisible(grid_.List(), row, FALSE);
+    grid_.Reveal(row);
     run_.Paint();
 }
 
@@ -359,7 +355,7 @@ std::string KrDxfInList::Convert(int row) {
 void KrDxfInList::ShowResult(int row, const std::string& result, bool failed) {
     grid_.SetTextAt(row, kResultColumn, result);
     grid_.Control().SetErrorFlag(row, kResultColumn, failed);
-    ListView_RedrawItems(grid_.List(), row, row);
+    grid_.RepaintRow(row);
 }
 
 // Its column may be too narrow for a reason.

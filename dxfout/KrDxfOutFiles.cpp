@@ -1,7 +1,5 @@
 #include "dxfout/KrDxfOutFiles.h"
 
-#include <commctrl.h>
-
 #include <cmath>
 #include <cstdio>
 #include <limits>
@@ -237,7 +235,7 @@ void OutFileList::Start(std::vector<int> rows) {
 bool OutFileList::Write(int row) {
     const OutFileRow& file = rows_[row];
     ShowGuidance(Formatted(kind_.working, file.number).c_str());
-    ListView_EnsureVisible(grid_.List(), row, FALSE);
+    grid_.Reveal(row);
     run_.Paint();
     const int code = DxfOutFloppy(info_->mediaKind != 0, file.path.c_str(), kind_.isPage ? file.number : 0,
                                   kind_.isPage ? 0 : file.number);

@@ -123,6 +123,22 @@ void Grid::ShowRow(int row) {
         control_->SetItemText(row, column, TextAt(row, column).c_str());
 }
 
+void Grid::RepaintRow(int row) const {
+    const int place = control_->GetPlaceOfRow(row);
+    const int below = place - ListView_GetTopIndex(List());
+    if (below >= 0 && below <= ListView_GetCountPerPage(List())) ListView_RedrawItems(List(), place, place);
+}
+
+void Grid::Reveal(int row) const { ListView_EnsureVisible(List(), control_->GetPlaceOfRow(row), FALSE); }
+
+std::vector<int> Grid::RowsOnScreen() const {
+    const int top = ListView_GetTopIndex(List());
+    const int end = (std::min)(Rows(), top + ListView_GetCountPerPage(List()) + 1);
+    std::vector<int> rows;
+    for (int place = top; place < end; ++place) rows.push_back(control_->GetRowAtPlace(place));
+    return rows;
+}
+
 void Grid::SetTextAt(int row, int column, std::string_view text) {
     // What changes with a text that comes from the history comes from there as well.
     if (!toggling_) ReplaceText(row, column, std::string(text));

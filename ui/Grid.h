@@ -79,6 +79,10 @@ class Grid {
     // The rows show something else for a while, of which this is the history.
     void ExchangeHistory(GridHistory& other);
     void ShowRow(int row);  // after its texts were changed elsewhere
+    // For a run over many rows: what has changed in one is painted, where it is on the screen; it is brought there.
+    void RepaintRow(int row) const;
+    void Reveal(int row) const;
+    std::vector<int> RowsOnScreen() const;
     // New rows behind the last one, each with one of the names, as one step; the first becomes the current one.
     bool AddNames(int column, const std::vector<std::string>& names);
     void Fade(const std::vector<int>& rows);  // in grey until the user does something else; nothing else changes

@@ -172,6 +172,10 @@ class KrListControl {
     // The current cell becomes the first one, and is scrolled to.
     virtual void SelectCells(int firstRow, int firstColumn, int lastRow, int lastColumn) = 0;
     virtual int GetNextRow(int row) const = 0;  // the row that is seen below; -1: none
+    // Where a row is seen, counted from the top as the list view counts its items; and which row is seen there. -1:
+    // none.
+    virtual int GetPlaceOfRow(int row) const = 0;
+    virtual int GetRowAtPlace(int place) const = 0;
 
     // kinds: kKrCell..., or-ed.
     virtual void SetColumnKinds(int column, unsigned int kinds) = 0;

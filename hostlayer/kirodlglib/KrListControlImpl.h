@@ -82,6 +82,8 @@ class KrListControlImpl final : public KrListControl,
     void GetSelectedColumns(int* first, int* last) const override;
     void SelectCells(int firstRow, int firstColumn, int lastRow, int lastColumn) override;
     int GetNextRow(int row) const override;
+    int GetPlaceOfRow(int row) const override { return rows_.HasRow(row) ? order_.IndexOf(row) : -1; }
+    int GetRowAtPlace(int place) const override { return rows_.HasRow(place) ? order_.RowAt(place) : -1; }
     void SetColumnKinds(int column, unsigned int kinds) override;
     void SetColumnColors(int column, KrColorOf colorOf) override;
     void SetItemPattern(int row, int column, const double* lengths, int count) override;
