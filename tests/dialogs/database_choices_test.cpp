@@ -453,6 +453,8 @@ TEST_F(DatabaseParameters, HiddenDriveAndOddWordsAreTheHosts) {
     WriteFixedText(pelion.drive, "Z");
     EXPECT_EQ(IDOK, Run<KrPlOutParam>([&](HWND dialog) { Click(dialog, IDOK); }));
     EXPECT_EQ(2, pelion.detailMode);
+    PlOutParamBlock kept;
+    EXPECT_NE(0, ReadPlParameter(&kept));  // nobody has asked for that
 
     std::memset(&pelion, 0xFF, sizeof pelion);
     const PlOutParamBlock before = pelion;
