@@ -112,7 +112,10 @@ void Picture(const std::vector<HWND>& windows, const std::filesystem::path& png)
         // Without a window manager the first dialog of a process is not drawn as the active one.
         if (GetWindowLongW(windows[i], GWL_STYLE) & WS_SYSMENU && IsWindowEnabled(windows[i]))
             Send(windows[i], WM_NCACTIVATE, TRUE);
+        // Also what its thread is in the middle of painting, which has nothing left to be updated.
+        Send(windows[i], WM_NULL);
         RedrawWindow(windows[i], nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        Send(windows[i], WM_NULL);
     }
     Canvas canvas(whole.right - whole.left, whole.bottom - whole.top);
     for (std::size_t i = 0; i < windows.size(); ++i) canvas.Draw(windows[i], areas[i], {whole.left, whole.top});
