@@ -13,7 +13,7 @@ void KrDxfInGoOn::OnInit() {
     const auto icon = reinterpret_cast<WPARAM>(LoadIconW(nullptr, IDI_WARNING));
     SendDlgItemMessageW(Handle(), kGoOnIcon, STM_SETICON, icon, 0);
     // As in a message box; the system itself would choose the check box, when this has returned.
-    PostMessageW(Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(Handle(), IDOK)), TRUE);
+    StartAt(IDOK);
 }
 
 void KrDxfInGoOn::OnOk() {

@@ -12,9 +12,7 @@ void NameChooser::InitChoice() {
     for (const int id : {IDOK, kPlSetButton}) Item<kiro::ui::Button>(id).Show(id == goOnButton_);
     SendMessageW(Handle(), DM_SETDEFID, static_cast<WPARAM>(goOnButton_), 0);
     ShowChoice();
-    // The system gives the focus to the first list when this is over.
-    const Level* missing = FirstMissing();
-    if (missing) PostMessageW(Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(missing->list->Window()), TRUE);
+    if (const Level* missing = FirstMissing()) StartAt(GetDlgCtrlID(missing->list->Window()));
 }
 
 const NameChooser::Level* NameChooser::FirstMissing() const {

@@ -150,6 +150,10 @@ INT_PTR Dialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
             Initialise();
+            if (modal_ && startId_) {
+                FocusTo(startId_);
+                return FALSE;
+            }
             return modal_;  // a modeless dialog takes no focus
         case WM_PAINT:
             return Paint();

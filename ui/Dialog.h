@@ -105,6 +105,9 @@ class Dialog {
     }
     void Guide(std::initializer_list<GuidanceText> texts);
 
+    // For OnInit: which control has the focus when a modal dialog is shown. Otherwise the first in the order of Tab.
+    void StartAt(int controlId) { startId_ = controlId; }
+
     // Ends a modal dialog. Nothing that happens to its controls afterwards runs a handler, and the first result stands.
     void End(INT_PTR result);
 
@@ -134,6 +137,7 @@ class Dialog {
     int templateId_;
     HWND handle_ = nullptr;
     bool modal_ = false;
+    int startId_ = 0;
     bool shown_ = false;             // the window has been there
     std::optional<INT_PTR> result_;  // what End was given
     int loading_ = 0;

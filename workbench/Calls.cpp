@@ -6,6 +6,7 @@
 
 #include "GuardedMemory.h"
 #include "HostCalls.h"
+#include "entry/host/kirodxf.h"
 #include "entry/host/kirovanteo.h"
 
 namespace kiro {
@@ -37,12 +38,14 @@ Json Answer(const Export& self, Json returned) {
 // How one family of commands uses the record: its view of it, and where the address of which block stands.
 struct ImportFamily {
     using Params = DxfInParamBlock;
+    static void Begin(Params& params) { DxfInReadParam(&params); }  // what the user has kept
     static const RecordView& View() { return kImportView; }
     static const RecordView& ParamView() { return kDxfInParams; }
     static void Attach(TARNAINFO& info, Params* params) { info.input.importParams = params; }
 };
 struct ExportFamily {
     using Params = DxfOutParamBlock;
+    static void Begin(Params& params) { DxfOutReadParam(&params); }
     static const RecordView& View() { return kExportView; }
     static const RecordView& ParamView() { return kDxfOutParams; }
     static void Attach(TARNAINFO& info, Params* params) { info.output.exportParams = params; }
@@ -65,16 +68,11 @@ using PlOutputFamily = DatabaseFamily<PlOutParamBlock, kDatabaseOutputView, kPlO
 using VrInputFamily = DatabaseFamily<VrOutParamBlock, kVarosInputView, kVrOutParams, ReadVrParameter>;
 using VrOutputFamily = DatabaseFamily<VrOutParamBlock, kDatabaseOutputView, kVrOutParams, ReadVrParameter>;
 
-template <class Family, class Params>
-void BeginParams(Params& params) {
-    if constexpr (requires { Family::Begin(params); }) Family::Begin(params);
-}
-
 template <class Family>
 Json StartTarna() {
     GuardedMemory<TARNAINFO> info;
     GuardedMemory<typename Family::Params> params;
-    BeginParams<Family>(*params.Get());
+    Family::Begin(*params.Get());
     return {{"record", ToJson(Family::View(), info.Bytes())}, {"params", ToJson(Family::ParamView(), params.Bytes())}};
 }
 
@@ -82,7 +80,7 @@ template <class Family, auto command>
 CallResult RunTarna(const Export& self, const Json& input) {
     GuardedMemory<TARNAINFO> info(kMoreDrawings);
     GuardedMemory<typename Family::Params> params;
-    BeginParams<Family>(*params.Get());
+    Family::Begin(*params.Get());
     FromJson(Family::View(), Member(input, "record"), info.Bytes());
     FromJson(Family::ParamView(), Member(input, "params"), params.Bytes());
     Family::Attach(*info.Get(), params.Get());

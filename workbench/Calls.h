@@ -18,9 +18,9 @@ struct CallResult {
 struct Export {
     const char* name;
     const wchar_t* title;  // as the host's menu has it
-    // input: {"record": {...}, "params": {...}}, both with the members that differ from a cleared record.
+    // input: {"record": {...}, "params": {...}}, both with the members that differ from start.
     CallResult (*run)(const Export& self, const Json& input);
-    Json (*start)();  // such an input with every member, cleared
+    Json (*start)();  // such an input with every member: a cleared record, the parameters that the user has kept
 };
 
 std::span<const Export> Exports();
