@@ -18,9 +18,6 @@ class BatchHost : public ImportHost {
     }
     ~BatchHost() override { KiroHostObserveCalls(nullptr, nullptr); }
 
-    void UseModel(const char8_t* json) const {
-        ASSERT_EQ(0, KiroHostLoadModel(Write(L"model.json", reinterpret_cast<const char*>(json)).c_str(), nullptr, 0));
-    }
     // The run goes on while the user looks.
     static HWND Asked(HWND dialog) {
         kiro::drive::Until("a question of the run", [&] { return kiro::drive::Settle() != dialog; });

@@ -7,9 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "driver/GridDriver.h"
 #include "tests/dialogs/TestHost.h"
-
-inline constexpr int kChooserName = 0x47C;  // the system chooser's file-name combo
 
 class CommandHost : public TestHost {
   protected:
@@ -34,7 +33,7 @@ class CommandHost : public TestHost {
         using namespace kiro::drive;
         Click(dialog, button);
         const HWND chooser = Settle();
-        SendMessageW(Control(chooser, kChooserName), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
+        SendMessageW(Control(chooser, kChooserField), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
         Click(chooser, IDOK);
     }
     static void Expect(const std::wstring& caption, const std::wstring& text, UINT icon, int answer) {
@@ -60,6 +59,9 @@ class CommandHost : public TestHost {
         Answer(box, IDOK);
         EXPECT_EQ(dialog, Settle()) << "closed after a refusal";
         EXPECT_EQ(focus, FocusId());
+    }
+    static bool IsMarked(const kiro::drive::Grid& grid, kiro::drive::GridPlace cell) {
+        return grid.Pixel(cell.row, cell.column, 4, 4) == RGB(0xFF, 0xE0, 0xE0);
     }
     // Where a control or a popup is, in the dialog.
     static RECT Area(HWND dialog, HWND window) {

@@ -88,6 +88,12 @@ class Grids : public testing::Test {
                 std::source_location at = std::source_location::current()) const {
             (*this)([&] { test_.OnUi(work); }, expected, at);
         }
+        void Hover(int row, int column) const {
+            const RECT cell = Area(row, column);
+            POINT point{cell.left + 10, (cell.top + cell.bottom) / 2};
+            ClientToScreen(List(), &point);
+            MoveMouse(point);
+        }
 
       private:
         Grids& test_;

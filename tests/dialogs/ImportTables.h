@@ -9,7 +9,6 @@
 #include <utility>
 #include <vector>
 
-#include "driver/GridDriver.h"
 #include "dxfin/KrDxfInAttr.h"
 #include "dxfin_tables/KrDxfInTbl_Arrow.h"
 #include "dxfin_tables/KrDxfInTbl_Layer.h"
@@ -130,14 +129,7 @@ class ImportTables : public ImportHost {
         EXPECT_EQ(kGrid, FocusId());
         ExpectError(dialog, message);
     }
-    static bool IsMarked(const kiro::drive::Grid& grid, kiro::drive::GridPlace cell) {
-        return grid.Pixel(cell.row, cell.column, 4, 4) == RGB(0xFF, 0xE0, 0xE0);
-    }
-    static bool IsMenuOpen() {
-        GUITHREADINFO state{};
-        state.cbSize = sizeof state;
-        return GetGUIThreadInfo(kiro::drive::UiThread(), &state) && (state.flags & GUI_INMENUMODE);
-    }
+    static bool IsMenuOpen() { return (kiro::drive::GuiState().flags & GUI_INMENUMODE) != 0; }
     static POINT MenuPlace(const kiro::drive::Grid& grid) {  // of the open menu, in the list view
         RECT menu{};
         GetWindowRect(kiro::drive::OpenMenu(), &menu);

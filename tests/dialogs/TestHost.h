@@ -115,8 +115,3 @@ struct ImportRecord {
     TARNAINFO info;
     DxfInParamBlock params;
 };
-
-inline std::string TextDxf(const std::string& version) {
-    return "  0\r\nSECTION\r\n  2\r\nHEADER\r\n  9\r\n$ACADVER\r\n  1\r\n" + version +
-           "\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n";
-}

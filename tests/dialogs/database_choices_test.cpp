@@ -88,9 +88,6 @@ class DatabaseChoices : public CommandHost {
         Expect(caption, kFaulty, MB_ICONWARNING, IDOK);
         ExpectState(dialog, IDOK, true, message, true);
     }
-    static bool IsMarkedAsError(const Grid& grid, int row) {
-        return grid.Pixel(row, 2, -6, 4) == RGB(0xFF, 0xE0, 0xE0);
-    }
 
     std::vector<char> bytes = std::vector<char>(sizeof(TARNAINFO) + kDrawings * sizeof(TarnaDrawing));
 };
@@ -288,9 +285,9 @@ TEST_F(DatabaseChoices, ModelNamesOfAllDrawingsAreChecked) {
                       ExpectState(dialog, IDOK, true, fault.message, true);
                       ExpectRefused(dialog, L"図面名選択", fault.message);
                       EXPECT_EQ((GridPlace{fault.marked[0], 2}), grid.Current());
-                      for (const int row : fault.marked) EXPECT_TRUE(IsMarkedAsError(grid, row)) << row;
+                      for (const int row : fault.marked) EXPECT_TRUE(IsMarked(grid, {row, 2})) << row;
                   }
-                  EXPECT_FALSE(IsMarkedAsError(grid, 0));
+                  EXPECT_FALSE(IsMarked(grid, {0, 2}));
                   EXPECT_EQ(before, bytes);
                   grid.Click(2, 2);
                   grid.Write(L"C");
@@ -322,11 +319,11 @@ TEST_F(DatabaseChoices, DrawingNamesOfMarkedModelsAreChecked) {
                   grid.Click(1, 0);
                   grid.Click(2, 0);
                   ExpectRefused(dialog, L"モデル名選択", L"図面名が重複しています。 : 2 - 3");
-                  EXPECT_TRUE(IsMarkedAsError(grid, 1) && IsMarkedAsError(grid, 2));
+                  EXPECT_TRUE(IsMarked(grid, {1, 2}) && IsMarked(grid, {2, 2}));
                   grid.Click(2, 0);
                   grid.Click(3, 0);
                   ExpectRefused(dialog, L"モデル名選択", L"図面名が長すぎます。 : 4");
-                  EXPECT_FALSE(IsMarkedAsError(grid, 2));
+                  EXPECT_FALSE(IsMarked(grid, {2, 2}));
                   grid.Click(0, 2);
                   grid.Write(L"NOT-MARKED");
                   grid.Click(3, 0);

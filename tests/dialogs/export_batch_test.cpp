@@ -87,6 +87,10 @@ TEST_F(Batch, RefusesNamesThatAreNoneOrTheSame) {
                         {1, L"temp256", L"ファイル名が重複しています。 2 - 3"},
                         {0, L"A\\B", L"無効なファイル名です。 1 : A\\B"},
                         {2, L"NUL", L"無効なファイル名です。 3 : NUL"}});
+        Change(grid, 1, kName, grid.Cell(0, kName));
+        Click(dialog, IDOK);
+        Answer(ReadBox(), IDOK);
+        EXPECT_TRUE(IsMarked(grid, {0, kName}) && IsMarked(grid, {1, kName}));
         Type(dialog, kCommonNameEdit, L"表");
         Write(L"DXF\\表007", "");
         Click(dialog, kCommonNameButton);

@@ -1,12 +1,9 @@
 // The export dialog and its parameters: what follows what, the refusals in their order, and what the host receives.
-#include "driver/GridDriver.h"
-#include "dxfout/KrDxfOutFiles.h"
 #include "dxfout/KrDxfOutParam.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirodxf.h"
 #include "resources/dxfout/KrDxfOut.ids.h"
 #include "resources/dxfout/KrDxfOutParam.ids.h"
-#include "resources/grid.ids.h"
 #include "tests/dialogs/CommandHost.h"
 
 using namespace kiro::drive;
@@ -243,23 +240,6 @@ TEST_F(Export, RefusesInOrder) {
     });
     record.params.outputVersion = before.params.outputVersion;
     EXPECT_TRUE(before == record);
-}
-
-TEST_F(Export, AFileNameOfTwoPicturesIsBadInBothRows) {
-    constexpr int kName = 4;
-    const LibraryResources resources;
-    KrDxfOutPicture list;
-    list.SetInfo(&record.info);
-    const auto user = [] {
-        const HWND dialog = Settle();
-        const Grid grid(dialog, kGrid);
-        Change(grid, 1, kName, grid.Cell(0, kName));
-        Click(dialog, IDOK);
-        Answer(ReadBox(), IDOK);
-        for (const int row : {0, 1}) EXPECT_EQ(RGB(0xFF, 0xE0, 0xE0), grid.Pixel(row, kName, 4, 4)) << row;
-        Click(dialog, IDCANCEL);
-    };
-    EXPECT_EQ(IDCANCEL, Drive([&] { return list.DoModal(owner); }, user));
 }
 
 // DXF may be written for GX-3; by a batch nothing.
