@@ -1,13 +1,6 @@
 // What the tests of both batches share: what the host is asked for, names that are refused, the questions of a run.
 #pragma once
 
-#include <functional>
-#include <initializer_list>
-#include <string>
-#include <string_view>
-#include <vector>
-
-#include "driver/GridDriver.h"
 #include "tests/dialogs/ImportHost.h"
 
 class BatchHost : public ImportHost {

@@ -1,12 +1,6 @@
 // What the tests of all commands with a file share: what a user does in their dialogs, the chooser and the boxes.
 #pragma once
 
-#include <functional>
-#include <initializer_list>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "driver/GridDriver.h"
 #include "tests/dialogs/TestHost.h"
 
@@ -22,6 +16,12 @@ class CommandHost : public TestHost {
         if (!open) return;
         EXPECT_EQ(dialog, open) << "something is left open";
         kiro::drive::Click(open, IDCANCEL);
+    }
+    // A dialog of the library, opened without the windows that a user comes through.
+    template <class Dialog>
+    INT_PTR Play(Dialog& dialog, const User& user) {
+        const LibraryResources resources;
+        return kiro::drive::Drive([&] { return dialog.DoModal(owner); }, [&] { Use(user); });
     }
     // Types the texts; clicks where there is none.
     static void Play(HWND dialog, std::initializer_list<std::pair<int, const wchar_t*>> steps) {

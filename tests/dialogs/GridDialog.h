@@ -9,15 +9,9 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <windows.h>
-
-#include <commctrl.h>
 
 #include <concepts>
-#include <functional>
 #include <source_location>
-#include <string>
-#include <vector>
 
 #include "driver/GridDriver.h"
 #include "entry/host/KrListControl.h"

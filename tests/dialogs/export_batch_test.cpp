@@ -32,10 +32,9 @@ class Batch : public BatchHost {
 
     template <class Dialog>
     INT_PTR Run(const User& user) {
-        const LibraryResources resources;
         Dialog dialog;
         dialog.SetInfo(&info);
-        const INT_PTR result = Drive([&] { return dialog.DoModal(owner); }, [&] { user(Settle()); });
+        const INT_PTR result = Play(dialog, user);
         if constexpr (requires { dialog.Summary(); }) summary = dialog.Summary();
         return result;
     }
@@ -75,7 +74,6 @@ TEST_F(Batch, OffersWhatThereIsAndKeepsTheMedium) {
         }
         Key(VK_RETURN);  // no button of "次へ" that could be pressed
         EXPECT_EQ(dialog, Settle());
-        Click(dialog, IDCANCEL);
     });
 }
 
@@ -99,7 +97,6 @@ TEST_F(Batch, RefusesNamesThatAreNoneOrTheSame) {
         EXPECT_EQ(kGrid, FocusId());
         Click(dialog, IDOK);
         Expect(kCaption, L"出力ピクチャが選択されていません。", MB_ICONWARNING, IDOK);
-        Click(dialog, IDCANCEL);
     });
     EXPECT_EQ(IDCANCEL, result);
     EXPECT_EQ("", summary);
@@ -108,8 +105,7 @@ TEST_F(Batch, RefusesNamesThatAreNoneOrTheSame) {
 
 // The demonstration's drawing in three pictures, written for real: but for the first one, which is not to be replaced.
 TEST_F(Batch, GoesThroughTheMarkedRowsAndAsksAfterAFailure) {
-    std::ifstream demo(KIRO_DEMO_DRAWING, std::ios::binary);
-    const auto drawing = Write(L"demo.dxf", {std::istreambuf_iterator<char>(demo), {}});
+    const auto drawing = Write(L"demo.dxf", BytesOf(KIRO_DEMO_DRAWING));
     KiroHostLoadModel(nullptr, nullptr, 0);
     record.params = {};
     setdxfinparam(&record.params);

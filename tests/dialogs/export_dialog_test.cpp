@@ -51,20 +51,13 @@ class Export : public CommandHost {
                      "windows": [0, 257, -1, 200]}, {"number": 120, "name": "平面図", "windows": [3, 12]}]})");
     }
     int Run(const User& user) {
-        return Drive([this] { return DxfOutputDlg(&record.info); }, [&] { user(Settle()); });
+        return Drive([this] { return DxfOutputDlg(&record.info); }, [&] { Use(user); });
     }
-    void Look(const User& user) {
-        const int result = Run([&](HWND dialog) {
-            user(dialog);
-            Click(dialog, IDCANCEL);
-        });
-        EXPECT_EQ(1, result);
-    }
+    void Look(const User& user) { EXPECT_EQ(1, Run(user)); }
     // The parameters, opened as the export opens them.
     INT_PTR Parameters(const User& user) {
-        const LibraryResources resources;
         KrDxfOutParam dialog(record.info, record.params);
-        return Drive([&] { return dialog.DoModal(owner); }, [&] { user(Settle()); });
+        return Play(dialog, user);
     }
     static std::wstring CheckedOf(HWND dialog, const std::vector<int>& radios) {
         std::wstring marks;  // "x" selected, "-" cannot be
@@ -304,7 +297,6 @@ TEST_F(Export, VersionLeadsCoordinatesAndCode) {
             EXPECT_NE(row.dwg == 1, IsEnabled(dialog, kGx3Radio));
             Click(dialog, row.clicked);
             EXPECT_EQ(row.after, CheckedOf(dialog, radios));
-            Click(dialog, IDCANCEL);
         });
         EXPECT_TRUE(before == record);
     }

@@ -5,9 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <fstream>
-#include <functional>
-#include <iterator>
 #include <map>
 #include <random>
 #include <set>

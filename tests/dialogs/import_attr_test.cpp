@@ -83,7 +83,6 @@ TEST_F(ImportAttributes, LayerChoiceDecidesWhatCanBeDoneAndCancelUndoesIt) {
                                    {kColorNewButton, true}});
         }
         for (const int id : {kColorTableRadio, kLayerNamesCheck, kKeepSettingsCheck}) Click(dialog, id);
-        Click(dialog, IDCANCEL);
     });
     EXPECT_TRUE(before == record);
     DxfInParamBlock kept{};
@@ -142,7 +141,6 @@ TEST_F(ImportAttributes, LeavingALabelEndsItsExplanation) {
         Until("an explanation", [&] { return !Popups(dialog).empty(); });
         MoveMouse(Centre(Control(dialog, kKeepSettingsCheck)));
         Until("no explanation", [&] { return Popups(dialog).empty(); });
-        Click(dialog, IDCANCEL);
     });
 }
 
@@ -188,7 +186,6 @@ TEST_F(ImportAttributes, NewLayerTablesReplaceNoFileUnasked) {
         Choose(dialog, kColorNewButton, (home / (L"dxfkiro_layer" + std::wstring(130, L'表'))).wstring());
         Expect(caption, L"ファイル名が長すぎます", MB_ICONWARNING, IDOK);
         ASSERT_EQ(dialog, Settle());
-        Click(dialog, IDCANCEL);
     });
 }
 
@@ -209,7 +206,6 @@ TEST_F(ImportAttributes, MissingLayerTablesCanBeMade) {
         Answer(ReadBox(), IDYES);
         ASSERT_EQ(dialog, Settle());
         EXPECT_TRUE(Has(kLayerFile, "LAYER-SWITCH 0"));
-        Click(dialog, IDCANCEL);
     });
 }
 
@@ -239,7 +235,6 @@ TEST_F(ImportAttributes, LayersAndColorsBecomeDifferentAttributes) {
         Play(dialog, [&](HWND hub) {
             expect(hub, revisions);
             ExpectEnabled(hub, {{kLayersToClassesRadio, !revisions}, {kLayersToRevisionsRadio, revisions}});
-            Click(hub, IDCANCEL);
         });
     }
 }
@@ -307,7 +302,6 @@ TEST_F(ImportAttributes, LineTableConvertsColorsOrWidths) {
         expect(hub, false, false, true);
         Click(hub, kColorsOffRadio);
         expect(hub, false, false, true);
-        Click(hub, IDCANCEL);  // without a question
     });
     EXPECT_EQ(both, Bytes(kLineFile));
     Open(kLineFile, [&](HWND hub) {
@@ -321,10 +315,7 @@ TEST_F(ImportAttributes, LineTableConvertsColorsOrWidths) {
         Click(hub, IDOK);
         Answer(ReadBox(), IDYES);
     });
-    Open(kLineFile, [&](HWND hub) {
-        expect(hub, false, false, false);
-        Click(hub, IDCANCEL);
-    });
+    Open(kLineFile, [&](HWND hub) { expect(hub, false, false, false); });
 }
 
 // From every button the dialog that it is for.
@@ -348,7 +339,6 @@ TEST_F(ImportAttributes, EveryTableIsOpenedByItsButtons) {
             opens(dialog, button, L"線種・線幅割当て");
         opens(dialog, kArrowChangeButton, L"矢印割当て");
         opens(dialog, kTextWidthChangeButton, L"文字フォント割当て");
-        Click(dialog, IDCANCEL);
     });
     drawing.clear();
     KrDxfInTable table;
@@ -362,6 +352,5 @@ TEST_F(ImportAttributes, EveryTableIsOpenedByItsButtons) {
         Choose(launcher, kNewLayerTableButton, kLayerFile);
         EXPECT_EQ(layers.wstring() + L"\n\nファイルが既に存在します。上書きしますか。", ReadBox().text);
         Answer(ReadBox(), IDNO);
-        Click(launcher, IDCANCEL);
     });
 }

@@ -1,12 +1,8 @@
 // The batch of the import: its settings, the list of drawings with their names, and the run.
-#include <algorithm>
-#include <iterator>
 
 #include "dxfin/KrDxfInAll.h"
 #include "dxfin/KrDxfInList.h"
 #include "entry/host/FixedText.h"
-#include "entry/host/kirobc.h"
-#include "entry/host/kiromdl.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
 #include "resources/dxfin/KrDxfInAll.ids.h"
 #include "resources/dxfin/KrDxfInList.ids.h"
@@ -39,10 +35,9 @@ class ImportBatch : public BatchHost {
     INT_PTR Open(const char* pattern, const User& user) {
         WriteFixedText(block.pattern, pattern);
         block.importParams = &record.params;
-        const LibraryResources resources;
         KrDxfInList list(block);
         EXPECT_EQ(DrawingSearch::Start::kFound, list.Search());
-        const INT_PTR result = Drive([&] { return list.DoModal(owner); }, [&] { user(Settle()); });
+        const INT_PTR result = Play(list, user);
         summary = list.Summary();
         return result;
     }
@@ -52,7 +47,6 @@ class ImportBatch : public BatchHost {
             const Grid grid(dialog, kGrid);
             Until("the versions are there", [&] { return grid.Cell(grid.Rows() - 1, kVersion) != L"…"; });
             user(dialog, grid);
-            if (Settle()) Click(dialog, IDCANCEL);
         });
     }
     static void Ended(HWND dialog) {
@@ -254,8 +248,7 @@ TEST_F(ImportBatch, GoesThroughTheMarkedDrawingsAndTellsWhyOnesFail) {
         EXPECT_EQ(L"9 件のうち 7 件を選択しています。", Text(dialog, kDrawingCount));
     });
     EXPECT_EQ(0u, summary.find("8 件中 1 件を変換しました。（失敗 7 件）"));
-    std::ifstream in(home / L"MODEL" / L"DXF_Batch.lis", std::ios::binary);
-    const std::string list{std::istreambuf_iterator<char>(in), {}};
+    const std::string list = BytesOf(home / L"MODEL" / L"DXF_Batch.lis");
     EXPECT_NE(std::string::npos, list.find("2 : 2.dxf -> 2.mdl : DXFファイルではありません。\r\n"));
     EXPECT_NE(std::string::npos, list.find("9 : 9.dxf -> 9.mdl : 変換しました\r\n"));
     EXPECT_EQ("setdxfintblnam ", calls.back());

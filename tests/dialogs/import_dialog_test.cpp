@@ -23,20 +23,17 @@ class Import : public ImportHost {
   protected:
     using Names = std::vector<std::wstring>;
 
-    // The user gets the open dialog and closes it.
     int Run(const User& user) {
-        return Drive([this] { return DxfInputDlg(&record.info); }, [&] { user(Settle()); });
+        return Drive([this] { return DxfInputDlg(&record.info); }, [&] { Use(user); });
     }
-    // The same, closed with this button at the end.
-    void RunTo(int button, const User& user) {
+    void Look(const User& user) { EXPECT_EQ(1, Run(user)); }
+    void Confirm(const User& user) {
         const int result = Run([&](HWND dialog) {
             user(dialog);
-            Click(dialog, button);
+            Click(dialog, IDOK);
         });
-        EXPECT_EQ(button == IDOK ? 0 : 1, result);
+        EXPECT_EQ(0, result);
     }
-    void Look(const User& user) { RunTo(IDCANCEL, user); }
-    void Confirm(const User& user) { RunTo(IDOK, user); }
     static void GiveName(HWND dialog, const std::wstring& name) {
         Focus(dialog, kFileNameEdit);
         Type(dialog, kFileNameEdit, name);

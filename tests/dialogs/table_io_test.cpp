@@ -1,11 +1,8 @@
 // The conversion tables' files as the editors read and write them: the error list, the boxes, and that no table is
 // lost.
-#include <functional>
-#include <memory>
 
 #include "dxfin_tables/KrDxfInTbl_IO.h"
 #include "dxfout_tables/KrDxfOutTbl_IO.h"
-#include "entry/host/ParamBlocks.h"
 #include "tables/FileBeside.h"
 #include "tables/FileReplace.h"
 #include "tests/dialogs/TestHost.h"
