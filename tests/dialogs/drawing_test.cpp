@@ -3,8 +3,6 @@
 
 #include "entry/host/FixedText.h"
 #include "entry/host/KrUtility.h"
-#include "entry/host/kirobc.h"
-#include "entry/host/kirocontrol.h"
 #include "entry/host/kirodxf.h"
 #include "tests/DrawingText.h"
 #include "tests/dialogs/TestHost.h"

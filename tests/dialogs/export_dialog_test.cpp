@@ -22,8 +22,7 @@ char* NameOf(DxfOutParamBlock& params, int index) {
     return reinterpret_cast<char*>(&params) + offsetof(DxfOutParamBlock, submodelBlock) + index * kNameSize;
 }
 
-// What the commands do not fill holds rubbish that must stay as it is.
-struct ExportRecord {
+struct ExportRecord : HostRecord<DxfOutParamBlock> {
     ExportRecord() {
         std::memset(&info, 0xA5, sizeof info);
         std::memset(&params, 0, sizeof params);
@@ -34,12 +33,6 @@ struct ExportRecord {
         params.curveDivision = 10;
         for (int i = 0; i < kNames; ++i) *NameOf(params, i) = static_cast<char>('A' + i);
     }
-    bool operator==(const ExportRecord& other) const {
-        return std::memcmp(&info, &other.info, sizeof info) == 0 &&
-               std::memcmp(&params, &other.params, sizeof params) == 0;
-    }
-    TARNAINFO info;
-    DxfOutParamBlock params;
 };
 
 class Export : public CommandHost {

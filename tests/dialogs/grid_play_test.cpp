@@ -282,16 +282,6 @@ class Player {
     std::vector<int> most_;
 };
 
-std::map<std::filesystem::path, std::string> FilesIn(const std::filesystem::path& folder) {
-    std::map<std::filesystem::path, std::string> files;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-        if (!entry.is_regular_file()) continue;
-        std::ifstream in(entry.path(), std::ios::binary);
-        files.emplace(entry.path(), std::string(std::istreambuf_iterator<char>(in), {}));
-    }
-    return files;
-}
-
 std::vector<std::vector<std::byte>> KeptBytes(const kiro::Opening& opening) {
     std::vector<std::vector<std::byte>> bytes;
     for (const auto& part : opening.kept) bytes.emplace_back(part.begin(), part.end());
@@ -300,7 +290,15 @@ std::vector<std::vector<std::byte>> KeptBytes(const kiro::Opening& opening) {
 
 }  // namespace
 
-class GridPlay : public TestHost, public testing::WithParamInterface<GridKind> {};
+class GridPlay : public TestHost, public testing::WithParamInterface<GridKind> {
+  protected:
+    std::map<std::filesystem::path, std::string> Tables() const {
+        std::map<std::filesystem::path, std::string> files;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(home / L"DXF" / L"TABLE"))
+            files.emplace(entry.path(), BytesOf(entry.path()));
+        return files;
+    }
+};
 
 TEST_P(GridPlay, WhateverIsDoneCanBeUndone) {
     kiro::MakeDemoHome(home);
@@ -310,7 +308,7 @@ TEST_P(GridPlay, WhateverIsDoneCanBeUndone) {
         SCOPED_TRACE("opening " + std::to_string(++seed));
         const kiro::Opening opening = kiro::FindDialog(kind.dialog)->prepare();
         const auto bytes = KeptBytes(opening);
-        const auto files = FilesIn(home / L"DXF" / L"TABLE");
+        const auto files = Tables();
         const kiro::Json model = kiro::HostModel();
         const INT_PTR result = Drive(opening.run, [&] {
             const HWND dialog = Settle();
@@ -331,7 +329,7 @@ TEST_P(GridPlay, WhateverIsDoneCanBeUndone) {
         });
         EXPECT_EQ(IDCANCEL, result);
         EXPECT_EQ(bytes, KeptBytes(opening));
-        EXPECT_EQ(files, FilesIn(home / L"DXF" / L"TABLE"));
+        EXPECT_EQ(files, Tables());
         EXPECT_EQ(model, kiro::HostModel());
     }
 }
