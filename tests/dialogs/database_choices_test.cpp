@@ -339,8 +339,7 @@ namespace {
 
 struct ParamFault {
     int edit;
-    const wchar_t* bad;
-    const wchar_t* good;
+    const wchar_t *bad, *good;
 };
 
 class DatabaseParameters : public DatabaseChoices {

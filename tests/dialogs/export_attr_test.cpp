@@ -13,9 +13,7 @@ namespace {
 using Block = DxfOutParamBlock;
 const struct {
     std::int32_t Block::*word;
-    int automatic;
-    int byTable;
-    int button;
+    int automatic, byTable, button;
 } kRows[] = {
     {&Block::layerConversion, kOutLayerAutoRadio, kOutLayerTableRadio, kOutLayerNewButton},
     {&Block::lineConversion, kOutLineAutoRadio, kOutLineTableRadio, kOutLineChangeButton},

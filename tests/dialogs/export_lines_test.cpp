@@ -146,8 +146,7 @@ TEST_F(ExportLines, PatternsAreChecked) {
     const struct {
         bool inPitches;
         GridPlace cell;
-        std::wstring text;
-        std::wstring message;
+        std::wstring text, message;
         GridPlace marked = cell;
     } entries[] = {{false, {5, 1}, L"A=b", L"線種名に空白と「,」「=」は使えません 6 : A=b"},
                    {false, {5, 1}, L"DOT", L"線種名が重複しています。 4 - 6", {3, 1}},

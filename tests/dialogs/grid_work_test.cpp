@@ -98,9 +98,7 @@ TEST(GridBlocks, AreReadAsSpreadsheetsWriteThem) {
 
 TEST(GridBlocks, NumbersGoOn) {
     const struct {
-        const char* first;
-        const char* second;
-        const char* fifth;
+        const char *first, *second, *fifth;
     } cases[] = {{"1", "2", "5"},          {"10", "8", "2"},        {"5", "3", "-3"},
                  {"-1", "-2", "-5"},       {"0.5", "0.75", "1.50"}, {"01", "02", "05"},
                  {"表08", "表09", "表12"}, {"3", "3", "3"},         {"L-1", "L-2", "L-5"}};

@@ -98,8 +98,7 @@ TEST_F(ImportBatch, GoesFromThePatternToTheModelsAndKeepsTheRecord) {
                   EXPECT_EQ(button == IDOK ? 1u : 0u, calls.size());
               }
               const struct {
-                  const wchar_t* pattern;
-                  const wchar_t* message;
+                  const wchar_t *pattern, *message;
               } kPatterns[] = {
                   {L"*.dwg", L"該当するファイルがありません。"},
                   {L"SUB", L"フォルダが指定されています。"},

@@ -9,8 +9,7 @@ namespace {
 
 // A text that is typed into a cell, and what "設定" says; null: nothing. The cell that is marked when it is another.
 struct Entry {
-    int row;
-    int column;
+    int row, column;
     const wchar_t* text;
     const wchar_t* message = nullptr;
     GridPlace marked = {};
@@ -365,10 +364,8 @@ TEST_F(ImportTables, WhatIsNotTouchedStays) {
 TEST_F(ImportTables, FullTablesTakeNoMore) {
     const struct {
         const Editor& editor;
-        int rows;
-        int given;
-        const char* before;
-        const char* behind;
+        int rows, given;
+        const char *before, *behind;
     } cases[] = {{kClasses, 2048, 2047, "LAYER L", " = 1\n"},
                  {kRevisions, 2048, 2047, "LAYER-REVISION L", " = 1\n"},
                  {kLineTypes, 256, 256, "LINE-TYPE T", " = 1,1\n"},
