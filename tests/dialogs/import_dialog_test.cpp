@@ -90,7 +90,6 @@ TEST_F(Import, LeadsThroughAllWindows) {
         EXPECT_EQ(hub, Settle());
         Click(hub, IDOK);
         Expect(L"レイヤ割当て・色割当て", kSaveQuestion, MB_ICONQUESTION, IDYES);
-        EXPECT_EQ(attributes, Settle());
         Click(attributes, IDOK);
         EXPECT_EQ(dialog, Settle());
         GiveDrawing(dialog);

@@ -486,11 +486,14 @@ TEST(Convert, BadInputIsRefused) {
         int result;
     } cases[] = {
         {"", kDxfNoDrawing},
+        {"hello\nworld\n", kDxfNoDrawing},
         {"AC1015\1\2\3", kDxfDwgDrawing},
+        {good.substr(0, good.size() - 4), kDxfCutOff},
         {good.substr(0, good.find("CIRCLE")), kDxfCutOff},
         {binary.substr(0, binary.size() / 2), kDxfCutOff},
         {wrong, kDxfCutOff},
         {Section("ENTITIES", "0 LINE/x 1"), kDxfBadPair},
+        {Section("ENTITIES", "0 LINE/2147483647 1"), kDxfBadPair},
         {Section("ENTITIES", "0 LINE/-3 1"), kDxfBadPair},
         {Section("ENTITIES", "0 SECTION"), kDxfBroken},
         {Pairs("0 LINE/8 0"), kDxfNoDrawing},
