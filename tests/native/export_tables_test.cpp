@@ -16,8 +16,7 @@ TEST(ExportLayers, Records) {
     const auto t = ReadLines<Layers>({
         {"PICTURE_OFF -257;PICTURE_OFF 257;CLASS_CONTROL ITEM;LAYER_CONTROL CLASSES"},
         {"PICTURE_OFF 258;PICTURE_OFF -258;PICTURE_OFF 99999999999", kBadClass},
-        {"PICTURE 1 = 表 ソ|/\t能;PICTURE 257=A=B, C;CLASS 257 = C;REVISION 257 = R;PICTURE 2x=P;CLASS 3 =;PICTURE "
-         "0x5=A"},
+        {"PICTURE 1 = 表 ソ|/\t能;PICTURE 257=A=B, C;CLASS 257 = C;REVISION 257 = R;PICTURE 2x=P;CLASS 3 =;PICTURE 0x5=A"},
         {"PICTURE 1;PICTURE ", Form("    PICTURE  picture# = layer_name")},
         {"PICTURE 258 = A;PICTURE -1 = A;PICTURE 2147483648 = A", Error("無効なピクチャ番号です (0-257)")},
         {"CLASS 1", Form("    CLASS  class# = layer_name")},
