@@ -1,13 +1,6 @@
 // What the tests of both batches share: what the host is asked for, names that are refused, the questions of a run.
 #pragma once
 
-#include <functional>
-#include <initializer_list>
-#include <string>
-#include <string_view>
-#include <vector>
-
-#include "driver/GridDriver.h"
 #include "tests/dialogs/ImportHost.h"
 
 class BatchHost : public ImportHost {
@@ -18,9 +11,6 @@ class BatchHost : public ImportHost {
     }
     ~BatchHost() override { KiroHostObserveCalls(nullptr, nullptr); }
 
-    void UseModel(const char8_t* json) const {
-        ASSERT_EQ(0, KiroHostLoadModel(Write(L"model.json", reinterpret_cast<const char*>(json)).c_str(), nullptr, 0));
-    }
     // The run goes on while the user looks.
     static HWND Asked(HWND dialog) {
         kiro::drive::Until("a question of the run", [&] { return kiro::drive::Settle() != dialog; });

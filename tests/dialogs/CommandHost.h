@@ -1,15 +1,8 @@
 // What the tests of all commands with a file share: what a user does in their dialogs, the chooser and the boxes.
 #pragma once
 
-#include <functional>
-#include <initializer_list>
-#include <string>
-#include <utility>
-#include <vector>
-
+#include "driver/GridDriver.h"
 #include "tests/dialogs/TestHost.h"
-
-inline constexpr int kChooserName = 0x47C;  // the system chooser's file-name combo
 
 class CommandHost : public TestHost {
   protected:
@@ -24,6 +17,12 @@ class CommandHost : public TestHost {
         EXPECT_EQ(dialog, open) << "something is left open";
         kiro::drive::Click(open, IDCANCEL);
     }
+    // A dialog of the library, opened without the windows that a user comes through.
+    template <class Dialog>
+    INT_PTR Play(Dialog& dialog, const User& user) {
+        const LibraryResources resources;
+        return kiro::drive::Drive([&] { return dialog.DoModal(owner); }, [&] { Use(user); });
+    }
     // Types the texts; clicks where there is none.
     static void Play(HWND dialog, std::initializer_list<std::pair<int, const wchar_t*>> steps) {
         for (const auto& [id, text] : steps)
@@ -34,7 +33,7 @@ class CommandHost : public TestHost {
         using namespace kiro::drive;
         Click(dialog, button);
         const HWND chooser = Settle();
-        SendMessageW(Control(chooser, kChooserName), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
+        SendMessageW(Control(chooser, kChooserField), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
         Click(chooser, IDOK);
     }
     static void Expect(const std::wstring& caption, const std::wstring& text, UINT icon, int answer) {
@@ -60,6 +59,9 @@ class CommandHost : public TestHost {
         Answer(box, IDOK);
         EXPECT_EQ(dialog, Settle()) << "closed after a refusal";
         EXPECT_EQ(focus, FocusId());
+    }
+    static bool IsMarked(const kiro::drive::Grid& grid, kiro::drive::GridPlace cell) {
+        return grid.Pixel(cell.row, cell.column, 4, 4) == RGB(0xFF, 0xE0, 0xE0);
     }
     // Where a control or a popup is, in the dialog.
     static RECT Area(HWND dialog, HWND window) {

@@ -1,12 +1,8 @@
 // A host with drawings of both databases: in files, on a floppy and on a drive, and with models.
 #pragma once
 
-#include <memory>
-#include <string>
-
 #include "Calls.h"
 #include "catalogue/PelionDrive.h"
-#include "driver/GridDriver.h"
 #include "resources/grid.ids.h"
 #include "resources/peliondb/KrPlInDrive.ids.h"
 #include "tests/dialogs/CommandHost.h"

@@ -9,15 +9,9 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <windows.h>
-
-#include <commctrl.h>
 
 #include <concepts>
-#include <functional>
 #include <source_location>
-#include <string>
-#include <vector>
 
 #include "driver/GridDriver.h"
 #include "entry/host/KrListControl.h"
@@ -87,6 +81,12 @@ class Grids : public testing::Test {
         void Ui(const std::function<void()>& work, const std::wstring& expected,
                 std::source_location at = std::source_location::current()) const {
             (*this)([&] { test_.OnUi(work); }, expected, at);
+        }
+        void Hover(int row, int column) const {
+            const RECT cell = Area(row, column);
+            POINT point{cell.left + 10, (cell.top + cell.bottom) / 2};
+            ClientToScreen(List(), &point);
+            MoveMouse(point);
         }
 
       private:

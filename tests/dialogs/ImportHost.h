@@ -1,11 +1,6 @@
 // What all tests of an import share: its record and the tables' files.
 #pragma once
 
-#include <filesystem>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "tests/dialogs/CommandHost.h"
 
 inline constexpr wchar_t kTables[] = L"DXF\\TABLE\\";

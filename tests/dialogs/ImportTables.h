@@ -2,14 +2,6 @@
 // Each is opened as the library opens it, without the windows that a user comes through.
 #pragma once
 
-#include <functional>
-#include <iterator>
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
-
-#include "driver/GridDriver.h"
 #include "dxfin/KrDxfInAttr.h"
 #include "dxfin_tables/KrDxfInTbl_Arrow.h"
 #include "dxfin_tables/KrDxfInTbl_Layer.h"
@@ -67,12 +59,13 @@ class ImportTables : public ImportHost {
         std::filesystem::create_directories(TableFile(name));
     }
 
-    // ---- Opening. The user gets the open dialog and closes it. ----
+    // ---- Opening ----
 
+    // One that knows the drawing.
     template <class Dialog>
-    INT_PTR Play(Dialog& dialog, const std::function<void(HWND dialog)>& user) {
-        const LibraryResources resources;
-        return kiro::drive::Drive([&] { return dialog.DoModal(owner); }, [&] { user(kiro::drive::Settle()); });
+    INT_PTR PlayNew(const std::function<void(HWND dialog)>& user) {
+        Dialog dialog(drawing);
+        return Play(dialog, user);
     }
     void Attributes(const std::function<void(HWND dialog)>& user) {
         KrDxfInAttr dialog(record.params, drawing);
@@ -80,24 +73,15 @@ class ImportTables : public ImportHost {
     }
     // The dialog that owns the file.
     INT_PTR Open(const std::wstring& file, const std::function<void(HWND dialog)>& user) {
-        if (file == kLineFile) {
-            KrDxfInTbl_Line dialog(drawing);
-            return Play(dialog, user);
-        }
-        if (file == kFontFile) {
-            KrDxfInTbl_TFont dialog(drawing);
-            return Play(dialog, user);
-        }
-        if (file == kArrowFile) {
-            KrDxfInTbl_Arrow dialog(drawing);
-            return Play(dialog, user);
-        }
+        if (file == kLineFile) return PlayNew<KrDxfInTbl_Line>(user);
+        if (file == kFontFile) return PlayNew<KrDxfInTbl_TFont>(user);
+        if (file == kArrowFile) return PlayNew<KrDxfInTbl_Arrow>(user);
         const auto table = std::make_unique<DxfInLayerTable>();
         WriteFixedText(table->fileName, "DXFKIRO_LAYER");
         KrDxfInTbl_Layer dialog(*table, 1, 0, drawing);
         return Play(dialog, user);
     }
-    // An editor; afterwards the table is saved or not.
+    // An editor, which is cancelled when the user has left it open; afterwards the table is saved or not.
     void Edit(const Editor& editor, bool save, const std::function<void(HWND dialog, const kiro::drive::Grid&)>& user) {
         using namespace kiro::drive;
         Open(editor.file, [&](HWND hub) {
@@ -105,8 +89,9 @@ class ImportTables : public ImportHost {
             if (editor.edit) Click(hub, editor.edit);
             const HWND dialog = Settle();
             user(dialog, Grid(dialog, kGrid));
-            ASSERT_EQ(editor.edit ? hub : nullptr, Settle()) << "the editor is still open";
             if (!editor.edit) return;
+            if (Settle() == dialog) Click(dialog, IDCANCEL);
+            ASSERT_EQ(hub, Settle()) << "the editor is still open";
             Click(hub, save ? IDOK : IDCANCEL);
             // Whether to save, and whether to overwrite what another program has written meanwhile.
             while (Settle()) Answer(ReadBox(), save ? IDYES : IDNO);
@@ -120,24 +105,22 @@ class ImportTables : public ImportHost {
         EXPECT_TRUE(kiro::drive::IsGuidanceError(dialog)) << testing::PrintToString(message);
     }
     // "設定" must be refused with the box, and lead to the cell with the message.
-    static void ExpectRefusal(const Editor& editor, HWND dialog, kiro::drive::GridPlace cell,
-                              const std::wstring& message) {
+    static void ExpectRefusal(const wchar_t* caption, HWND dialog, const kiro::drive::Grid& grid,
+                              kiro::drive::GridPlace cell, const std::wstring& message) {
         using namespace kiro::drive;
         Click(dialog, IDOK);
-        Expect(editor.caption, L"設定内容に誤りがあります。", MB_ICONERROR, IDOK);
+        Expect(caption, L"設定内容に誤りがあります。", MB_ICONERROR, IDOK);
         ASSERT_EQ(dialog, Settle()) << "closed with " << testing::PrintToString(message);
-        EXPECT_EQ(cell, Grid(dialog, kGrid).Current());
-        EXPECT_EQ(kGrid, FocusId());
+        EXPECT_EQ(cell, grid.Current());
+        EXPECT_EQ(grid.List(), FocusWindow());
+        EXPECT_TRUE(IsMarked(grid, cell)) << testing::PrintToString(message);
         ExpectError(dialog, message);
     }
-    static bool IsMarked(const kiro::drive::Grid& grid, kiro::drive::GridPlace cell) {
-        return grid.Pixel(cell.row, cell.column, 4, 4) == RGB(0xFF, 0xE0, 0xE0);
+    static void ExpectRefusal(const Editor& editor, HWND dialog, kiro::drive::GridPlace cell,
+                              const std::wstring& message) {
+        ExpectRefusal(editor.caption, dialog, kiro::drive::Grid(dialog, kGrid), cell, message);
     }
-    static bool IsMenuOpen() {
-        GUITHREADINFO state{};
-        state.cbSize = sizeof state;
-        return GetGUIThreadInfo(kiro::drive::UiThread(), &state) && (state.flags & GUI_INMENUMODE);
-    }
+    static bool IsMenuOpen() { return (kiro::drive::GuiState().flags & GUI_INMENUMODE) != 0; }
     static POINT MenuPlace(const kiro::drive::Grid& grid) {  // of the open menu, in the list view
         RECT menu{};
         GetWindowRect(kiro::drive::OpenMenu(), &menu);
@@ -149,6 +132,15 @@ class ImportTables : public ImportHost {
     static void Command(RowCommand command) {
         kiro::drive::Key(VK_APPS);
         kiro::drive::PickMenu(command);
+        EXPECT_EQ(kGrid, kiro::drive::FocusId());
+    }
+    // Which keys F1 lists: those for rows, and those for names.
+    static void ExpectKeysListed(bool rows, bool names) {
+        kiro::drive::Key(VK_F1);
+        const kiro::drive::Box box = kiro::drive::ReadBox();
+        EXPECT_EQ(rows, box.text.find(L"Ins") != std::wstring::npos);
+        for (const wchar_t* key : {L"Ctrl+Shift+V", L"F8"}) EXPECT_EQ(names, box.text.find(key) != std::wstring::npos);
+        kiro::drive::Answer(box, IDOK);
         EXPECT_EQ(kGrid, kiro::drive::FocusId());
     }
     static Cells Row(const kiro::drive::Grid& grid, int row) {

@@ -99,7 +99,16 @@ class LibraryResources {
 };
 
 // A record as a host may hand it over: what the commands do not fill holds rubbish that must stay as it is.
-struct ImportRecord {
+template <class Params>
+struct HostRecord {
+    bool operator==(const HostRecord& other) const {
+        return std::memcmp(&info, &other.info, sizeof info) == 0 &&
+               std::memcmp(&params, &other.params, sizeof params) == 0;
+    }
+    TARNAINFO info;
+    Params params;
+};
+struct ImportRecord : HostRecord<DxfInParamBlock> {
     ImportRecord() {
         std::memset(&info, 0xA5, sizeof info);
         std::memset(&params, 0x5A, sizeof params);
@@ -108,15 +117,4 @@ struct ImportRecord {
         std::memset(info.input.layerTableFileName, 0, sizeof info.input.layerTableFileName);
         info.input.importParams = &params;
     }
-    bool operator==(const ImportRecord& other) const {
-        return std::memcmp(&info, &other.info, sizeof info) == 0 &&
-               std::memcmp(&params, &other.params, sizeof params) == 0;
-    }
-    TARNAINFO info;
-    DxfInParamBlock params;
 };
-
-inline std::string TextDxf(const std::string& version) {
-    return "  0\r\nSECTION\r\n  2\r\nHEADER\r\n  9\r\n$ACADVER\r\n  1\r\n" + version +
-           "\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n";
-}

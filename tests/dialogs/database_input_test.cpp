@@ -19,8 +19,7 @@ TEST_F(DatabaseInput, GoesFromEachSourceToItsDrawings) {
     constexpr const wchar_t* kOnDrive[] = {L"KAN1/ACCESS/", L"KAN1/SUZUKI/PIPE-1"};
     const kiro::PelionDrive drive(kOnDrive);
     const struct {
-        int plw;
-        int source;
+        int plw, source;
         const char8_t* place;  // "" when none is chosen
         const char8_t* drawings;
     } ways[] = {

@@ -220,13 +220,9 @@ TEST_F(DatabaseOutput, NamesThatAreThereAlready) {
     Write(L"TARNA\\DOS\\no.dos", "KIRO VAROS 1\n");
     constexpr wchar_t kAsked[] = L"図面名が重複しています。\n上書きしますか。";
     const struct {
-        int destination;
-        int source;
-        const wchar_t* file;
-        const wchar_t* name;
-        const wchar_t* told;
-        int answer;
-        int returned;
+        int destination, source;
+        const wchar_t *file, *name, *told;
+        int answer, returned;
     } kCases[] = {
         {kPlOutFileRadio, 0, L"図ソ.dos", L"abc-1", kRepeated, IDOK, 1},
         {kPlOutFileRadio, 0, L"no.dos", L"A", L"ＤＯＳファイルではありません。", IDOK, 1},
@@ -268,8 +264,7 @@ TEST_F(DatabaseOutput, BrowsesForDriveGroupAndUser) {
     constexpr const wchar_t* kOnDrive[] = {L"設計/山田/"};
     const kiro::PelionDrive drive(kOnDrive);
     const struct {
-        int destination;
-        int button;
+        int destination, button;
         std::vector<int> lists;  // what is before them is known
         const wchar_t* user;
     } kWays[] = {

@@ -32,10 +32,9 @@ class Batch : public BatchHost {
 
     template <class Dialog>
     INT_PTR Run(const User& user) {
-        const LibraryResources resources;
         Dialog dialog;
         dialog.SetInfo(&info);
-        const INT_PTR result = Drive([&] { return dialog.DoModal(owner); }, [&] { user(Settle()); });
+        const INT_PTR result = Play(dialog, user);
         if constexpr (requires { dialog.Summary(); }) summary = dialog.Summary();
         return result;
     }
@@ -75,7 +74,6 @@ TEST_F(Batch, OffersWhatThereIsAndKeepsTheMedium) {
         }
         Key(VK_RETURN);  // no button of "次へ" that could be pressed
         EXPECT_EQ(dialog, Settle());
-        Click(dialog, IDCANCEL);
     });
 }
 
@@ -87,6 +85,10 @@ TEST_F(Batch, RefusesNamesThatAreNoneOrTheSame) {
                         {1, L"temp256", L"ファイル名が重複しています。 2 - 3"},
                         {0, L"A\\B", L"無効なファイル名です。 1 : A\\B"},
                         {2, L"NUL", L"無効なファイル名です。 3 : NUL"}});
+        Change(grid, 1, kName, grid.Cell(0, kName));
+        Click(dialog, IDOK);
+        Answer(ReadBox(), IDOK);
+        EXPECT_TRUE(IsMarked(grid, {0, kName}) && IsMarked(grid, {1, kName}));
         Type(dialog, kCommonNameEdit, L"表");
         Write(L"DXF\\表007", "");
         Click(dialog, kCommonNameButton);
@@ -95,7 +97,6 @@ TEST_F(Batch, RefusesNamesThatAreNoneOrTheSame) {
         EXPECT_EQ(kGrid, FocusId());
         Click(dialog, IDOK);
         Expect(kCaption, L"出力ピクチャが選択されていません。", MB_ICONWARNING, IDOK);
-        Click(dialog, IDCANCEL);
     });
     EXPECT_EQ(IDCANCEL, result);
     EXPECT_EQ("", summary);
@@ -104,8 +105,7 @@ TEST_F(Batch, RefusesNamesThatAreNoneOrTheSame) {
 
 // The demonstration's drawing in three pictures, written for real: but for the first one, which is not to be replaced.
 TEST_F(Batch, GoesThroughTheMarkedRowsAndAsksAfterAFailure) {
-    std::ifstream demo(KIRO_DEMO_DRAWING, std::ios::binary);
-    const auto drawing = Write(L"demo.dxf", {std::istreambuf_iterator<char>(demo), {}});
+    const auto drawing = Write(L"demo.dxf", BytesOf(KIRO_DEMO_DRAWING));
     KiroHostLoadModel(nullptr, nullptr, 0);
     record.params = {};
     setdxfinparam(&record.params);

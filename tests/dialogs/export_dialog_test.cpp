@@ -1,12 +1,9 @@
 // The export dialog and its parameters: what follows what, the refusals in their order, and what the host receives.
-#include "driver/GridDriver.h"
-#include "dxfout/KrDxfOutFiles.h"
 #include "dxfout/KrDxfOutParam.h"
 #include "entry/host/FixedText.h"
 #include "entry/host/kirodxf.h"
 #include "resources/dxfout/KrDxfOut.ids.h"
 #include "resources/dxfout/KrDxfOutParam.ids.h"
-#include "resources/grid.ids.h"
 #include "tests/dialogs/CommandHost.h"
 
 using namespace kiro::drive;
@@ -25,8 +22,7 @@ char* NameOf(DxfOutParamBlock& params, int index) {
     return reinterpret_cast<char*>(&params) + offsetof(DxfOutParamBlock, submodelBlock) + index * kNameSize;
 }
 
-// What the commands do not fill holds rubbish that must stay as it is.
-struct ExportRecord {
+struct ExportRecord : HostRecord<DxfOutParamBlock> {
     ExportRecord() {
         std::memset(&info, 0xA5, sizeof info);
         std::memset(&params, 0, sizeof params);
@@ -37,12 +33,6 @@ struct ExportRecord {
         params.curveDivision = 10;
         for (int i = 0; i < kNames; ++i) *NameOf(params, i) = static_cast<char>('A' + i);
     }
-    bool operator==(const ExportRecord& other) const {
-        return std::memcmp(&info, &other.info, sizeof info) == 0 &&
-               std::memcmp(&params, &other.params, sizeof params) == 0;
-    }
-    TARNAINFO info;
-    DxfOutParamBlock params;
 };
 
 class Export : public CommandHost {
@@ -54,20 +44,13 @@ class Export : public CommandHost {
                      "windows": [0, 257, -1, 200]}, {"number": 120, "name": "平面図", "windows": [3, 12]}]})");
     }
     int Run(const User& user) {
-        return Drive([this] { return DxfOutputDlg(&record.info); }, [&] { user(Settle()); });
+        return Drive([this] { return DxfOutputDlg(&record.info); }, [&] { Use(user); });
     }
-    void Look(const User& user) {
-        const int result = Run([&](HWND dialog) {
-            user(dialog);
-            Click(dialog, IDCANCEL);
-        });
-        EXPECT_EQ(1, result);
-    }
+    void Look(const User& user) { EXPECT_EQ(1, Run(user)); }
     // The parameters, opened as the export opens them.
     INT_PTR Parameters(const User& user) {
-        const LibraryResources resources;
         KrDxfOutParam dialog(record.info, record.params);
-        return Drive([&] { return dialog.DoModal(owner); }, [&] { user(Settle()); });
+        return Play(dialog, user);
     }
     static std::wstring CheckedOf(HWND dialog, const std::vector<int>& radios) {
         std::wstring marks;  // "x" selected, "-" cannot be
@@ -245,23 +228,6 @@ TEST_F(Export, RefusesInOrder) {
     EXPECT_TRUE(before == record);
 }
 
-TEST_F(Export, AFileNameOfTwoPicturesIsBadInBothRows) {
-    constexpr int kName = 4;
-    const LibraryResources resources;
-    KrDxfOutPicture list;
-    list.SetInfo(&record.info);
-    const auto user = [] {
-        const HWND dialog = Settle();
-        const Grid grid(dialog, kGrid);
-        Change(grid, 1, kName, grid.Cell(0, kName));
-        Click(dialog, IDOK);
-        Answer(ReadBox(), IDOK);
-        for (const int row : {0, 1}) EXPECT_EQ(RGB(0xFF, 0xE0, 0xE0), grid.Pixel(row, kName, 4, 4)) << row;
-        Click(dialog, IDCANCEL);
-    };
-    EXPECT_EQ(IDCANCEL, Drive([&] { return list.DoModal(owner); }, user));
-}
-
 // DXF may be written for GX-3; by a batch nothing.
 TEST_F(Export, RecordIsWrittenBeforeTheModelIsChecked) {
     UseModel(
@@ -324,7 +290,6 @@ TEST_F(Export, VersionLeadsCoordinatesAndCode) {
             EXPECT_NE(row.dwg == 1, IsEnabled(dialog, kGx3Radio));
             Click(dialog, row.clicked);
             EXPECT_EQ(row.after, CheckedOf(dialog, radios));
-            Click(dialog, IDCANCEL);
         });
         EXPECT_TRUE(before == record);
     }

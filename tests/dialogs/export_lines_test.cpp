@@ -41,14 +41,6 @@ class ExportLines : public ImportTables {
         parent.GetTable(table.get());
     }
     void EditPatterns(const User& user) { Edit<KrDxfOutTbl_LStyle2, KrDxfOutTbl_LStyle>(user); }
-    void ExpectRefused(const wchar_t* caption, const Grid& grid, GridPlace cell, const std::wstring& message) {
-        Click(dialog, IDOK);
-        Expect(caption, L"設定内容に誤りがあります。", MB_ICONERROR, IDOK);
-        ASSERT_EQ(dialog, Settle()) << testing::PrintToString(message);
-        EXPECT_EQ(cell, grid.Current());
-        EXPECT_TRUE(grid.List() == FocusWindow() && IsMarked(grid, cell));
-        ExpectError(dialog, message);
-    }
     std::string Pitches(int i) const { return table->patterns[i].patternName + DxfOutPitchText(table->patterns[i]); }
 
     std::unique_ptr<DxfOutLineTable> table = std::make_unique<DxfOutLineTable>();
@@ -88,12 +80,12 @@ TEST_F(ExportLines, LineTypesAndWeightsAreCheckedInOnePass) {
         fonts.Click(1, 1);
         ExpectError(dialog, L"無効な色番号です  2");
         EXPECT_TRUE(IsMarked(fonts, {2, 1}) && IsMarked(weights, {1, 1}));
-        ExpectRefused(L"線幅の割当て", fonts, {2, 1}, L"線種名が入力されていません");
+        ExpectRefusal(L"線幅の割当て", dialog, fonts, {2, 1}, L"線種名が入力されていません");
         fonts.Choose(0);
         Change(weights, 1, 1, L"255");
-        ExpectRefused(L"線幅の割当て", weights, {15, 1}, L"無効な色番号です  16");
+        ExpectRefusal(L"線幅の割当て", dialog, weights, {15, 1}, L"無効な色番号です  16");
         weights.Write(L"0");
-        ExpectRefused(L"線幅の割当て", weights, {15, 2}, L"無効な線幅です  16");
+        ExpectRefusal(L"線幅の割当て", dialog, weights, {15, 2}, L"無効な線幅です  16");
         weights.Write(L"999");
         Click(dialog, IDOK);
     });
@@ -154,8 +146,7 @@ TEST_F(ExportLines, PatternsAreChecked) {
     const struct {
         bool inPitches;
         GridPlace cell;
-        std::wstring text;
-        std::wstring message;
+        std::wstring text, message;
         GridPlace marked = cell;
     } entries[] = {{false, {5, 1}, L"A=b", L"線種名に空白と「,」「=」は使えません 6 : A=b"},
                    {false, {5, 1}, L"DOT", L"線種名が重複しています。 4 - 6", {3, 1}},
@@ -168,16 +159,15 @@ TEST_F(ExportLines, PatternsAreChecked) {
                    {true, {1, 2}, L"1", L"無効な空白ピッチです。 1", {0, 2}},
                    {true, {0, 2}, L"999", L"描画ピッチが入力されていません。 2", {1, 1}}};
     EditPatterns([&](const Grid& patterns, const Grid& pitches) {
-        ExpectRefused(kCustomizing, patterns, {5, 1},
+        ExpectRefusal(kCustomizing, dialog, patterns, {5, 1},
                       L"線種名が長すぎます（半角66文字以内） 6 : " + std::wstring(67, L'x'));
         for (const auto& entry : entries) {
             Change(entry.cell.row == 5 ? patterns : pitches, entry.cell.row, entry.cell.column, entry.text);
-            ExpectRefused(kCustomizing, entry.inPitches ? pitches : patterns, entry.marked, entry.message);
+            ExpectRefusal(kCustomizing, dialog, entry.inPitches ? pitches : patterns, entry.marked, entry.message);
         }
         for (int i = 0; i < 16; ++i) Change(pitches, i / 2, 1 + i % 2, L"123.45");
-        ExpectRefused(kCustomizing, patterns, {5, 1},
+        ExpectRefusal(kCustomizing, dialog, patterns, {5, 1},
                       L"描画長さと空白長さの桁数が多すぎて、ファイルに書けません 6 : 能");
-        Click(dialog, IDCANCEL);
     });
 }
 
@@ -198,7 +188,7 @@ TEST_F(ExportLines, PitchesBelongToTheirPattern) {
         patterns.Click(4, 0);
         EXPECT_EQ((Cells{L"1", L"9", L"1"}), Row(pairs, 0));
         ExpectError(dialog, L"空白ピッチが入力されていません。 2 : DASHED");
-        ExpectRefused(kCustomizing, pairs, {1, 2}, L"空白ピッチが入力されていません。 2");
+        ExpectRefusal(kCustomizing, dialog, pairs, {1, 2}, L"空白ピッチが入力されていません。 2");
         pairs.Write(L"0.5");
         patterns.Click(4, 0);
         EXPECT_FALSE(IsGuidanceError(dialog));
@@ -235,7 +225,7 @@ TEST_F(ExportLines, LineWidthsAreThoseOfDxf) {
         table->lineWidth[16] = hundredths;
         Edit<KrDxfOutTbl_LWidth>([&, good = standard](const Grid& grid, const Grid&) {
             if (!good) {
-                ExpectRefused(L"線幅の割当て", grid, {15, 1}, L"無効な線幅です  16");
+                ExpectRefusal(L"線幅の割当て", dialog, grid, {15, 1}, L"無効な線幅です  16");
                 grid.Choose(9);
             }
             Click(dialog, IDOK);

@@ -5,9 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <fstream>
-#include <functional>
-#include <iterator>
 #include <map>
 #include <random>
 #include <set>
@@ -193,69 +190,36 @@ class Player {
     }
 
     void Act(unsigned kind) {
-        constexpr std::array<const wchar_t*, 13> kTexts = {
-            L"1",
-            L"２",
-            L"300",
-            L"壁",
-            L"a\tb\tc",
-            L"\t7\n\t8\n",
-            L"x\r\ny\r\nz",
-            L"=",
-            L"\x00E9",
-            L"0.5\t3\n1.5\t4",
-            L"999999",
-            L"壁",
-            L"1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n11\n12\n13\n14\n15\n16\n17\n18\n"};
-        switch (kind) {
-            case 0:
-            case 1:
-            case 2:
-                return Key(Pick({VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT, VK_HOME, VK_END, VK_RETURN, VK_RETURN, VK_TAB,
-                                 VK_INSERT, VK_INSERT, VK_DELETE, VK_F2, VK_F3, VK_F4, VK_PRIOR, VK_NEXT}));
-            case 3:
-                return KeyHolding(VK_SHIFT,
-                                  Pick({VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT, VK_NEXT, VK_INSERT, VK_TAB, VK_F3}));
-            case 4:
-                return KeyHolding({VK_CONTROL, VK_SHIFT}, Pick({'V', 'Z', 'L', VK_HOME, VK_END}));
-            case 5:
-            case 6:
-            case 7:
-                return KeyHolding(VK_CONTROL, Pick({'V', 'V', 'D', 'R', 'Z', 'Z', 'Z', 'Y', 'A', 'C', 'F', VK_HOME,
-                                                    VK_END, VK_INSERT}));
-            case 8:
-                return PutOnClipboard(Pick(kTexts));
-            case 9:
-            case 10:
-                return Point();
-            case 11:
-            case 12:
-                PostMessageW(FocusWindow(), WM_CHAR, Pick(kTexts)[0], 1);
-                return;
-            case 13:  // marks the row, where there are marks
-                PostMessageW(FocusWindow(), WM_CHAR, L' ', 1);
-                return;
-            case 14:
-                return UseMenu();
-            default:
-                return PressButton();
-        }
+        constexpr wchar_t kManyRows[] = L"1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n11\n12\n13\n14\n15\n16\n17\n18\n";
+        const std::array<const wchar_t*, 13> kTexts = {
+            L"1",          L"２",          L"300",   L"壁",     L"a\tb\tc",
+            L"\t7\n\t8\n", L"x\r\ny\r\nz", L"=",     L"\x00E9", L"0.5\t3\n1.5\t4",
+            L"999999",     L"壁",          kManyRows};
+        if (kind < 3)  // what is done often has several numbers
+            return Key(Pick({VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT, VK_HOME, VK_END, VK_RETURN, VK_RETURN, VK_TAB,
+                             VK_INSERT, VK_INSERT, VK_DELETE, VK_F2, VK_F3, VK_F4, VK_PRIOR, VK_NEXT}));
+        if (kind == 3)
+            return KeyHolding(VK_SHIFT, Pick({VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT, VK_NEXT, VK_INSERT, VK_TAB, VK_F3}));
+        if (kind == 4) return KeyHolding({VK_CONTROL, VK_SHIFT}, Pick({'V', 'Z', 'L', VK_HOME, VK_END}));
+        if (kind < 8)
+            return KeyHolding(
+                VK_CONTROL, Pick({'V', 'V', 'D', 'R', 'Z', 'Z', 'Z', 'Y', 'A', 'C', 'F', VK_HOME, VK_END, VK_INSERT}));
+        if (kind == 8) return PutOnClipboard(Pick(kTexts));
+        if (kind < 11) return Point();
+        if (kind < 13) return Type(Pick(kTexts)[0]);
+        if (kind == 13) return Type(L' ');  // marks the row, where there are marks
+        kind == 14 ? UseMenu() : PressButton();
     }
+    static void Type(wchar_t unit) { PostMessageW(FocusWindow(), WM_CHAR, unit, 1); }
     void Point() {
         const Grid& grid = grids_[random_() % grids_.size()];
         if (grid.Rows() == 0 || !IsWindowEnabled(grid.List())) return;
         const int row = Below(grid.Rows());
         const int column = Below(3);
-        switch (Below(6)) {
-            case 0:
-                return grid.DoubleClick(row, 1);
-            case 1:
-                return Holding(VK_SHIFT, [&] { grid.Click(row, column % 2); });
-            case 2:
-                return ClickHead(grid, column % 2);
-            default:
-                return grid.Click(row, column % 2);
-        }
+        const int way = Below(6);
+        if (way == 0) return grid.DoubleClick(row, 1);
+        if (way == 1) return Holding(VK_SHIFT, [&] { grid.Click(row, column % 2); });
+        way == 2 ? ClickHead(grid, column % 2) : grid.Click(row, column % 2);
     }
     void ClickHead(const Grid& grid, int column) {
         const auto header = reinterpret_cast<HWND>(Send(grid.List(), LVM_GETHEADER));
@@ -285,16 +249,6 @@ class Player {
     std::vector<int> most_;
 };
 
-std::map<std::filesystem::path, std::string> FilesIn(const std::filesystem::path& folder) {
-    std::map<std::filesystem::path, std::string> files;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-        if (!entry.is_regular_file()) continue;
-        std::ifstream in(entry.path(), std::ios::binary);
-        files.emplace(entry.path(), std::string(std::istreambuf_iterator<char>(in), {}));
-    }
-    return files;
-}
-
 std::vector<std::vector<std::byte>> KeptBytes(const kiro::Opening& opening) {
     std::vector<std::vector<std::byte>> bytes;
     for (const auto& part : opening.kept) bytes.emplace_back(part.begin(), part.end());
@@ -303,7 +257,15 @@ std::vector<std::vector<std::byte>> KeptBytes(const kiro::Opening& opening) {
 
 }  // namespace
 
-class GridPlay : public TestHost, public testing::WithParamInterface<GridKind> {};
+class GridPlay : public TestHost, public testing::WithParamInterface<GridKind> {
+  protected:
+    std::map<std::filesystem::path, std::string> Tables() const {
+        std::map<std::filesystem::path, std::string> files;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(home / L"DXF" / L"TABLE"))
+            files.emplace(entry.path(), BytesOf(entry.path()));
+        return files;
+    }
+};
 
 TEST_P(GridPlay, WhateverIsDoneCanBeUndone) {
     kiro::MakeDemoHome(home);
@@ -313,7 +275,7 @@ TEST_P(GridPlay, WhateverIsDoneCanBeUndone) {
         SCOPED_TRACE("opening " + std::to_string(++seed));
         const kiro::Opening opening = kiro::FindDialog(kind.dialog)->prepare();
         const auto bytes = KeptBytes(opening);
-        const auto files = FilesIn(home / L"DXF" / L"TABLE");
+        const auto files = Tables();
         const kiro::Json model = kiro::HostModel();
         const INT_PTR result = Drive(opening.run, [&] {
             const HWND dialog = Settle();
@@ -334,7 +296,7 @@ TEST_P(GridPlay, WhateverIsDoneCanBeUndone) {
         });
         EXPECT_EQ(IDCANCEL, result);
         EXPECT_EQ(bytes, KeptBytes(opening));
-        EXPECT_EQ(files, FilesIn(home / L"DXF" / L"TABLE"));
+        EXPECT_EQ(files, Tables());
         EXPECT_EQ(model, kiro::HostModel());
     }
 }

@@ -1,7 +1,7 @@
 // What is done with many cells and rows of the table editors at once: copied, pasted, filled, undone; and the keys by
 // which rows come and go.
-#include <algorithm>
 
+#include "tests/DrawingText.h"
 #include "tests/dialogs/ImportTables.h"
 #include "text/TextFormat.h"
 #include "ui/GridBlock.h"
@@ -20,16 +20,8 @@ void PasteBlock(const std::wstring& text) {
     Control('V');
 }
 
-// A drawing, by its pairs: "0 LINE/8 A".
-std::string Drawing(std::string pairs) {
-    pairs =
-        "0 SECTION/2 TABLES/0 TABLE/2 DIMSTYLE/0 DIMSTYLE/2 M/5 MARK/0 DIMSTYLE/2 D/5 solid/0 ENDTAB/0 ENDSEC/"
-        "0 SECTION/2 ENTITIES/" +
-        pairs + "0 ENDSEC/0 EOF/";
-    for (std::size_t at = 0; at < pairs.size(); at = pairs.find('/', at) + 1) pairs[pairs.find(' ', at)] = '\n';
-    std::replace(pairs.begin(), pairs.end(), '/', '\n');
-    return pairs;
-}
+constexpr char kDimensions[] = "0 TABLE/2 DIMSTYLE/0 DIMSTYLE/2 M/5 MARK/0 DIMSTYLE/2 D/5 solid/0 ENDTAB";
+
 std::string Times(int count, const std::string& text) {
     std::string all;
     for (int i = 0; i < count; ++i) all += Formatted(text.c_str(), i);
@@ -106,9 +98,7 @@ TEST(GridBlocks, AreReadAsSpreadsheetsWriteThem) {
 
 TEST(GridBlocks, NumbersGoOn) {
     const struct {
-        const char* first;
-        const char* second;
-        const char* fifth;
+        const char *first, *second, *fifth;
     } cases[] = {{"1", "2", "5"},          {"10", "8", "2"},        {"5", "3", "-3"},
                  {"-1", "-2", "-5"},       {"0.5", "0.75", "1.50"}, {"01", "02", "05"},
                  {"表08", "表09", "表12"}, {"3", "3", "3"},         {"L-1", "L-2", "L-5"}};
@@ -199,20 +189,18 @@ TEST_F(ImportTables, WhatCannotBePastedIsAskedFor) {
         EXPECT_EQ(L"L0", grid.Cell(1, 1));
         Control('Z');
         EXPECT_EQ(opened, AllRows(grid));
-        Click(dialog, IDCANCEL);
     });
 }
 
 TEST_F(ImportTables, NamesAlonePastedBecomeRows) {
     WriteTable(kLayerFile, kLayers);
-    Edit(kClasses, false, [&](HWND dialog, const Grid& grid) {
+    Edit(kClasses, false, [&](HWND, const Grid& grid) {
         PutOnClipboard(L"梁\t1\r\n\r\n壁\r\n床\r\n");
         ControlShift('V');
         Answer(ReadBox(), IDYES);
         EXPECT_EQ(6, grid.Rows());
         EXPECT_EQ((Cells{L"6", L"床", L"1"}), Row(grid, 5));
         EXPECT_EQ((GridPlace{4, 1}), grid.Current());
-        Click(dialog, IDCANCEL);
     });
 }
 
@@ -221,6 +209,7 @@ TEST_F(ImportTables, CellsAreFilledWhereRowsAreGiven) {
     Edit(kColorRevisions, true, [&](HWND dialog, const Grid& grid) {
         const auto opened = AllRows(grid);
         const auto column = [&](int from, int to) { return Texts(grid, 1, from, to); };
+        ExpectKeysListed(false, false);
         Change(grid, 9, 1, L"２０");  // typed with full-width digits
         Change(grid, 10, 1, L"22");
         grid.Click(9, 1);
@@ -264,7 +253,13 @@ TEST_F(ImportTables, RowsComeAndGoByKey) {
     WriteTable(kLayerFile, kLayers);
     Edit(kClasses, true, [&](HWND dialog, const Grid& grid) {
         const auto opened = AllRows(grid);
-        grid.Click(0, 1);
+        EXPECT_EQ(kGrid, FocusId());
+        EXPECT_EQ((GridPlace{0, 2}), grid.Current());  // its name stays
+        Key(VK_APPS);
+        EXPECT_EQ(grid.Area(0, 2).left, MenuPlace(grid).x);
+        EXPECT_EQ(grid.Area(0, 2).bottom, MenuPlace(grid).y);
+        CancelMenu();
+        ExpectKeysListed(true, true);
         Key(VK_DELETE);
         ExpectError(dialog, L"削除できません。");
         ShiftTimes(VK_DOWN, 1);
@@ -295,6 +290,8 @@ TEST_F(ImportTables, RowsComeAndGoByKey) {
         Key(VK_TAB);
         Key(VK_TAB);  // one that is not used is enough
         EXPECT_EQ(5, grid.Rows());
+        Key(VK_TAB);
+        EXPECT_EQ(IDOK, FocusId());
         grid.Click(0, 2);
         EXPECT_FALSE(IsGuidanceError(dialog)) << "a row that is not used is not checked";
         while (Guidance(dialog) != L"これより前には戻せません。") Control('Z');
@@ -303,7 +300,8 @@ TEST_F(ImportTables, RowsComeAndGoByKey) {
         grid.Click(3, 2);
         Key(VK_F2);
         Key(VK_TAB);
-        Click(dialog, IDOK);
+        Focus(dialog, IDOK);
+        Key(VK_RETURN);
     });
     EXPECT_TRUE(Has(kLayerFile, "LAYER 新 = 8\r\nLAYER 窓 = 7\r\nLAYER 続き = 1\r\n")) << Bytes(kLayerFile);
 }
@@ -383,12 +381,14 @@ TEST_F(ImportTables, TextsAreFoundAsTheyAreTyped) {
 }
 
 TEST_F(ImportTables, NamesOfADrawingGetRows) {
-    const std::string path = Write(L"plan.dxf", Drawing("0 LINE/8 壁/0 LINE/8 my Wall/0 LINE/8 my Wall/0 LINE/8 Z/"
+    const std::string path = Write(L"plan.dxf", Drawing(kDimensions,
+                                                        "0 LINE/8 壁/0 LINE/8 my Wall/0 LINE/8 my Wall/0 LINE/8 Z/"
                                                         "0 LINE/8 MYWALL/0 LINE/8 A=B/0 LINE/8 \x81/0 LINE/8 " +
-                                                        std::string(68, 'x') +
-                                                        "/0 LINE/8 z/6 Dashed/0 LINE/8 z/6 NEW/0 LINE/8 z/6 NEW/"
-                                                        "0 LINE/8 z/6 LAST/0 TEXT/8 z/7 NOTE/0 TEXT/8 z/7 a,b/"
-                                                        "0 DIMENSION/8 z/3 M/0 DIMENSION/8 z/3 D/"))
+                                                            std::string(68, 'x') +
+                                                            "/0 LINE/8 z/6 Dashed/0 LINE/8 z/6 NEW/0 LINE/8 z/6 NEW/"
+                                                            "0 LINE/8 z/6 LAST/0 TEXT/8 z/7 NOTE/0 TEXT/8 z/7 a,b/"
+                                                            "0 DIMENSION/8 z/3 M/0 DIMENSION/8 z/3 D",
+                                                        "", "AC1009"))
                                  .generic_string();
     const struct {
         const Editor& editor;
@@ -401,11 +401,6 @@ TEST_F(ImportTables, NamesOfADrawingGetRows) {
          "LAYER 壁 = 5\nLAYER 古 = 6\n",
          {{L"4", L"Z", L"1"}, {L"5", L"myWall", L"1"}, {L"6", std::wstring(68, L'x'), L"1"}},
          L"plan.dxf：3 行を追加しました。書けない名前 2 件は除きました。灰色の 1 行は図面にありません。",
-         2},
-        {kRevisions,
-         "LAYER-SWITCH 1\nLAYER-REVISION 壁 = 5\nLAYER-REVISION 古 = 6\n",
-         {{L"4", L"Z", L"1"}, {L"5", L"myWall", L"1"}},
-         L"plan.dxf：2 行を追加しました。書けない名前 3 件は除きました。灰色の 1 行は図面にありません。",
          2},
         {kLineTypes,
          "LINE-TYPE DASHED = 2,1\n" + Times(254, "LINE-TYPE T%d = 1,1\n"),
@@ -449,24 +444,10 @@ TEST_F(ImportTables, NamesOfADrawingGetRows) {
             Click(dialog, IDOK);
         });
     }
-    Attributes([&](HWND dialog) {
-        Click(dialog, kTextWidthTableRadio);
-        for (const int button : {kArrowChangeButton, kTextWidthChangeButton, kLineTypeChangeButton}) {
-            Click(dialog, button);
-            const HWND hub = Settle();
-            if (button == kLineTypeChangeButton) Click(hub, kLineTypesButton);
-            const HWND editor = Settle();
-            Key(VK_F8);
-            EXPECT_EQ(0u, Guidance(editor).find(L"plan.dxf：")) << button;
-            Click(editor, IDCANCEL);
-            if (hub != editor) Click(hub, IDCANCEL);
-        }
-        Click(dialog, IDCANCEL);
-    });
 }
 
 TEST_F(ImportTables, ADrawingThatIsNotNamedIsAskedFor) {
-    Write(L"DXF\\plan.dxf", Drawing("0 LINE/8 z/6 NEW/"));
+    Write(L"DXF\\plan.dxf", Drawing("", "0 LINE/8 z/6 NEW"));
     Write(L"DXF\\plan.dwg", "AC1015" + std::string(100, '\0'));
     for (const char* named : {"", "C:/gone/plan.dxf"}) {
         drawing = named;
@@ -475,7 +456,7 @@ TEST_F(ImportTables, ADrawingThatIsNotNamedIsAskedFor) {
             const auto choose = [&](const wchar_t* name, int button) {
                 Key(VK_F8);
                 const HWND chooser = Settle();
-                SendMessageW(kiro::drive::Control(chooser, kChooserName), WM_SETTEXT, 0,
+                SendMessageW(kiro::drive::Control(chooser, kChooserField), WM_SETTEXT, 0,
                              reinterpret_cast<LPARAM>(name));
                 Click(chooser, button);
             };
@@ -490,26 +471,6 @@ TEST_F(ImportTables, ADrawingThatIsNotNamedIsAskedFor) {
             choose(L"plan.dxf", IDOK);
             EXPECT_EQ(L"NEW", grid.Cell(static_cast<int>(opened.size()), 1));
             Click(dialog, IDOK);
-        });
-    }
-}
-
-TEST_F(ImportTables, KeysAreListedThatTheGridHas) {
-    const struct {
-        const Editor& editor;
-        bool rows;
-        bool names;
-    } cases[] = {{kLineTypes, true, true}, {kPolylines, true, false}, {kColorRevisions, false, false}};
-    for (const auto& of : cases) {
-        Edit(of.editor, false, [&](HWND dialog, const Grid&) {
-            Key(VK_F1);
-            const Box box = ReadBox();
-            EXPECT_EQ(of.rows, box.text.find(L"Ins") != std::wstring::npos);
-            EXPECT_EQ(of.names, box.text.find(L"Ctrl+Shift+V") != std::wstring::npos);
-            EXPECT_EQ(of.names, box.text.find(L"F8") != std::wstring::npos);
-            Answer(box, IDOK);
-            EXPECT_EQ(kGrid, FocusId());
-            Click(dialog, IDCANCEL);
         });
     }
 }

@@ -1,8 +1,6 @@
 // What a host may do while a command's dialogs are open: end its message loop, destroy its window, or call a command on
 // another thread, with a message loop of its own.
 #include <atomic>
-#include <functional>
-#include <memory>
 #include <thread>
 
 #include "resources/catia/KrDxfPass.ids.h"

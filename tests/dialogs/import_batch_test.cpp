@@ -1,17 +1,14 @@
 // The batch of the import: its settings, the list of drawings with their names, and the run.
-#include <algorithm>
-#include <iterator>
 
 #include "dxfin/KrDxfInAll.h"
 #include "dxfin/KrDxfInList.h"
 #include "entry/host/FixedText.h"
-#include "entry/host/kirobc.h"
-#include "entry/host/kiromdl.h"
 #include "resources/dxfin/KrDxfIn.ids.h"
 #include "resources/dxfin/KrDxfInAll.ids.h"
 #include "resources/dxfin/KrDxfInList.ids.h"
 #include "resources/dxfin/KrDxfInParam.ids.h"
 #include "resources/grid.ids.h"
+#include "tests/DrawingText.h"
 #include "tests/dialogs/BatchHost.h"
 
 using namespace kiro::drive;
@@ -21,11 +18,8 @@ namespace {
 constexpr wchar_t kCaption[] = L"ＤＸＦ読込み　一括変換";
 enum Column { kFile = 1, kSize, kVersion, kModel, kResult };
 
-std::string Drawing(const char* version = "AC1015") {
-    return std::string("  0\r\nSECTION\r\n  2\r\nHEADER\r\n  9\r\n$ACADVER\r\n  1\r\n") + version +
-           "\r\n  0\r\nENDSEC\r\n  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nLINE\r\n  8\r\n0\r\n 10\r\n0.0\r\n "
-           "20\r\n0.0\r\n"
-           " 11\r\n1.0\r\n 21\r\n1.0\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n";
+std::string ALine(const char* version = "AC1015") {
+    return Drawing("", "0 LINE/8 0/10 0.0/20 0.0/11 1.0/21 1.0", "", version);
 }
 
 class ImportBatch : public BatchHost {
@@ -41,10 +35,9 @@ class ImportBatch : public BatchHost {
     INT_PTR Open(const char* pattern, const User& user) {
         WriteFixedText(block.pattern, pattern);
         block.importParams = &record.params;
-        const LibraryResources resources;
         KrDxfInList list(block);
         EXPECT_EQ(DrawingSearch::Start::kFound, list.Search());
-        const INT_PTR result = Drive([&] { return list.DoModal(owner); }, [&] { user(Settle()); });
+        const INT_PTR result = Play(list, user);
         summary = list.Summary();
         return result;
     }
@@ -54,7 +47,6 @@ class ImportBatch : public BatchHost {
             const Grid grid(dialog, kGrid);
             Until("the versions are there", [&] { return grid.Cell(grid.Rows() - 1, kVersion) != L"…"; });
             user(dialog, grid);
-            if (Settle()) Click(dialog, IDCANCEL);
         });
     }
     static void Ended(HWND dialog) {
@@ -83,8 +75,8 @@ using Texts = std::vector<std::wstring>;
 }  // namespace
 
 TEST_F(ImportBatch, GoesFromThePatternToTheModelsAndKeepsTheRecord) {
-    Write(L"DXF\\図面.dxf", Drawing());
-    Write(L"DXF\\SUB\\内.dxf", Drawing());
+    Write(L"DXF\\図面.dxf", ALine());
+    Write(L"DXF\\SUB\\内.dxf", ALine());
     WriteTable(L"表", "");
     WriteFixedText(record.info.input.layerTableFileName, HxEucEncoder::Sjis2Euc("表"));
     const std::string table = (home / L"DXF\\TABLE").generic_string() + "/" + HxEucEncoder::Sjis2Euc("表");
@@ -106,8 +98,7 @@ TEST_F(ImportBatch, GoesFromThePatternToTheModelsAndKeepsTheRecord) {
                   EXPECT_EQ(button == IDOK ? 1u : 0u, calls.size());
               }
               const struct {
-                  const wchar_t* pattern;
-                  const wchar_t* message;
+                  const wchar_t *pattern, *message;
               } kPatterns[] = {
                   {L"*.dwg", L"該当するファイルがありません。"},
                   {L"SUB", L"フォルダが指定されています。"},
@@ -145,10 +136,9 @@ TEST_F(ImportBatch, GoesFromThePatternToTheModelsAndKeepsTheRecord) {
 }
 
 TEST_F(ImportBatch, ProposesNamesAndChecksThoseThatAreMarked) {
-    for (const wchar_t* name : {L"断面 A.dxf", L"断面 A.dwg", L"b.dxf"})
-        Write(std::wstring(L"DXF\\") + name, Drawing());
+    for (const wchar_t* name : {L"断面 A.dxf", L"断面 A.dwg", L"b.dxf"}) Write(std::wstring(L"DXF\\") + name, ALine());
     Write(L"DXF\\c.dxf", "memo");
-    Write(L"DXF\\" + std::wstring(250, L'd') + L".dxf", Drawing("AC1009"));  // its path is longer than 256 bytes
+    Write(L"DXF\\" + std::wstring(250, L'd') + L".dxf", ALine("AC1009"));  // its path is longer than 256 bytes
     Write(L"DXF\\e.dxf", "");
     Write(L"DXF\\~kiro-0000000a.tmp", "");  // left by a program that was killed
     std::filesystem::create_directories(home / L"DXF\\folder");
@@ -199,15 +189,15 @@ TEST_F(ImportBatch, GoesThroughTheMarkedDrawingsAndTellsWhyOnesFail) {
         const wchar_t* name;
         std::string bytes;
         const wchar_t* result;
-    } kFiles[] = {{L"1.dxf", Drawing(), L"変換しました"},
+    } kFiles[] = {{L"1.dxf", ALine(), L"変換しました"},
                   {L"2.dxf", "", L"DXFファイルではありません。"},
-                  {L"3.dxf", Drawing().substr(0, 150), L"ファイルが途中で終わっています。"},
-                  {L"4.dxf", Drawing(), L"ファイルが見つかりません。"},
-                  {L"5.dxf", Drawing(), L"ファイルは他のプログラムで使用されています。"},
-                  {L"6.dxf", Drawing(), L"同じ名前のモデルファイルがあります。"},
-                  {L"7.dxf", Drawing(), L"同じ名前のモデルファイルがあります。"},
-                  {L"8.dxf", Drawing(), L"書き込みが禁止されています。"},
-                  {L"9.dxf", Drawing(), L"変換しました"}};
+                  {L"3.dxf", ALine().substr(0, 90), L"ファイルが途中で終わっています。"},
+                  {L"4.dxf", ALine(), L"ファイルが見つかりません。"},
+                  {L"5.dxf", ALine(), L"ファイルは他のプログラムで使用されています。"},
+                  {L"6.dxf", ALine(), L"同じ名前のモデルファイルがあります。"},
+                  {L"7.dxf", ALine(), L"同じ名前のモデルファイルがあります。"},
+                  {L"8.dxf", ALine(), L"書き込みが禁止されています。"},
+                  {L"9.dxf", ALine(), L"変換しました"}};
     for (const auto& file : kFiles) Write(std::wstring(L"DXF\\") + file.name, file.bytes);
     std::filesystem::create_directories(Model(L"6x"));
     const auto isProtected = Write(L"MODEL\\8.mdl", "old");
@@ -257,8 +247,7 @@ TEST_F(ImportBatch, GoesThroughTheMarkedDrawingsAndTellsWhyOnesFail) {
         EXPECT_EQ(L"9 件のうち 7 件を選択しています。", Text(dialog, kDrawingCount));
     });
     EXPECT_EQ(0u, summary.find("8 件中 1 件を変換しました。（失敗 7 件）"));
-    std::ifstream in(home / L"MODEL" / L"DXF_Batch.lis", std::ios::binary);
-    const std::string list{std::istreambuf_iterator<char>(in), {}};
+    const std::string list = BytesOf(home / L"MODEL" / L"DXF_Batch.lis");
     EXPECT_NE(std::string::npos, list.find("2 : 2.dxf -> 2.mdl : DXFファイルではありません。\r\n"));
     EXPECT_NE(std::string::npos, list.find("9 : 9.dxf -> 9.mdl : 変換しました\r\n"));
     EXPECT_EQ("setdxfintblnam ", calls.back());
@@ -269,7 +258,7 @@ TEST_F(ImportBatch, GoesThroughTheMarkedDrawingsAndTellsWhyOnesFail) {
 }
 
 TEST_F(ImportBatch, EndsBetweenTwoDrawingsWhereverItIsStopped) {
-    for (int i = 0; i < 300; ++i) Write(L"DXF\\" + std::to_wstring(i) + L".dxf", Drawing());
+    for (int i = 0; i < 300; ++i) Write(L"DXF\\" + std::to_wstring(i) + L".dxf", ALine());
     Write(L"DXF\\000.dxf", "memo");  // the first of them
     KiroHostSetModified(true);
     const struct {

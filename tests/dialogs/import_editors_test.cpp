@@ -1,6 +1,5 @@
 // The grid editors of the import tables: what they take and refuse, rows that come and go, and what becomes of it all
 // in the files. How their windows look is in the golden text.
-#include <algorithm>
 
 #include "tests/dialogs/ImportTables.h"
 
@@ -10,8 +9,7 @@ namespace {
 
 // A text that is typed into a cell, and what "設定" says; null: nothing. The cell that is marked when it is another.
 struct Entry {
-    int row;
-    int column;
+    int row, column;
     const wchar_t* text;
     const wchar_t* message = nullptr;
     GridPlace marked = {};
@@ -20,31 +18,29 @@ struct Checks {
     const Editor& editor;
     const char* file;
     std::vector<Entry> entries;
+    std::vector<std::string> written = {};  // with what was right
 };
 
 const Checks kChecks[] = {
     {kClasses,
      "LAYER 表 = 2\nLAYER 線 = 3\n",
      {{1, 1, L"", L"レイヤ名が入力されていません 2 : "},
-      {2, 1, L"表", L"レイヤ名が重複しています 2,3 : 表", {1, 1}},
       {2, 1, L"OTHER", L"レイヤ名が重複しています 1,3 : OTHER", {0, 1}},
-      {1, 1, L"階段 手摺", L"レイヤ名に空白と「=」は使えません 2 : 階段 手摺"},
       {1, 1, L"a=b", L"レイヤ名に空白と「=」は使えません 2 : a=b"},
       {1, 1, L"ソ能表"},  // bytes 0x5C at the end of characters
       {2, 1, L"other"},   // compared byte by byte
       {0, 2, L"256"},
       {2, 2, L"", L"無効なクラス番号です（1～256） 3 : "},
-      {2, 2, L"257", L"無効なクラス番号です（1～256） 3 : 257"}}},
+      {2, 2, L"257", L"無効なクラス番号です（1～256） 3 : 257"}},
+     {"LAYER OTHER = 256\r\n", "LAYER ソ能表 = 2\r\nLAYER other = 3\r\n"}},
     {kRevisions,
      "LAYER-SWITCH 1\nLAYER-REVISION 表 = 2\nLAYER-REVISION 線 = 3\n",
-     {{2, 1, L"表", L"レイヤ名が重複しています 2,3 : 表", {1, 1}},
-      {1, 2, L"0", L"無効なレビジョン番号です（1～256） 2 : 0"}}},
-    {kColorRevisions,
+     {{1, 2, L"0", L"無効なレビジョン番号です（1～256） 2 : 0"}}},
+    {kColorRevisions, "", {{0, 1, L"256"}, {254, 1, L"9"}}, {"REVISION   1 = 256\r\n", "REVISION 255 =   9\r\n"}},
+    {kColorClasses,
      "",
-     {{0, 1, L"0", L"無効なレビジョン番号です（1～256） 1 : 0"},
-      {254, 1, L"257", L"無効なレビジョン番号です（1～256） 255 : 257"},
-      {0, 1, L"256"}}},
-    {kColorClasses, "", {{9, 1, L"", L"無効なクラス番号です（1～256） 10 : "}}},
+     {{9, 1, L"", L"無効なクラス番号です（1～256） 10 : "}, {0, 1, L"9"}, {254, 1, L"256"}},
+     {"COLOR-CLASS   1 =   9\r\n", "COLOR-CLASS 255 = 256\r\n"}},
     {kLineTypes,
      "",
      {{1, 1, L"", L"線種名が入力されていません 2 : "},
@@ -53,15 +49,19 @@ const Checks kChecks[] = {
       {0, 1, L"ソ,表"},
       {0, 2, L"0", L"無効な線種番号です 1 : 0"},
       {3, 2, L"64", L"無効な線種番号です 4 : 64"},
-      {3, 2, L"7x", L"無効な線種番号です 4 : 7x"},
       {3, 2, L"63"},
       {0, 3, L"0", L"無効な線幅番号です 1 : 0"},
       {0, 3, L"17", L"無効な線幅番号です 1 : 17"},
-      {0, 3, L"16"}}},
+      {0, 3, L"16"}},
+     {"LINE-TYPE  ソ,表 = 1,16\r\n", "LINE-TYPE  PHANTOM = 63,1\r\n"}},
     {kColorWidths,
      "",
-     {{0, 1, L"0", L"無効な線幅番号です 1 : 0"}, {254, 1, L"17", L"無効な線幅番号です 255 : 17"}, {254, 1, L"16"}}},
-    {kLineWidths, "", {{23, 2, L"17", L"無効な線幅番号です 24 : 17"}, {23, 2, L"16"}}},
+     {{0, 1, L"0", L"無効な線幅番号です 1 : 0"}, {0, 1, L"9"}, {254, 1, L"16"}},
+     {"COLOR  1 = 9\r\n", "COLOR  255 = 16\r\n"}},
+    {kLineWidths,
+     "",
+     {{23, 2, L"17", L"無効な線幅番号です 24 : 17"}, {0, 2, L"9"}, {23, 2, L"16"}},
+     {"LINE-WIDTH  0.00 = 9\r\n", "LINE-WIDTH  2.11 = 16\r\n"}},
     {kPolylines,
      "WIDTH 0,0.5 = 2\nWIDTH 0.5,999 = 5\n",
      {{0, 1, L"", L"線幅が入力されていません 1"},
@@ -100,25 +100,12 @@ const Checks kChecks[] = {
       {4, 2, L"", L"マーク番号が入力されていません 5"},
       {4, 2, L"0", L"無効なマーク番号です 5 : 0"},
       {0, 2, L"4096", L"無効なマーク番号です 1 : 4096"},
-      {0, 2, L"1.5", L"無効なマーク番号です 1 : 1.5"},
       {0, 2, L"4095"},
       {4, 4, L"", L"サイズが入力されていません 5"},
       {4, 4, L"0.09", L"無効なサイズです 5 : 0.09"},
       {4, 4, L"300.1", L"無効なサイズです 5 : 300.1"},
       {4, 4, L"300"}}},
 };
-
-// Without the lines that name the file and the time.
-std::string Body(const std::string& file) {
-    std::string body;
-    for (std::size_t start = 0; start < file.size();) {
-        const std::size_t end = std::min(file.find('\n', start), file.size() - 1) + 1;
-        const std::string line = file.substr(start, end - start);
-        if (line.find("/ File name") != 0 && line.find("/      Date") != 0) body += line;
-        start = end;
-    }
-    return body;
-}
 
 }  // namespace
 
@@ -127,7 +114,7 @@ TEST_F(ImportTables, EditorsRefuseWhatIsWrong) {
     for (const Checks& checks : kChecks) {
         SCOPED_TRACE(testing::PrintToString(std::wstring(checks.editor.caption)));
         WriteTable(checks.editor.file, checks.file);
-        Edit(checks.editor, false, [&](HWND dialog, const Grid& grid) {
+        Edit(checks.editor, true, [&](HWND dialog, const Grid& grid) {
             const auto check = [&](const Entry& entry) {
                 const std::wstring before = grid.Cell(entry.row, entry.column);
                 const int elsewhere = entry.row ? 0 : 1;  // another row: all are checked
@@ -155,6 +142,7 @@ TEST_F(ImportTables, EditorsRefuseWhatIsWrong) {
             }
             Click(dialog, IDOK);  // all is right again
         });
+        for (const std::string& lines : checks.written) EXPECT_TRUE(Has(checks.editor.file, lines)) << lines;
     }
 }
 
@@ -257,7 +245,7 @@ TEST_F(ImportTables, RowsAreAddedInsertedAndDeletedWhereTheyMay) {
             Click(dialog, IDOK);
         });
         EXPECT_TRUE(Has(rows.editor.file, rows.written)) << Bytes(rows.editor.file);
-        Edit(rows.editor, false, [&](HWND dialog, const Grid& grid) {
+        Edit(rows.editor, true, [&](HWND dialog, const Grid& grid) {
             EXPECT_EQ(last, AllRows(grid));
             while (grid.Rows() > rows.fixed) {
                 grid.Click(grid.Rows() - 1, 0);
@@ -265,8 +253,9 @@ TEST_F(ImportTables, RowsAreAddedInsertedAndDeletedWhereTheyMay) {
             }
             Command(kDelete);  // a row that stays
             EXPECT_EQ(rows.fixed, grid.Rows());
-            Click(dialog, IDOK);
+            rows.editor.edit ? Click(dialog, IDCANCEL) : CloseBox(dialog);
         });
+        EXPECT_TRUE(Has(rows.editor.file, rows.written)) << "a cancellation writes nothing";
     }
     // Line types may all go, and none comes back from the file.
     WriteTable(kLineFile, "LINE-TYPE A = 1,1\nLINE-TYPE B = 2,2\n");
@@ -283,6 +272,7 @@ TEST_F(ImportTables, RowsAreAddedInsertedAndDeletedWhereTheyMay) {
 TEST_F(ImportTables, PolylineRangesMeet) {
     WriteTable(kLineFile, "");
     Edit(kPolylines, true, [&](HWND dialog, const Grid& grid) {
+        ExpectKeysListed(true, false);
         EXPECT_EQ((Cells{L"2", L"999", L""}), Row(grid, 1));
         grid.Click(0, 0);
         Command(kAdd);  // above the last one, whichever row is the current one
@@ -345,23 +335,6 @@ TEST_F(ImportTables, NumbersAreWrittenAsTheyAreShown) {
     EXPECT_TRUE(Has(kArrowFile, "ARROW LINE          =    1, 180,  250\r\n"));
     EXPECT_TRUE(Has(kArrowFile, "ARROW SOLID         =    3,   0,   24\r\n")) << Bytes(kArrowFile);
     EXPECT_TRUE(Has(kArrowFile, " =    1, 180,  300\r\n"));
-    const struct {
-        const Editor& editor;
-        int column;
-        std::vector<std::string> lines;  // of the first and the last row
-    } numbers[] = {{kLineWidths, 2, {"LINE-WIDTH  0.00 = 9\r\n", "LINE-WIDTH  2.11 = 9\r\n"}},
-                   {kColorWidths, 1, {"COLOR  1 = 9\r\n", "COLOR  255 = 9\r\n"}},
-                   {kLineTypes, 3, {"LINE-TYPE  CONTINUOUS = 1,9\r\n", "LINE-TYPE  PHANTOM = 4,9\r\n"}},
-                   {kColorRevisions, 1, {"COLOR-REVISION   1 =   9\r\n", "COLOR-REVISION 255 =   9\r\n"}},
-                   {kColorClasses, 1, {"COLOR-CLASS   1 =   9\r\n", "COLOR-CLASS 255 =   9\r\n"}}};
-    for (const auto& list : numbers) {
-        Edit(list.editor, true, [&](HWND dialog, const Grid& grid) {
-            for (const int row : {0, grid.Rows() - 1}) Change(grid, row, list.column, L"9");
-            Click(dialog, IDOK);
-        });
-        for (const std::string& line : list.lines)
-            EXPECT_TRUE(Has(list.editor.file, line)) << line << Bytes(list.editor.file);
-    }
 }
 
 // Confirming an editor changes nothing that its grid does not show, nor what it shows.
@@ -380,33 +353,19 @@ TEST_F(ImportTables, WhatIsNotTouchedStays) {
         std::string saved[2];
         for (std::string& body : saved) {
             Edit(*editor, true, [&](HWND dialog, const Grid&) { Click(dialog, &body == saved ? IDCANCEL : IDOK); });
-            body = Body(Bytes(editor->file));
+            body = Bytes(editor->file);
+            body.erase(0, body.find("/\r\n"));  // the lines that name the file and the time
         }
         EXPECT_GT(saved[0].size(), 300u);
         EXPECT_EQ(saved[0], saved[1]) << testing::PrintToString(std::wstring(editor->caption));
     }
 }
 
-TEST_F(ImportTables, CancelLeavesTableAndFile) {
-    for (const auto& [editor, closeBox] : {std::pair(&kClasses, false), std::pair(&kFonts, true)}) {
-        WriteTable(editor->file, "");
-        Edit(*editor, true, [&, way = closeBox](HWND dialog, const Grid& grid) {
-            Command(kAdd);
-            Change(grid, grid.Rows() - 1, 1, L"消える");
-            way ? CloseBox(dialog) : Click(dialog, IDCANCEL);
-        });
-        EXPECT_FALSE(Has(editor->file, "消える"));
-        EXPECT_TRUE(editor->edit || Bytes(editor->file).empty());
-    }
-}
-
 TEST_F(ImportTables, FullTablesTakeNoMore) {
     const struct {
         const Editor& editor;
-        int rows;
-        int given;
-        const char* before;
-        const char* behind;
+        int rows, given;
+        const char *before, *behind;
     } cases[] = {{kClasses, 2048, 2047, "LAYER L", " = 1\n"},
                  {kRevisions, 2048, 2047, "LAYER-REVISION L", " = 1\n"},
                  {kLineTypes, 256, 256, "LINE-TYPE T", " = 1,1\n"},
@@ -422,20 +381,18 @@ TEST_F(ImportTables, FullTablesTakeNoMore) {
             file += full.before + std::to_string(i) + range + full.behind;
         }
         WriteTable(full.editor.file, file);
-        for (int round = 0; round < 2; ++round) {  // and once more as it was written
-            Edit(full.editor, round == 0, [&](HWND dialog, const Grid& grid) {
-                ASSERT_EQ(full.rows, grid.Rows());
-                for (const RowCommand command : {kAdd, kInsert}) {
-                    grid.Click(full.rows - 1, 0);
-                    const Cells before = Row(grid, full.rows - 1);
-                    Command(command);
-                    ExpectError(dialog, L"これ以上追加できません。");
-                    EXPECT_EQ(full.rows, grid.Rows());
-                    EXPECT_EQ(before, Row(grid, full.rows - 1));
-                }
-                Click(dialog, IDOK);
-            });
-        }
+        Edit(full.editor, false, [&](HWND dialog, const Grid& grid) {
+            ASSERT_EQ(full.rows, grid.Rows());
+            for (const RowCommand command : {kAdd, kInsert}) {
+                grid.Click(full.rows - 1, 0);
+                const Cells before = Row(grid, full.rows - 1);
+                Command(command);
+                ExpectError(dialog, L"これ以上追加できません。");
+                EXPECT_EQ(full.rows, grid.Rows());
+                EXPECT_EQ(before, Row(grid, full.rows - 1));
+            }
+            Click(dialog, IDOK);
+        });
     }
 }
 
@@ -448,88 +405,61 @@ TEST_F(ImportTables, ManyLayersOfOneName) {
         Change(grid, 2047, 1, L"柱");
         ExpectRefusal(kClasses, dialog, {1, 1}, L"レイヤ名が重複しています 2,3 : 壁");
         EXPECT_LE(grid.TopRow(), 1) << "the bad cell is scrolled to";
-        Click(dialog, IDCANCEL);
     });
 }
 
+// Of an editor that owns its file; the hubs' way is told with them.
 TEST_F(ImportTables, FilesThatChangeOrVanishMeanwhile) {
     for (const bool vanishes : {false, true}) {
-        for (const Editor* editor : {&kClasses, &kFonts}) {
-            const bool owns = !editor->edit;  // otherwise the hub asks
-            WriteTable(editor->file, "");
-            Edit(*editor, true, [&](HWND dialog, const Grid& grid) {
-                if (!vanishes) WriteTable(editor->file, "別の内容\n");
-                if (vanishes) std::filesystem::remove_all(home / kTables);
-                if (vanishes && owns) Obstruct(editor->file);
-                Command(kAdd);
-                Change(grid, grid.Rows() - 1, 1, L"新規");
-                Click(dialog, IDOK);
-                if (!owns) return;
-                // Told or asked, and nothing is lost as long as the dialog is open.
-                Key(VK_RETURN);
-                ASSERT_EQ(dialog, Settle());
-                EXPECT_EQ(vanishes ? "" : "別の内容\n", Bytes(editor->file));
-                if (vanishes) std::filesystem::remove(TableFile(editor->file));
-                Click(dialog, IDOK);
-                if (!vanishes) Answer(ReadBox(), IDYES);
-            });
-            EXPECT_TRUE(Has(editor->file, "新規")) << Bytes(editor->file);
-        }
+        WriteTable(kFontFile, "");
+        Edit(kFonts, true, [&](HWND dialog, const Grid& grid) {
+            vanishes ? Obstruct(kFontFile) : static_cast<void>(WriteTable(kFontFile, "別の内容\n"));
+            Command(kAdd);
+            Change(grid, grid.Rows() - 1, 1, L"新規");
+            Click(dialog, IDOK);
+            // Told or asked, and nothing is lost as long as the dialog is open.
+            Key(VK_RETURN);
+            ASSERT_EQ(dialog, Settle());
+            EXPECT_EQ(vanishes ? "" : "別の内容\n", Bytes(kFontFile));
+            if (vanishes) std::filesystem::remove_all(home / kTables);
+            Click(dialog, IDOK);
+            if (!vanishes) Answer(ReadBox(), IDYES);
+        });
+        EXPECT_TRUE(Has(kFontFile, "新規")) << Bytes(kFontFile);
     }
-}
-
-TEST_F(ImportTables, TheKeyboardAloneSuffices) {
-    WriteTable(kLayerFile, "LAYER 壁 = 5\n");
-    Edit(kClasses, true, [&](HWND, const Grid& grid) {
-        EXPECT_EQ(kGrid, FocusId());
-        EXPECT_EQ((GridPlace{0, 2}), grid.Current());  // its name stays
-        Key(VK_APPS);
-        EXPECT_EQ(grid.Area(0, 2).left, MenuPlace(grid).x);
-        EXPECT_EQ(grid.Area(0, 2).bottom, MenuPlace(grid).y);
-        CancelMenu();
-        Command(kAdd);
-        grid.Keys(L"柱");
-        Key(VK_TAB);  // to its number
-        grid.Keys(L"30");
-        Key(VK_RETURN);  // a row that is not used
-        Key(VK_TAB);
-        EXPECT_EQ(IDOK, FocusId());
-        Key(VK_RETURN);
-    });
-    EXPECT_TRUE(Has(kLayerFile, "LAYER 柱 = 30\r\n")) << Bytes(kLayerFile);
 }
 
 // The mouse goes from an open cell to the buttons and to the row menu.
 TEST_F(ImportTables, AnOpenCellCountsWhereverTheUserGoes) {
     const std::wstring unknown = L"\xE9";
-    for (const bool menu : {false, true}) {
-        WriteTable(kFontFile, "");
-        Edit(kFonts, true, [&](HWND dialog, const Grid& grid) {
-            grid.Click(0, 3);
-            grid.Keys(L"2.5");
-            grid.SetText(unknown);  // no text for a table: the cell stays open whatever the user presses
-            for (const int button : {kExplainButton, IDOK}) {
-                Click(dialog, button);
-                ASSERT_EQ(dialog, Settle());
-                EXPECT_EQ(unknown, grid.Typed());
-            }
-            grid.RightClick(3, 0);
-            EXPECT_FALSE(IsMenuOpen());
-            grid.SetText(L"2.5");
-            if (menu) {
-                grid.RightClick(3, 0);
-                const RECT cell = grid.Area(3, 0);
-                EXPECT_TRUE(PtInRect(&cell, MenuPlace(grid)));
-                PickMenu(kAdd);
-                EXPECT_EQ(L"2.5", grid.Cell(0, 3));
-                Command(kDelete);
-            } else {
-                Click(dialog, kExplainButton);
-                EXPECT_EQ(L"パラメータの説明", Text(Settle()));
-                Click(Settle(), IDOK);
-            }
-            Click(dialog, IDOK);
-        });
-        EXPECT_TRUE(Has(kFontFile, "STYLE = STANDARD, 2.5,"));
-    }
+    WriteTable(kFontFile, "");
+    Edit(kFonts, true, [&](HWND dialog, const Grid& grid) {
+        grid.Click(0, 3);
+        grid.Keys(L"2.5");
+        grid.SetText(unknown);  // no text for a table: the cell stays open whatever the user presses
+        for (const int button : {kExplainButton, IDOK}) {
+            Click(dialog, button);
+            ASSERT_EQ(dialog, Settle());
+            EXPECT_EQ(unknown, grid.Typed());
+        }
+        grid.RightClick(3, 0);
+        EXPECT_FALSE(IsMenuOpen());
+        grid.SetText(L"2.5");
+        grid.RightClick(3, 0);
+        const RECT cell = grid.Area(3, 0);
+        EXPECT_TRUE(PtInRect(&cell, MenuPlace(grid)));
+        PickMenu(kAdd);
+        EXPECT_EQ(L"2.5", grid.Cell(0, 3));
+        Command(kDelete);
+        grid.Click(1, 3);
+        grid.Keys(L"3.5");
+        Click(dialog, kExplainButton);
+        EXPECT_EQ(L"パラメータの説明", Text(Settle()));
+        Click(Settle(), IDOK);
+        grid.Click(2, 3);
+        grid.Keys(L"4.5");
+        Click(dialog, IDOK);
+    });
+    for (const char* line : {"STANDARD, 2.5,", "BIGFONT, 3.5,", "TSTANDARD, 4.5,"})
+        EXPECT_TRUE(Has(kFontFile, line)) << Bytes(kFontFile);
 }

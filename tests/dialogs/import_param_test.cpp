@@ -39,10 +39,9 @@ class ImportParameters : public ImportHost {
         words.maxItemCount = 1000;
         words.roundingDigits = words.angleDigits = 7;
     }
-    INT_PTR Run(const std::function<void(HWND)>& user) {
-        const LibraryResources resources;
-        return Drive([&] { return KrDxfInParam(record.info.input, record.params).DoModal(owner); },
-                     [&] { user(Settle()); });
+    INT_PTR Run(const User& user) {
+        KrDxfInParam dialog(record.info.input, record.params);
+        return Play(dialog, user);
     }
 };
 
@@ -71,10 +70,7 @@ TEST_F(ImportParameters, EveryButtonShowsAndSetsItsWord) {
             Click(dialog, IDOK);
         });
         EXPECT_EQ(kBlockWords[i], std::pair(record.params.blockData, record.params.symbolOverwrite));
-        Run([&](HWND dialog) {
-            EXPECT_TRUE(IsChecked(dialog, kBlockRadios[i]));
-            Click(dialog, IDCANCEL);
-        });
+        Run([&](HWND dialog) { EXPECT_TRUE(IsChecked(dialog, kBlockRadios[i])); });
     }
 }
 
@@ -124,7 +120,6 @@ TEST_F(ImportParameters, NumbersAreCheckedInTheirOrderAndNothingIsWrittenBefore)
             EXPECT_EQ(kSplitCountEdit, FocusId());
             Type(dialog, row.edit, row.good);
         }
-        Click(dialog, IDCANCEL);
     });
     EXPECT_EQ(IDCANCEL, result);
     EXPECT_TRUE(before == record);

@@ -3,7 +3,6 @@
 #include <oleacc.h>
 
 #include <map>
-#include <memory>
 
 #include "tests/dialogs/GridDialog.h"
 

@@ -1,6 +1,5 @@
 // The settings of the model, as a host calls for them: what the user is refused, and what comes into the model and the
 // host's journal. How the windows look is in the golden text; the arithmetic is tested natively.
-#include <functional>
 
 #include "driver/GridDriver.h"
 #include "resources/grid.ids.h"

@@ -1,5 +1,4 @@
 // The password dialog: what the operator types is what the record holds, and nothing of it stays behind.
-#include "driver/Clipboard.h"
 #include "driver/GridDriver.h"
 #include "entry/host/FixedText.h"
 #include "resources/catia/KrDxfPass.ids.h"

@@ -1,8 +1,6 @@
 // Nothing of a password stays in the memory of the host program. All of its pages are searched, for UTF-16 and for code
 // page 932. This program knows its passwords by their numbers alone: a character is made when it is typed or sought.
-#include <functional>
 #include <set>
-#include <vector>
 
 #include "driver/Clipboard.h"
 #include "resources/catia/KrDxfPass.ids.h"

@@ -1,14 +1,11 @@
 // The conversion tables' files as the editors read and write them: the error list, the boxes, and that no table is
 // lost.
-#include <functional>
-#include <memory>
 
 #include "dxfin_tables/KrDxfInTbl_IO.h"
 #include "dxfout_tables/KrDxfOutTbl_IO.h"
-#include "entry/host/ParamBlocks.h"
 #include "tables/FileBeside.h"
 #include "tables/FileReplace.h"
-#include "tests/dialogs/TestHost.h"
+#include "tests/dialogs/CommandHost.h"
 #include "text/SlotText.h"
 
 namespace fs = std::filesystem;
@@ -24,7 +21,7 @@ struct Table {
     std::function<bool()> write;
 };
 
-class TableIoTest : public TestHost {
+class TableIoTest : public CommandHost {
   protected:
     TableIoTest() {
         fs::create_directories(home / L"DXF\\TABLE");
@@ -45,13 +42,9 @@ class TableIoTest : public TestHost {
     template <class Call>
     void ExpectBox(const std::wstring& caption, const std::wstring& text, UINT icon, Call call) {
         drive::Drive(call, [&] {
-            const drive::Box box = drive::ReadBox();
-            EXPECT_EQ(caption, box.caption);
-            EXPECT_EQ(text, box.text);
-            EXPECT_EQ(icon, box.icon);
-            EXPECT_EQ(std::vector<int>{IDOK}, box.buttons);
+            drive::Settle();
             EXPECT_FALSE(IsWindowEnabled(owner));
-            drive::Answer(box, IDOK);
+            Expect(caption, text, icon, IDOK);
         });
     }
     static void ExpectNoBox(const std::function<void()>& call) {
@@ -69,14 +62,10 @@ class TableIoTest : public TestHost {
     void ExpectQuestion(const Table& table, int answer) {
         const std::string before = Bytes(table.file);
         const bool written = drive::Drive(table.write, [&] {
-            const drive::Box box = drive::ReadBox();
-            EXPECT_EQ(table.caption, box.caption);
-            EXPECT_EQ(Full(table.file) + L"\n\nこのファイルは、開いた後に他で変更されています。\n上書きしますか。",
-                      box.text);
-            EXPECT_EQ(MB_ICONWARNING, box.icon);
-            EXPECT_EQ((std::vector<int>{IDYES, IDNO}), box.buttons);
-            EXPECT_EQ(IDNO, box.defaultButton);
-            drive::Answer(box, answer);
+            EXPECT_EQ(IDNO, drive::ReadBox().defaultButton);
+            Expect(table.caption,
+                   Full(table.file) + L"\n\nこのファイルは、開いた後に他で変更されています。\n上書きしますか。",
+                   MB_ICONWARNING, answer);
         });
         EXPECT_EQ(answer == IDYES, written);
         EXPECT_EQ(answer == IDYES, Bytes(table.file) != before);

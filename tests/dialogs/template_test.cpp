@@ -2,8 +2,6 @@
 // the Tab key follow the eye? Each is made into a window that stays hidden.
 #include <algorithm>
 #include <set>
-#include <utility>
-#include <vector>
 
 #include "tests/dialogs/TestHost.h"
 

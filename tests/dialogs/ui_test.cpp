@@ -4,7 +4,6 @@
 
 #include "tests/dialogs/TestHost.h"
 #include "text/TextFormat.h"
-#include "ui/Dialog.h"
 #include "ui/MessageBoxes.h"
 #include "ui/RadioGroup.h"
 #include "ui/Text.h"

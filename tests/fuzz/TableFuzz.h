@@ -3,12 +3,9 @@
 // is written.
 #pragma once
 
-#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-#include <string>
-#include <string_view>
 
 #include "tests/native/TableKinds.h"
 #include "text/SlotText.h"

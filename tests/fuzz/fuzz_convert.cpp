@@ -7,6 +7,7 @@
 #include "entry/host/kirodxf.h"
 #include "hostlayer/kiromdl/ModelStore.h"
 #include "tests/fuzz/DxfReading.h"
+#include "tests/native/TableKinds.h"
 
 namespace {
 
@@ -23,23 +24,18 @@ struct Sink final : ByteSink {
 // In place of the system's: every byte is a character.
 std::string Same(std::string_view text) { return std::string(text); }
 
-struct NoListing final : ListingSink {
-    void Write(std::string_view) override {}
-};
-
 struct Tables {
     DxfInLayerTable inLayers;
     DxfInLineTable inLines;
     DxfOutLayerTable outLayers;
     DxfOutLineTable outLines;
     Tables() {
-        NoListing sink;
-        TableListing listing(sink);
-        ParseDxfInLayerTable("LAYER A = 256\nLAYER-REVISION A = 1\nCOLOR-CLASS 256 = 9\n", inLayers, listing,
-                             [](int, std::int16_t* r, std::int16_t* g, std::int16_t* b) { *r = *g = *b = 0; });
-        ParseDxfInLineTable("LINE-TYPE A = 63,16\nWIDTH 0, 1 = 16\nLINE-WIDTH 2.11 = 16\n", inLines, listing);
-        ParseDxfOutLayerTable("CLASS 256 = \x83\x5C\nPICTURE 257 = F\nCOLOR 256 = 255\n", outLayers, listing);
-        ParseDxfOutLineTable("LINE-FONT1 63 = A\nLINE-FONT2 16 = 2,3\nPITCH-A = 1,-1\n", outLines, listing, sink);
+        ListingText text;
+        TableListing listing(text);
+        Parse("LAYER A = 256\nLAYER-REVISION A = 1\nCOLOR-CLASS 256 = 9\n", inLayers, listing);
+        Parse("LINE-TYPE A = 63,16\nWIDTH 0, 1 = 16\nLINE-WIDTH 2.11 = 16\n", inLines, listing);
+        Parse("CLASS 256 = \x83\x5C\nPICTURE 257 = F\nCOLOR 256 = 255\n", outLayers, listing);
+        Parse("LINE-FONT1 63 = A\nLINE-FONT2 16 = 2,3\nPITCH-A = 1,-1\n", outLines, listing);
     }
 };
 

@@ -1,9 +1,6 @@
 // The version line of a file of any bytes, read as DXF and as DWG through the host's own functions; only the files
 // themselves are this program's, in memory.
-#include <algorithm>
 #include <cstdint>
-#include <cstring>
-#include <string>
 
 #include "dxfin/DrawingVersion.h"
 #include "entry/host/kirobc.h"

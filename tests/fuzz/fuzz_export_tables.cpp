@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
-#include <utility>
 
 #include "tests/fuzz/TableFuzz.h"
 

@@ -1,5 +1,4 @@
 // The names that a drawing uses: whatever the bytes are, in pieces of any sizes, of one drawing and of a second one.
-#include <algorithm>
 #include <cstdint>
 
 #include "drawing/UsedNames.h"

@@ -1,14 +1,11 @@
-#include <gtest/gtest.h>
-
 #include <fstream>
 #include <functional>
-#include <memory>
 
 #include "convert/Convert.h"
 #include "drawing/DrawingPairs.h"
 #include "entry/host/kirodxf.h"
+#include "tests/DrawingText.h"
 #include "tests/fuzz/DxfReading.h"
-#include "tests/native/DrawingText.h"
 #include "tests/native/TableTest.h"
 #include "tools/cli/Text.h"
 

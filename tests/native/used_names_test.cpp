@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/DrawingText.h"
 #include "tests/fuzz/DxfReading.h"
-#include "tests/native/DrawingText.h"
 
 using namespace drawing;
 

@@ -1,14 +1,12 @@
 // Runs kirotable, as a user does, in a folder of its own.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>
-#include <string>
 #include <utility>
 
 #ifdef _WIN32
@@ -20,6 +18,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 #endif
+
+#include "tests/DrawingText.h"
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
@@ -401,18 +401,10 @@ TEST_F(KiroTable, WildcardsAndTheStandardInput) {
 #endif
 }
 
-// "0 LINE/8 A" as the pairs of a text file, in a section of items.
-std::string Drawing(const std::string& items, const std::string& tables = "", const std::string& version = "AC1015") {
-    std::string all = "0/SECTION/2/HEADER/9/$ACADVER/1/" + version + "/0/ENDSEC/0/SECTION/2/TABLES/" + tables +
-                      "0/ENDSEC/0/SECTION/2/ENTITIES/" + items + "0/ENDSEC/0/EOF/";
-    std::replace(all.begin(), all.end(), '/', '\n');
-    return all;
-}
-
 TEST_F(KiroTable, CoverageHoldsATableAgainstDrawings) {
     const std::string wall = "\x95\xC7";  // 壁 in code page 932
-    Write("a.dxf", Drawing("0/LINE/8/" + wall + "/0/LINE/8/my wall/0/LINE/8/X/0/LINE/8/X/0/LINE/8/OTHER/"));
-    Write("b.dxf", Drawing("0/LINE/8/壁/0/LINE/8/caf\u00E9/", "", "AC1027"));
+    Write("a.dxf", Drawing("", "0 LINE/8 " + wall + "/0 LINE/8 my wall/0 LINE/8 X/0 LINE/8 X/0 LINE/8 OTHER"));
+    Write("b.dxf", Drawing("", "0 LINE/8 壁/0 LINE/8 caf\u00E9", "", "AC1027"));
     Write("DXFKIRO_LAYER", "LAYER MyWall = 3\n/\nLAYER OTHER = 9\nLAYER " + wall + " = 5\nLAYER none = 6\n");
     const Outcome text = Tool("coverage DXFKIRO_LAYER \"*.dxf\"");
     EXPECT_EQ(text.status, 1);
@@ -439,8 +431,8 @@ TEST_F(KiroTable, CoverageHoldsATableAgainstDrawings) {
     ExpectOutput("coverage DXFKIRO_LAYER a.dxf", "壁  layerRevision = 7 (3 行目)\n");
 
     const std::string tables =
-        "0/DIMSTYLE/2/D/342/1/0/BLOCK_RECORD/5/1/2/_Dot/0/BLOCK_RECORD/5/2/2/MINE/0/DIMSTYLE/2/E/342/2/";
-    Write("c.dxf", Drawing("0/TEXT/8/0/6/DASHED/0/DIMENSION/8/0/3/D/0/DIMENSION/8/0/3/E/", tables));
+        "0 DIMSTYLE/2 D/342 1/0 BLOCK_RECORD/5 1/2 _Dot/0 BLOCK_RECORD/5 2/2 MINE/0 DIMSTYLE/2 E/342 2";
+    Write("c.dxf", Drawing(tables, "0 TEXT/8 0/6 DASHED/0 DIMENSION/8 0/3 D/0 DIMENSION/8 0/3 E"));
     Write("DXFKIRO_ARROW", "ARROW _DOT = 12, 0, 300\n");
     const std::string arrows = Tool("coverage DXFKIRO_ARROW c.dxf").out;
     EXPECT_TRUE(Has(arrows, "_Dot  arrowMark = 12, ") && Has(arrows, "MINE  OTHER: arrowMark = 1, ") &&
@@ -451,7 +443,7 @@ TEST_F(KiroTable, CoverageHoldsATableAgainstDrawings) {
     Write("DXFKIRO_LINE", "LINE-TYPE A = 1,1\n");
     ExpectOutput("coverage DXFKIRO_LINE c.dxf", "[割当てのない名前]\n         2  CONTINUOUS\n");
 
-    Write("bad.dxf", Drawing("0/LINE/").substr(0, 50));
+    Write("bad.dxf", Drawing("", "0 LINE").substr(0, 50));
     ExpectFailure("coverage DXFKIRO_LAYER a.dxf bad.dxf", 2, "bad.dxf: ファイルが途中で終わっています。");
     EXPECT_EQ(Bytes("run.out"), "");
     ExpectFailure("coverage KIRODXF_LAYER a.dxf --kind dxfout-layer --name x", 2, "ファイルがありません");
@@ -461,9 +453,10 @@ TEST_F(KiroTable, CoverageHoldsATableAgainstDrawings) {
 
 TEST_F(KiroTable, CollectAddsTheNamesThatATableLacks) {
     const std::string name(60, 'y');  // too long for a revision
-    Write("a.dxf", Drawing("0/LINE/8/" + name +
-                           "/0/LINE/8/RARE/0/LINE/8/my wall/0/LINE/8/My Wall/0/LINE/8/MYWALL/0/LINE/8/A=B/0/LINE/8/" +
-                           std::string(69, 'x') + "/0/LINE/8/HAD/6/DASHED/0/LINE/8/HAD/6/DASHDOT/"));
+    Write("a.dxf",
+          Drawing("", "0 LINE/8 " + name +
+                          "/0 LINE/8 RARE/0 LINE/8 my wall/0 LINE/8 My Wall/0 LINE/8 MYWALL/0 LINE/8 A=B/0 LINE/8 " +
+                          std::string(69, 'x') + "/0 LINE/8 HAD/6 DASHED/0 LINE/8 HAD/6 DASHDOT"));
     ExpectFailure("collect a.dxf -o DXFKIRO_LAYER", 1,
                   "A=B: テーブルに書けない文字があります\nkirotable: " + std::string(69, 'x') + ": 長すぎます");
     const std::string table = Bytes("DXFKIRO_LAYER");
@@ -492,13 +485,13 @@ TEST_F(KiroTable, CollectAddsTheNamesThatATableLacks) {
     EXPECT_EQ(Tool("collect a.dxf --into DXFKIRO_LINE").status, 2);
     EXPECT_EQ(Bytes("DXFKIRO_LINE"), "x\n");
 
-    Write("b.dxf", Drawing("0/TEXT/7/ROMAN/0/DIMENSION/3/D/", "0/DIMSTYLE/2/D/5/_DOT/", "AC1009"));
+    Write("b.dxf", Drawing("0 DIMSTYLE/2 D/5 _DOT", "0 TEXT/7 ROMAN/0 DIMENSION/3 D", "", "AC1009"));
     ExpectOutput("collect b.dxf --kind dxfin-style -o -",
                  "DIM_2TO1 = OFF\r\nSTYLE = ROMAN, 1.1875, 0, 1, 0.2, 1.4, 1, 1, 0.95, 0.75\r\n/\r\n");
     ExpectOutput("collect b.dxf --kind dxfin-arrow -o -", "\r\nARROW _DOT =    2,   0,  300\r\n/\r\n");
     std::string many;
-    for (int i = 0; i < 300; ++i) many += "0/LINE/6/T" + std::to_string(i) + "/";
-    Write("b.dxf", Drawing(many));
+    for (int i = 0; i < 300; ++i) many += "0 LINE/6 T" + std::to_string(i) + "/";
+    Write("b.dxf", Drawing("", many));
     const Outcome full = Tool("collect b.dxf -o DXFKIRO_LINE.full");
     EXPECT_EQ(full.status, 1);
     EXPECT_TRUE(Has(full.error, "テーブルに入りきりません") && Has(full.out, "252 件")) << full.out;

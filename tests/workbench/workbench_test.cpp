@@ -3,10 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <set>
 #include <utility>
-#include <vector>
 
 #include "HostCalls.h"
 #include "WorkbenchMenu.h"
