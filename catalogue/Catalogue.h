@@ -30,11 +30,10 @@ struct DialogFigures {
     int leakTimes;     // how often it is opened in search of what it leaves behind
 };
 constexpr DialogFigures kSimple{1.2, 100, 1000};
-constexpr DialogFigures kSlower{1.4, 50, 200};  // many controls, or a file that is read
-constexpr DialogFigures kForms{1.2, 100, 200};  // long lists and many fields, but nothing to read
-// The bare grid has its columns, rows and look, but no guidance line, marks or current cell.
-constexpr DialogFigures kHasGrid{1.4, 30, 200};
-constexpr DialogFigures kLooksAround{1.6, 30, 200};  // a grid of what folders have, or that is compared with it
+constexpr DialogFigures kForms{1.2, 100, 200};       // long lists and many fields
+constexpr DialogFigures kHasGrid{1.2, 50, 200};      // the bare grid has its columns, rows and look
+constexpr DialogFigures kReadsFile{1.4, 50, 200};    // of a megabyte in memory
+constexpr DialogFigures kLooksAround{1.6, 50, 200};  // asks for each of its files whether it is there
 
 struct CatalogueDialog {
     const char* name;
