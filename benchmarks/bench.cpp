@@ -232,9 +232,11 @@ int main(int argc, char** argv) {
             kept = bench.Size();
             kept = bench.VersionLine() && kept;
         }
-        kept = bench.Dialogs(times, only) && kept;
+        // First: when tens of thousands of windows have been there, Wine tells a dialog of itself by another number,
+        // and the mouse is over none.
         if (only.empty() || only == "explanations")
             kept = bench.LeaksOfExplanations(times ? times : kExplanations) && kept;
+        kept = bench.Dialogs(times, only) && kept;
         if (only.empty() || only == "full") kept = bench.FullModel(times) && kept;
         std::printf("%s\n", kept ? "every figure is kept" : "a figure is missed");
         return kept ? 0 : 1;
