@@ -32,7 +32,7 @@ struct DialogFigures {
 constexpr DialogFigures kSimple{1.2, 100, 1000};
 constexpr DialogFigures kForms{1.2, 100, 200};       // long lists and many fields
 constexpr DialogFigures kHasGrid{1.2, 50, 200};      // the bare grid has its columns, rows and look
-constexpr DialogFigures kReadsFile{1.4, 50, 200};    // of a megabyte in memory
+constexpr DialogFigures kReadsFile{1.4, 50, 200};    // a table that takes a megabyte of memory
 constexpr DialogFigures kLooksAround{1.6, 50, 200};  // asks for each of its files whether it is there
 
 struct CatalogueDialog {

@@ -1,5 +1,5 @@
-# What nearly every file includes is parsed once per kind of target. Sources include what they use all
-# the same: with -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON (which a compiler cache wants) nothing of this is seen.
+# What nearly every file includes is parsed once per kind of target. Sources do not count on it: with
+# -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON (which a compiler cache wants) nothing of this is seen.
 set(KIRO_COMMON_HEADERS <algorithm> <array> <cstdint> <filesystem> <fstream> <functional> <map>
     <memory> <optional> <ranges> <string> <string_view> <utility> <vector>)
 if(WIN32)
